@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/JobOptions.h"
+
+namespace cardpanels::host {
+
+/// A print queue, and the instance of it that names a set of saved options.
+struct QueueName {
+  std::string queue;
+  std::string instance;  // empty for none
+
+  /// Reads `QUEUE` or `QUEUE/INSTANCE`.
+  static QueueName parse(const std::string& text);
+  std::string text() const;
+};
+
+/// What a queue of the print server offers to a job.
+struct Queue {
+  QueueName name;
+  /// The user's and the administrator's saved options that the queue's PPD knows of.
+  std::vector<Option> savedOptions;
+  PPDFile ppd;
+};
+
+/// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default
+/// queue when its queue is empty. Waits `seconds` at most for each answer. Throws `Error` with the
+/// queue's or the server's name.
+Queue openQueue(const QueueName& name, int seconds = 10);
+
+/// Sends `files` with `options` as one job and answers its id. Throws `Error` as `openQueue` does,
+/// and for a file that cannot be read; then nothing is printed.
+int submitJob(const QueueName& name, const std::string& title,
+              const std::vector<std::string>& files, const std::vector<Option>& options,
+              int seconds = 10);
+
+/// `options` as arguments of `lp`, quoted for the shell and, inside that, for CUPS: for example
+/// `-o cardLaminate=Front -o 'frontResinInclude1="Custom.1in 1in 2in 2in"'`.
+std::string lpArguments(const std::vector<Option>& options);
+
+/// Saves `options` under the queue's instance in the user's own settings, as `lpoptions` does,
+/// without disturbing other saved options.
+void saveOptions(const QueueName& name, const std::vector<Option>& options);
+
+}  // namespace cardpanels::host

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "panels/OptionSlots.h"
+#include "platform/Bundle.h"
+#include "platform/CallbackObject.h"
+#include "platform/NibOwner.h"
+#include "platform/PopUpButton.h"
+#include "platform/PrintPanel.h"
+#include "ppd/PDEChoice.h"
+
+namespace cardpanels {
+
+/// The thermal laminate panel: one pop-up for the option `cardLaminate`.
+class ThermalLaminatePDE final : public platform::PrintPanel,
+                                 public platform::NibOwner,
+                                 public std::enable_shared_from_this<ThermalLaminatePDE> {
+ public:
+  /// A new panel, nothing when the host's PPD lacks the option.
+  static std::shared_ptr<ThermalLaminatePDE> initWithCallback_andBundle(
+      const std::shared_ptr<platform::CallbackObject>& callback,
+      const std::shared_ptr<platform::Bundle>& bundle);
+
+  std::shared_ptr<platform::View> panelView() override;
+  platform::Text panelName() override;
+  platform::Text panelKind() override;
+  std::shared_ptr<platform::StringArray> supportedPPDOptionKeys() override;
+  void willShow() override;
+  bool shouldHide() override;
+  bool shouldShowHelp() override { return true; }
+  void PPDOptionKeyValueDidChange_ppdChoice(const platform::Text& key,
+                                            const platform::Text& choice) override;
+  bool restoreValuesAndReturnError(platform::Text* error) override;
+  bool saveValuesAndReturnError(platform::Text* error) override;
+  void updateMarkedSelections() override;
+  void updateUI() override;
+  std::int64_t indexOfMarkedOption_forKey(ppd_option_t* option, const char* key);
+  void setViewTitleByTag_fromOptions(std::int64_t tag, ppd_option_t* option);
+  void initializeUI() override;
+  std::shared_ptr<platform::Dictionary> summaryInfo() override;
+  std::shared_ptr<PDEChoice> selectionForPopUp_withKey(
+      const std::shared_ptr<platform::PopUpButton>& popUp, const platform::Text& key);
+  void changeFrontLaminateOption(const std::shared_ptr<platform::Object>& sender);
+
+  // The way to keep settings before hosts kept the marks; empty in every panel.
+  void getNonPPDSettingsFromPrintSettings() {}
+  void writeNonPPDSettingsToPrintSettings() {}
+  ppd_file_t* getPPDOnTiger() { return nullptr; }
+  void getPPDSettingsFromPrintSettingsOnTiger() {}
+  void writePPDSettingsToPrintSettingsOnTiger() {}
+
+  std::string className() const override { return "ThermalLaminatePDE"; }
+  std::span<const platform::Outlet> outlets() const override;
+  std::span<const platform::Action> actions() const override;
+
+  // State, open to the mechanisms that the panels share; nobody outside sees this class.
+  std::shared_ptr<platform::CallbackObject> pdePluginCallbackObject;
+  platform::Text thePDEName;
+  std::shared_ptr<platform::Bundle> pluginBundle;
+  std::shared_ptr<platform::View> pdeView;
+  std::shared_ptr<platform::PopUpButton> frontLaminatePopUp;
+  bool useConstraintHandling = false;
+  bool hasInited = false;
+  ppd_file_t* ppd = nullptr;
+  std::shared_ptr<platform::StringArray> supportedOptions;
+  std::shared_ptr<ChoiceArray> frontLaminateChoices;
+  ppd_option_t* frontLaminateOption = nullptr;
+  std::shared_ptr<PDEChoice> frontLaminateSelection;
+
+ private:
+  ThermalLaminatePDE() = default;
+
+  static const std::array<OptionSlot<ThermalLaminatePDE>, 1> kSlots;
+};
+
+}  // namespace cardpanels

@@ -1,0 +1,137 @@
+#include "platform/Log.h"
+
+#include <sys/uio.h>
+#include <syslog.h>
+#include <systemd/sd-journal.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <utility>
+
+namespace cardpanels::platform {
+namespace {
+
+class SyslogSink final : public LogSink {
+ public:
+  void writeLine(std::string_view line) override {
+    syslog(LOG_USER | LOG_INFO, "%.*s", static_cast<int>(line.size()), line.data());
+  }
+};
+
+class JournalSink final : public LogSink {
+ public:
+  void writeLine(std::string_view line) override {
+    field_.assign("MESSAGE=").append(line);
+    std::array<iovec, 3> fields{entry(field_), entry(priority_), entry(identifier_)};
+    sd_journal_sendv(fields.data(), static_cast<int>(fields.size()));
+  }
+
+ private:
+  static iovec entry(std::string& text) { return {text.data(), text.size()}; }
+
+  std::string field_;
+  std::string priority_ = "PRIORITY=6";
+  std::string identifier_ = std::string("SYSLOG_IDENTIFIER=") + program_invocation_short_name;
+};
+
+class FileDescriptorSink final : public LogSink {
+ public:
+  explicit FileDescriptorSink(int descriptor)
+      : descriptor_(descriptor),
+        process_(std::string(" ") + program_invocation_short_name + "[" + std::to_string(getpid()) +
+                 "] ") {}
+
+  void writeLine(std::string_view line) override {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+    line_.assign(secondText(milliseconds / 1000));
+    const auto fraction = static_cast<int>(milliseconds % 1000);
+    line_ += '.';
+    for (const int unit : {100, 10, 1}) line_ += static_cast<char>('0' + fraction / unit % 10);
+    line_.append(process_).append(line).append(1, '\n');
+    writeAll(line_);
+  }
+
+ private:
+  /// The local time of `second`, worked out once a second.
+  const std::string& secondText(std::time_t second) {
+    if (second != second_) {
+      std::tm local{};
+      localtime_r(&second, &local);
+      std::array<char, sizeof "2026-11-21 05:08:21+margin"> text{};
+      const auto length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local);
+      secondText_.assign(text.data(), length);
+      second_ = second;
+    }
+    return secondText_;
+  }
+
+  void writeAll(std::string_view bytes) const {
+    while (!bytes.empty()) {
+      const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+      if (written < 0 && errno == EINTR) continue;
+      if (written <= 0) return;  // a log that cannot be written stops nothing
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+  }
+
+  int descriptor_;
+  std::string process_;
+  std::time_t second_ = -1;
+  std::string secondText_;
+  std::string line_;
+};
+
+struct Log {
+  std::shared_ptr<LogSink> installed;  // empty: the system log
+  std::shared_ptr<LogSink> system;
+  std::shared_ptr<LogSink> standardError;
+
+  void writeLine(std::string_view line) {
+    if (installed) {
+      const auto sink = installed;  // it may replace itself
+      sink->writeLine(line);
+      return;
+    }
+    if (!system) system = systemLogSink();
+    system->writeLine(line);
+    if (standardError) standardError->writeLine(line);
+  }
+};
+
+Log& theLog() {
+  // Never destroyed: a panel that dies with the process may still log.
+  static Log& log = *new Log;
+  return log;
+}
+
+}  // namespace
+
+LogSink::~LogSink() = default;
+
+void NSLogv(std::string_view format, std::span<const Argument> arguments) {
+  theLog().writeLine(onOneLine(formatted(format, arguments)));
+}
+
+std::shared_ptr<LogSink> setLogSink(std::shared_ptr<LogSink> sink) {
+  return std::exchange(theLog().installed, std::move(sink));
+}
+
+void setTraceToStandardError(bool on) {
+  theLog().standardError = on ? fileDescriptorSink(STDERR_FILENO) : nullptr;
+}
+
+std::shared_ptr<LogSink> fileDescriptorSink(int descriptor) {
+  return std::make_shared<FileDescriptorSink>(descriptor);
+}
+
+std::shared_ptr<LogSink> systemLogSink() {
+  if (access("/run/systemd/journal/socket", W_OK) == 0) return std::make_shared<JournalSink>();
+  return std::make_shared<SyslogSink>();
+}
+
+}  // namespace cardpanels::platform

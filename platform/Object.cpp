@@ -1,0 +1,13 @@
+#include "platform/Object.h"
+
+#include "platform/Format.h"
+
+namespace cardpanels::platform {
+
+Object::~Object() = default;
+
+std::string Object::description() const {
+  return "<" + className() + ": " + addressText(this) + ">";
+}
+
+}  // namespace cardpanels::platform

@@ -1,0 +1,75 @@
+#include "plugin/ORBPDEPlugIn.h"
+
+#include <cups/ppd.h>
+
+#include "panels/ThermalLaminatePDE.h"
+#include "plugin/PDELogging.h"
+
+namespace cardpanels {
+
+using platform::Text;
+
+namespace {
+
+const std::string kPrinterModuleTypeIDStr = platform::kPrinterModuleType;
+
+using Callback = std::shared_ptr<platform::CallbackObject>;
+using PlugInBundle = std::shared_ptr<platform::Bundle>;
+
+template <class Panel>
+std::shared_ptr<platform::PrintPanel> create(const Callback& callback, const PlugInBundle& bundle) {
+  return Panel::initWithCallback_andBundle(callback, bundle);
+}
+
+/// The panels in the order in which the dialog shows them.
+constexpr struct {
+  std::shared_ptr<platform::PrintPanel> (*create)(const Callback&, const PlugInBundle&);
+  const char* created;
+} kPanels[] = {
+    {create<ThermalLaminatePDE>,
+     "Creating PDE of type kPrinterModuleTypeIDStr(%@) ThermalLaminatePDE (%p)"},
+};
+
+void logModel(const ORBPDEPlugIn* self, ppd_file_t* ppd) {
+  if (ppd == nullptr) {
+    _PDELog(self, "PPD: nil");
+    return;
+  }
+  const ppd_attr_t* attribute = ppdFindAttr(ppd, "cupsModelNumber", nullptr);
+  if (attribute == nullptr) {
+    _PDELog(self, "ATTR: nil");
+    return;
+  }
+  _PDELog(self, "ATTR: [%s][%s][%s][%s]", &attribute->name[0], &attribute->spec[0],
+          &attribute->text[0], attribute->value != nullptr ? attribute->value : "NULL");
+}
+
+}  // namespace
+
+bool ORBPDEPlugIn::initWithBundle(const std::shared_ptr<platform::Bundle>& bundle) {
+  _PDEProlog(this, "initWithBundle:(%@, %p)", bundle, bundle);
+  pluginBundle = bundle;
+  _PDEEpilog(this, "initWithBundle:=BOOL(YES)");
+  return true;
+}
+
+std::shared_ptr<platform::PanelArray> ORBPDEPlugIn::PDEPanelsForType_withHostInfo(
+    const Text& type, const std::shared_ptr<platform::CallbackObject>& info) {
+  _PDEProlog(this, "PDEPanelsForType:(%@) withHostInfo:(%@)", type, info);
+  PDEs = std::make_shared<platform::PanelArray>(5);
+  if (type == kPrinterModuleTypeIDStr) {
+    logModel(this, info ? info->ppdFile() : nullptr);
+    for (const auto& panel : kPanels) {
+      const auto created = panel.create(info, pluginBundle);
+      _PDELog(this, panel.created, kPrinterModuleTypeIDStr, created);
+      if (created) PDEs->append(created);
+    }
+    if (PDEs->empty()) PDEs.reset();
+  }
+  _PDEEpilog(this, "PDEPanelsForType:withHostInfo:=NSArray(%@)", PDEs);
+  return PDEs;
+}
+
+}  // namespace cardpanels
+
+cardpanels::platform::PlugIn* cardpanelsCreatePlugIn() { return new cardpanels::ORBPDEPlugIn; }
