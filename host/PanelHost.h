@@ -1,12 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "host/HostCallback.h"
 #include "host/JobOptions.h"
 #include "platform/Bundle.h"
-#include "platform/CallbackObject.h"
 #include "platform/Dictionary.h"
 #include "platform/PlugIn.h"
 #include "platform/PrintPanel.h"
@@ -24,55 +25,71 @@ class PanelObserver {
   /// Marks have changed: re-read summaries and values.
   virtual void optionsChanged() = 0;
 
-  /// The user is to be told `message`; empty: what was told last no longer holds.
+  /// The user is to be told `message`, in place of what was told last; empty: nothing any more.
   virtual void tell(const std::string& message) = 0;
 };
 
 /// Drives a plug-in's panels through their life over one job's options.
 class PanelHost {
  public:
-  /// Loads the plug-in of the bundle in folder `path`, hands it `bundle`, and makes the panels for
-  /// `job`, which must outlive this. Throws `Error` when the bundle cannot be loaded. A printer
-  /// without panels is no error.
+  using Panel = std::shared_ptr<platform::PrintPanel>;
+
+  /// Loads the plug-in of the bundle in folder `path`, hands it `bundle`, makes the panels for
+  /// `job`, which must outlive this, and lets them restore their values. Throws `Error` when the
+  /// plug-in cannot be loaded. A printer without panels is no error.
   PanelHost(const std::string& path, std::shared_ptr<platform::Bundle> bundle, JobOptions& job);
   ~PanelHost();
   PanelHost(const PanelHost&) = delete;
   PanelHost& operator=(const PanelHost&) = delete;
 
-  /// The observer, which the caller owns; null for none.
-  void setObserver(PanelObserver* observer);
+  /// Who learns of changes, null for nobody. The observer stays the caller's.
+  void setObserver(PanelObserver* observer) { observer_ = observer; }
 
-  /// The panels in the order to show them. They have been restored.
-  const std::vector<std::shared_ptr<platform::PrintPanel>>& panels() const;
+  /// The panels in the order to show them.
+  const std::vector<Panel>& panels() const { return panels_; }
 
-  /// The panel's view, loaded when it is not; throws `Error` with the file and id that fail.
-  std::shared_ptr<platform::View> view(platform::PrintPanel& panel);
+  /// The panel's view, loaded when it is not. Throws `Error` with the file and id that fail.
+  std::shared_ptr<platform::View> view(const Panel& panel);
 
   /// The panel's page is about to appear.
-  void show(platform::PrintPanel& panel);
+  void show(const Panel& panel);
+
   /// The panel's page is about to go.
-  void hide(platform::PrintPanel& panel);
-  /// Stores what the user has typed in this panel.
-  void storeTyped(platform::PrintPanel& panel);
-  /// The user pressed Print: `shouldPrint` where a panel offers it, then `saveValues` for all.
+  void hide(const Panel& panel);
+
+  /// Stores what the user has typed into the panel's fields.
+  void storeTyped(const Panel& panel);
+
+  /// The user pressed Print: panels that want to know of it are told, then all save their values.
+  /// Throws `Error` as `view` does.
   void print();
 
-  /// A change that the dialog or the user's command line asks for, told to every panel and shown.
+  /// A change that the dialog or the command line asks for; panels are told and follow.
   ChangeResult change(const std::string& key, const std::string& choice);
 
-  /// The summary entries of a panel.
-  std::shared_ptr<platform::Dictionary> summary(platform::PrintPanel& panel) const;
+  /// The panel's summary, a new dictionary a call.
+  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const;
 
-  /// The keywords that the panels claim; the dialog does not show these a second time.
-  std::vector<std::string> claimedKeys() const;
+  /// The keywords that panels claim; a dialog does not offer these options a second time.
+  const std::set<std::string>& claimedKeys() const { return claimedKeys_; }
 
  private:
-  class Impl;
-  std::unique_ptr<Impl> impl_;
-};
+  class Telling;
 
-/// The bundle's folder: `CARDPANELS_BUNDLE` in the environment, else `../lib/cardpanels.bundle`
-/// seen from the running program's folder.
-std::string defaultBundlePath();
+  void requested(const ChangeResult& result);
+  void prepare(const Panel& panel);
+  void deliverLongValues(const Panel& panel);
+
+  JobOptions& job_;
+  std::shared_ptr<platform::Bundle> bundle_;
+  std::shared_ptr<ConstrainingHostCallback> callback_;
+  std::shared_ptr<platform::PlugIn> plugIn_;
+  std::vector<Panel> panels_;
+  std::set<std::string> claimedKeys_;
+  std::set<Panel> ready_;  // those whose controls are filled
+  Panel shown_;
+  PanelObserver* observer_ = nullptr;
+  Telling* telling_ = nullptr;
+};
 
 }  // namespace cardpanels::host

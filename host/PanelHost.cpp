@@ -1,0 +1,155 @@
+#include "host/PanelHost.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/Error.h"
+#include "host/PlugInLibrary.h"
+#include "platform/WillPrint.h"
+
+namespace cardpanels::host {
+
+/// Gathers what one operation has to tell, since a panel may send many requests in a row, and tells
+/// the observer once, at the operation's end.
+class PanelHost::Telling {
+ public:
+  explicit Telling(PanelHost& host) : host_(host), outer_(std::exchange(host.telling_, this)) {}
+  Telling(const Telling&) = delete;
+  Telling& operator=(const Telling&) = delete;
+
+  ~Telling() {
+    host_.telling_ = outer_;
+    if (outer_ != nullptr) {
+      outer_->requests_ += requests_;
+      for (const std::string& message : messages_) outer_->add(message);
+      return;
+    }
+    if (requests_ == 0 || host_.observer_ == nullptr) return;
+    std::string text;
+    for (const std::string& message : messages_) text += (text.empty() ? "" : "\n") + message;
+    host_.observer_->tell(text);
+    host_.observer_->optionsChanged();
+  }
+
+  void note(const ChangeResult& result) {
+    ++requests_;
+    add(result.message);
+  }
+
+ private:
+  void add(const std::string& message) {
+    const bool known = std::find(messages_.begin(), messages_.end(), message) != messages_.end();
+    if (!message.empty() && !known) messages_.push_back(message);
+  }
+
+  PanelHost& host_;
+  Telling* outer_;
+  int requests_ = 0;
+  std::vector<std::string> messages_;
+};
+
+PanelHost::PanelHost(const std::string& path, std::shared_ptr<platform::Bundle> bundle,
+                     JobOptions& job)
+    : job_(job),
+      bundle_(std::move(bundle)),
+      callback_(std::make_shared<ConstrainingHostCallback>(job)),
+      plugIn_(loadPlugIn(path)) {
+  plugIn_->initWithBundle(bundle_);
+  callback_->setRequested(
+      [this](const platform::Text&, const platform::Text&, const ChangeResult& result) {
+        requested(result);
+      });
+  const auto made =
+      plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType, callback_);
+  callback_->setPanels(made);
+  if (made) panels_.assign(made->begin(), made->end());
+  for (const Panel& panel : panels_) {
+    const auto keys = panel->supportedPPDOptionKeys();
+    for (const std::string& key : *keys) {
+      if (job_.hasOption(key)) claimedKeys_.insert(key);
+    }
+    panel->restoreValuesAndReturnError(nullptr);
+    deliverLongValues(panel);
+  }
+}
+
+PanelHost::~PanelHost() {
+  callback_->setRequested(nullptr);
+  callback_->setPanels(nullptr);
+}
+
+std::shared_ptr<platform::View> PanelHost::view(const Panel& panel) {
+  auto view = panel->panelView();
+  if (!view) throw Error(bundle_->loadError().value_or("the panel has no view"));
+  return view;
+}
+
+void PanelHost::show(const Panel& panel) {
+  const Telling telling(*this);
+  shown_ = panel;
+  prepare(panel);
+}
+
+/// Fills the panel's controls, or shows the values in them anew.
+void PanelHost::prepare(const Panel& panel) {
+  panel->willShow();
+  // Filling reads all values from the PPD once more.
+  if (ready_.insert(panel).second) deliverLongValues(panel);
+}
+
+/// The PPD's records have no room for these: the panel learns them as changes.
+void PanelHost::deliverLongValues(const Panel& panel) {
+  const auto values = job_.longValues();
+  if (values.empty()) return;
+  for (const Option& value : values) {
+    panel->PPDOptionKeyValueDidChange_ppdChoice(value.key, value.value);
+  }
+  panel->updateUI();
+}
+
+void PanelHost::hide(const Panel& panel) {
+  const Telling telling(*this);
+  panel->shouldHide();
+  if (shown_ == panel) shown_.reset();
+}
+
+void PanelHost::storeTyped(const Panel& panel) {
+  const Telling telling(*this);
+  if (const auto willPrint = std::dynamic_pointer_cast<platform::WillPrint>(panel)) {
+    willPrint->shouldPrint();
+  }
+}
+
+void PanelHost::print() {
+  const Telling telling(*this);
+  for (const Panel& panel : panels_) {
+    // A panel saves what its fields show. One that was never shown would save empty fields over
+    // the job's values.
+    if (ready_.contains(panel)) continue;
+    view(panel);
+    prepare(panel);
+  }
+  for (const Panel& panel : panels_) storeTyped(panel);
+  for (const Panel& panel : panels_) panel->saveValuesAndReturnError(nullptr);
+}
+
+ChangeResult PanelHost::change(const std::string& key, const std::string& choice) {
+  const Telling telling(*this);
+  ChangeResult result = job_.request(key, choice);
+  callback_->tellPanels(result.changes);
+  requested(result);
+  if (shown_) shown_->updateUI();
+  return result;
+}
+
+void PanelHost::requested(const ChangeResult& result) {
+  // Outside an operation of the host, a panel asks because the user changed something.
+  Telling own(*this);
+  own.note(result);
+}
+
+std::shared_ptr<platform::Dictionary> PanelHost::summary(const Panel& panel) const {
+  return panel->summaryInfo();
+}
+
+}  // namespace cardpanels::host

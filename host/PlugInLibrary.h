@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/PlugIn.h"
+
+namespace cardpanels::host {
+
+/// A new plug-in from the bundle in folder `bundle`, which holds it as `cardpanels.so`. Its code
+/// stays loaded for the life of the process. Throws `Error` with the path and the loader's reason.
+std::shared_ptr<platform::PlugIn> loadPlugIn(const std::string& bundle);
+
+/// The bundle's folder: `CARDPANELS_BUNDLE` in the environment, else `../lib/cardpanels.bundle`
+/// seen from the running program's folder.
+std::string defaultBundlePath();
+
+}  // namespace cardpanels::host
