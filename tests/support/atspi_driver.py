@@ -1,0 +1,264 @@
+"""Drives an unmodified GTK program as a user would, through accessibility, on a desktop of its own.
+
+    with Desktop() as desktop:
+        program = desktop.start(["build/bin/cardprint", "--ppd", "card.ppd"])
+        choose(program.find("combo box", "Laminate"), "Front")
+        press(program.find("push button", "Print"))
+        status = program.finish()
+
+One desktop a process: the accessibility client connects once. Needs Xvfb, dbus-daemon,
+at-spi2-core, python3-gi with Atspi, and ImageMagick for pictures.
+"""
+
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402 (the version comes first)
+
+LIMIT_SECONDS = 30
+PASSED_ON = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
+
+
+class NotSeen(AssertionError):
+    """What was waited for did not come."""
+
+
+def wait_for(answer, what, limit=LIMIT_SECONDS):
+    """The first true result of `answer()`, which is asked until `limit` seconds have passed.
+
+    `what` names the thing in the error: a text, or a function that makes one.
+    """
+    end = time.monotonic() + limit
+    while True:
+        while GLib.MainContext.default().iteration(False):
+            pass
+        try:
+            result = answer()
+        except GLib.Error:  # a control went away while it was read
+            result = None
+        if result:
+            return result
+        if time.monotonic() > end:
+            raise NotSeen(what() if callable(what) else what)
+        time.sleep(0.05)
+
+
+def descendants(node):
+    """The node and all below it, in reading order."""
+    node.clear_cache()
+    yield node
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        if child is not None:
+            yield from descendants(child)
+
+
+def is_showing(node):
+    return node.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+def find_now(node, role, name=None):
+    """The first control of that role, and name if given, that shows; None if there is none."""
+    for each in descendants(node):
+        named = name is None or each.get_name() == name
+        if named and each.get_role_name() == role and is_showing(each):
+            return each
+    return None
+
+
+def find(node, role, name=None, limit=LIMIT_SECONDS):
+    """Like `find_now`, but waits for the control to show."""
+    return wait_for(
+        lambda: find_now(node, role, name),
+        lambda: f"no {role} {name!r} in:\n{outline(node)}",
+        limit,
+    )
+
+
+def outline(node, depth=0):
+    """The tree of controls as text, for messages."""
+    try:
+        shown = "" if is_showing(node) else "  (hidden)"
+        text = f"{'  ' * depth}{node.get_role_name()} {node.get_name()!r}{shown}\n"
+        for i in range(node.get_child_count()):
+            child = node.get_child_at_index(i)
+            text += outline(child, depth + 1) if child is not None else ""
+        return text
+    except GLib.Error as error:
+        return f"{'  ' * depth}(gone: {error.message})\n"
+
+
+def press(node):
+    """Does the control's first action: clicks a button, opens a combo box, toggles a check."""
+    if not node.get_action_iface().do_action(0):
+        raise NotSeen(f"{node.get_role_name()} {node.get_name()!r} cannot be pressed")
+
+
+def items(combo):
+    """The texts of a combo box, in order."""
+    return [each.get_name() for each in descendants(combo) if each.get_role_name() == "menu item"]
+
+
+def choose(combo, item):
+    """Opens a combo box and clicks the item of that text."""
+    press(combo)
+    press(find(combo, "menu item", item))
+    wait_for(lambda: chosen(combo) == item, lambda: f"{item!r} was not chosen")
+
+
+def chosen(combo):
+    """The text of the item that a combo box has selected, None without one."""
+    combo.clear_cache()
+    selected = combo.get_selection_iface().get_selected_child(0)
+    return None if selected is None else selected.get_name()
+
+
+def select_row(row):
+    """Selects a row of a list or table, as a click on it does."""
+    container = row.get_parent()
+    container.get_selection_iface().select_child(row.get_index_in_parent())
+
+
+def type_text(field, text):
+    """Replaces the text of a field."""
+    if not field.get_editable_text_iface().set_text_contents(text):
+        raise NotSeen(f"{field.get_name()!r} takes no text")
+
+
+def text_of(node):
+    """What a field or label shows."""
+    node.clear_cache()
+    text = node.get_text_iface()
+    return node.get_name() if text is None else text.get_text(0, text.get_character_count())
+
+
+class Program:
+    """A program on the desktop, found in the accessibility tree by its process id."""
+
+    def __init__(self, process):
+        self._process = process
+
+    @property
+    def root(self):
+        return wait_for(self._root_now, "the program does not show itself")
+
+    def _root_now(self):
+        if self._process.poll() is not None:
+            out, err = self._process.communicate()
+            raise NotSeen(f"the program ended with {self._process.returncode}:\n{out}{err}")
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for i in range(desktop.get_child_count()):
+            each = desktop.get_child_at_index(i)
+            if each is not None and each.get_process_id() == self._process.pid:
+                return each
+        return None
+
+    def find(self, role, name=None, limit=LIMIT_SECONDS):
+        """The program's control of that role and name, once it shows."""
+
+        def look():
+            root = self._root_now()
+            return root and find_now(root, role, name)
+
+        return wait_for(look, lambda: f"no {role} {name!r} in:\n{outline(self.root)}", limit)
+
+    def finish(self, limit=LIMIT_SECONDS):
+        """Waits for the end. Answers exit status, standard output and standard error."""
+        out, err = self._process.communicate(timeout=limit)
+        return self._process.returncode, out, err
+
+
+class Desktop:
+    """A display, a session bus and a home folder, which last as long as the `with` block."""
+
+    def __init__(self, size="1280x1024", language="C.UTF-8"):
+        self._size = size
+        self._started = []
+        self.home = None
+        self.env = {"LANG": language, "PATH": os.environ["PATH"]}
+
+    def __enter__(self):
+        self.home = tempfile.mkdtemp(prefix="desktop-")
+        runtime = os.path.join(self.home, "runtime")
+        os.mkdir(runtime, 0o700)
+        self.env.update({name: os.environ[name] for name in PASSED_ON if name in os.environ})
+        self.env.update(
+            HOME=self.home, XDG_RUNTIME_DIR=runtime, GDK_BACKEND="x11", GSETTINGS_BACKEND="memory"
+        )
+        try:
+            screen = ["-screen", "0", f"{self._size}x24", "-nolisten", "tcp"]
+            self.env["DISPLAY"] = ":" + self._announced(["Xvfb", *screen, "-displayfd"])
+            bus = ["dbus-daemon", "--session", "--nofork", "--print-address"]
+            self.env["DBUS_SESSION_BUS_ADDRESS"] = self._announced(bus)
+            os.environ.pop("WAYLAND_DISPLAY", None)
+            os.environ.update(self.env)
+            Atspi.init()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self._started):
+            if process.poll() is None:
+                os.killpg(process.pid, signal.SIGTERM)
+                try:
+                    process.communicate(timeout=10)
+                except subprocess.TimeoutExpired:
+                    os.killpg(process.pid, signal.SIGKILL)
+                    process.communicate()
+        shutil.rmtree(self.home, ignore_errors=True)
+
+    def start(self, command, **env):
+        """Starts a program on this desktop, with `env` besides the desktop's environment."""
+        process = self._spawn(
+            command, env, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True
+        )
+        return Program(process)
+
+    def picture(self, path, node=None):
+        """Writes a picture of the screen, or of the place of one control, as PNG."""
+        crop = []
+        if node is not None:
+            box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+            crop = ["-crop", f"{box.width}x{box.height}+{box.x}+{box.y}", "+repage"]
+        subprocess.run(["import", "-window", "root", *crop, path], env=self.env, check=True)
+
+    def _spawn(self, command, env=None, **options):
+        process = subprocess.Popen(
+            command,
+            env={**self.env, **(env or {})},
+            stdin=subprocess.DEVNULL,
+            start_new_session=True,
+            **options,
+        )
+        self._started.append(process)
+        return process
+
+    def _announced(self, command):
+        """Starts a server whose last option takes a file descriptor; answers what it writes there."""
+        reader, writer = os.pipe()
+        with os.fdopen(reader) as announced:
+            try:
+                last = f"{command[-1]}={writer}" if command[-1].startswith("--") else None
+                command = [*command[:-1], last] if last else [*command, str(writer)]
+                self._spawn(
+                    command,
+                    pass_fds=[writer],
+                    stdout=subprocess.DEVNULL,
+                    stderr=subprocess.DEVNULL,
+                )
+            finally:
+                os.close(writer)
+            line = announced.readline().strip()
+        if not line:
+            raise RuntimeError(f"{command[0]} did not start")
+        return line
