@@ -1,0 +1,28 @@
+#include "apps/pde-drive/StableAddresses.h"
+
+#include <cstddef>
+
+namespace cardpanels::drive {
+
+std::string StableAddresses::renamed(std::string_view line) {
+  constexpr std::string_view kPrefix = "0x";
+  std::string result;
+  for (;;) {
+    const std::size_t start = line.find(kPrefix);
+    if (start == std::string_view::npos) return result.append(line);
+    std::size_t end = line.find_first_not_of("0123456789abcdef", start + kPrefix.size());
+    if (end == std::string_view::npos) end = line.size();
+    const std::string_view address = line.substr(start, end - start);
+    result.append(line.substr(0, start));
+    if (address == kPrefix || address == "0x0") {
+      result.append(address);
+    } else {
+      const auto [entry, isNew] = names_.try_emplace(std::string(address));
+      if (isNew) entry->second = "0x" + std::to_string(names_.size());
+      result.append(entry->second);
+    }
+    line.remove_prefix(end);
+  }
+}
+
+}  // namespace cardpanels::drive
