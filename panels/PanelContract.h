@@ -49,7 +49,7 @@ std::shared_ptr<platform::View> panelView(Panel& panel, const std::string& nibNa
   if (!platform::held(panel.pdeView) && panel.pluginBundle) {
     loaded = panel.pluginBundle->loadNibNamed_owner(nibName, panel.shared_from_this());
   }
-  const std::shared_ptr<platform::View> view = platform::held(panel.pdeView);
+  std::shared_ptr<platform::View> view = platform::held(panel.pdeView);
   _PDEEpilog(&panel, "panelView:=NSView(%@, %p)", view, view);
   return view;
 }
@@ -69,7 +69,7 @@ platform::Text panelName(Panel& panel, const std::string& nameKey) {
 template <class Panel>
 platform::Text panelKind(Panel& panel, std::string_view suffix) {
   _PDEProlog(&panel, "panelKind:");
-  const platform::Text kind = "org.cardpanels" + std::string(suffix);
+  platform::Text kind = "org.cardpanels" + std::string(suffix);
   _PDEEpilog(&panel, "panelKind:=NSString(%@)", kind);
   return kind;
 }

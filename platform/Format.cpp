@@ -51,11 +51,21 @@ class Formatter {
     readPrecision(conversion);
     if (!rest_.empty()) conversion.specifier = rest_.front();
     switch (conversion.specifier) {
-      case '%': out_ += '%'; break;
-      case '@': putObject(conversion); break;
-      case 's': putText(conversion, textOf(take(), Argument::Kind::cString)); break;
-      case 'p': putText(conversion, addressText(takePointer())); break;
-      case 'i': putInteger(conversion, takeInteger()); break;
+      case '%':
+        out_ += '%';
+        break;
+      case '@':
+        putObject(conversion);
+        break;
+      case 's':
+        putText(conversion, textOf(take(), Argument::Kind::cString));
+        break;
+      case 'p':
+        putText(conversion, addressText(takePointer()));
+        break;
+      case 'i':
+        putInteger(conversion, takeInteger());
+        break;
       default:
         next_ = argumentBefore;
         out_ += start.front();
@@ -68,14 +78,22 @@ class Formatter {
   void readFlags(Conversion& conversion) {
     for (; !rest_.empty(); rest_.remove_prefix(1)) {
       switch (rest_.front()) {
-        case '-': conversion.leftJustified = true; break;
-        case '0': conversion.zeroPadded = true; break;
-        case '+': conversion.sign = '+'; break;
+        case '-':
+          conversion.leftJustified = true;
+          break;
+        case '0':
+          conversion.zeroPadded = true;
+          break;
+        case '+':
+          conversion.sign = '+';
+          break;
         case ' ':
           if (conversion.sign == '\0') conversion.sign = ' ';
           break;
-        case '#': break;
-        default: return;
+        case '#':
+          break;
+        default:
+          return;
       }
     }
   }
@@ -147,8 +165,7 @@ class Formatter {
   static std::string_view wholeCharacters(std::string_view text, std::size_t bytes) {
     std::size_t end = 0;
     while (end < bytes) {
-      const std::size_t length =
-          std::max<std::size_t>(utf8CharacterLength(text.substr(end)), 1);
+      const std::size_t length = std::max<std::size_t>(utf8CharacterLength(text.substr(end)), 1);
       if (end + length > bytes) break;
       end += length;
     }
@@ -157,7 +174,7 @@ class Formatter {
 
   void putInteger(const Conversion& conversion, std::int64_t value) {
     std::array<char, 24> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     std::string_view number(digits.data(), static_cast<std::size_t>(end - digits.data()));
     std::string text;
     if (value < 0) {
@@ -201,9 +218,9 @@ std::string formatted(std::string_view format, std::span<const Argument> argumen
 
 std::string addressText(const void* address) {
   std::array<char, 2 + 2 * sizeof(void*)> digits{'0', 'x'};
-  const auto end = std::to_chars(digits.data() + 2, digits.data() + digits.size(),
-                                 reinterpret_cast<std::uintptr_t>(address), 16)
-                       .ptr;
+  const char* const end = std::to_chars(digits.data() + 2, digits.data() + digits.size(),
+                                        reinterpret_cast<std::uintptr_t>(address), 16)
+                              .ptr;
   return {digits.data(), end};
 }
 

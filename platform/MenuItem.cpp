@@ -6,7 +6,7 @@ namespace cardpanels::platform {
 
 std::shared_ptr<MenuItem> MenuItem::initWithTitle_action_keyEquivalent(
     const Text& title, const Text& action, const std::string& keyEquivalent) {
-  const std::shared_ptr<MenuItem> item(new MenuItem);
+  std::shared_ptr<MenuItem> item(new MenuItem);
   item->title_ = title;
   item->action_ = action;
   item->keyEquivalent_ = keyEquivalent;
