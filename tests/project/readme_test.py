@@ -1,0 +1,52 @@
+"""README tells the truth about folders and packages."""
+
+import os
+import pathlib
+import re
+import sys
+import unittest
+
+ROOT = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
+sys.path.insert(0, str(ROOT / "tools" / "lint"))
+import sources  # noqa: E402 (found by the path)
+
+ROW = re.compile(r"^\| (.+?) \|", re.MULTILINE)
+
+
+def names_in_first_columns():
+    """What stands in backticks in the first column of any table."""
+    cells = ROW.findall((ROOT / "README.md").read_text(encoding="utf-8"))
+    return {name for cell in cells for name in re.findall(r"`([^`]+)`", cell)}
+
+
+def source_folders():
+    """Top-level folders that hold something; for ports and apps each folder in them."""
+    for path in sources.own_files(ROOT):
+        parts = path.split("/")
+        if len(parts) > 2 and parts[0] in ("ports", "apps"):
+            yield f"{parts[0]}/{parts[1]}/"
+        elif len(parts) > 1 and not parts[0].startswith("."):
+            yield f"{parts[0]}/"
+
+
+def packages():
+    for line in (ROOT / "tools" / "packages.txt").read_text().splitlines():
+        if line and not line.startswith("#"):
+            yield line.split()[1]
+
+
+class Readme(unittest.TestCase):
+    def test_maps_every_folder(self):
+        self.assertEqual(sorted(set(source_folders()) - names_in_first_columns()), [])
+
+    def test_maps_no_folder_that_is_not_there(self):
+        folders = {each for each in names_in_first_columns() if each.endswith("/")}
+        self.assertTrue(folders)
+        self.assertEqual(sorted(each for each in folders if not (ROOT / each).is_dir()), [])
+
+    def test_lists_every_package(self):
+        self.assertEqual(sorted(set(packages()) - names_in_first_columns()), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
