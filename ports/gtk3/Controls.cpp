@@ -1,0 +1,130 @@
+#include "ports/gtk3/Controls.h"
+
+#include <gtkmm/cellrenderertext.h>
+#include <gtkmm/notebook.h>
+#include <gtkmm/stack.h>
+
+#include "ports/gtk3/Measurement.h"
+#include "ports/gtk3/Translation.h"
+
+namespace cardpanels::gtk3 {
+namespace {
+
+constexpr int kTitleColumn = 0;
+
+bool leaveToParent(GdkEventScroll* /*event*/, Gtk::Widget* widget) {
+  g_signal_stop_emission_by_name(widget->gobj(), "scroll-event");
+  return false;
+}
+
+}  // namespace
+
+EntryField::EntryField(const Glib::RefPtr<Gtk::Widget>& entry_) : Viewed(entry_) {
+  ownTooltip_ = entry().get_tooltip_text();
+  if (entry().get_max_length() == 0) entry().set_max_length(kMaximumLength);
+  entry().signal_changed().connect(sigc::mem_fun(*this, &EntryField::changed));
+  entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::endEdit));
+  entry().signal_focus_out_event().connect(sigc::mem_fun(*this, &EntryField::focusLeft));
+}
+
+void EntryField::setStringValue(const platform::Text& text) {
+  const ProgramSets guard(*this);
+  entry().set_text(text.value_or(""));
+  edited_ = false;
+}
+
+void EntryField::changed() {
+  edited_ = !programSets();
+  markUnlessMeasurement();
+}
+
+void EntryField::markUnlessMeasurement() {
+  const std::string text = stringValue();
+  const bool wrong = entry().get_editable() && !text.empty() && !isMeasurement(text);
+  const Glib::ustring help =
+      wrong ? Glib::ustring(tr("This is no measurement. Type a number, and a unit if you like: "
+                               "in, cm, mm, px, or \" for inches. Examples: 0.5in, 12mm."))
+            : ownTooltip_;
+  const auto style = entry().get_style_context();
+  if (wrong) {
+    style->add_class("error");
+    entry().set_icon_from_icon_name("dialog-error-symbolic", Gtk::ENTRY_ICON_SECONDARY);
+    entry().set_icon_tooltip_text(help, Gtk::ENTRY_ICON_SECONDARY);
+  } else {
+    style->remove_class("error");
+    entry().unset_icon(Gtk::ENTRY_ICON_SECONDARY);
+  }
+  entry().set_tooltip_text(help);
+  entry().get_accessible()->set_description(help);
+}
+
+void EntryField::endEdit() {
+  if (!edited_) return;
+  edited_ = false;
+  const auto self = shared_from_this();
+  signalEditEnded().emit();
+}
+
+bool EntryField::focusLeft(GdkEventFocus* /*event*/) {
+  endEdit();
+  return false;
+}
+
+void Menu::addItem(const std::shared_ptr<platform::MenuItem>& item) {
+  if (!item) return;
+  items_.push_back(item);
+  const Glib::ustring title = item->title().value_or("");
+  rows_->append()->set_value(kTitleColumn, title);
+}
+
+std::shared_ptr<platform::MenuItem> Menu::itemAtIndex(std::int64_t index) {
+  const bool there = index >= 0 && index < static_cast<std::int64_t>(items_.size());
+  return there ? items_[static_cast<std::size_t>(index)] : nullptr;
+}
+
+void Menu::clear() {
+  items_.clear();
+  rows_->clear();
+}
+
+PopUpButton::PopUpButton(const Glib::RefPtr<Gtk::Widget>& comboBox_) : Viewed(comboBox_) {
+  const auto rows = Glib::RefPtr<Gtk::ListStore>::cast_dynamic(comboBox().get_model());
+  menu_ = std::make_shared<Menu>(rows);
+  // A long title does not keep the window from becoming small.
+  for (auto* cell : comboBox().get_cells()) {
+    if (auto* text = dynamic_cast<Gtk::CellRendererText*>(cell)) {
+      text->property_ellipsize() = Pango::ELLIPSIZE_END;
+    }
+  }
+  // Turning the wheel over a pop-up scrolls the page and does not change the job.
+  comboBox().signal_scroll_event().connect(sigc::bind(sigc::ptr_fun(&leaveToParent), &comboBox()),
+                                           false);
+}
+
+void PopUpButton::removeAllItems() {
+  const ProgramSets guard(*this);
+  menu_->clear();
+}
+
+std::int64_t PopUpButton::indexOfSelectedItem() const { return comboBox().get_active_row_number(); }
+
+void PopUpButton::selectItemAtIndex(std::int64_t index) {
+  const ProgramSets guard(*this);
+  comboBox().set_active(menu_->itemAtIndex(index) ? static_cast<int>(index) : -1);
+}
+
+std::shared_ptr<platform::View> viewOver(const Glib::RefPtr<Gtk::Widget>& widget) {
+  const Gtk::Widget* const kind = widget.operator->();
+  if (dynamic_cast<const Gtk::ComboBoxText*>(kind) != nullptr) {
+    return std::make_shared<PopUpButton>(widget);
+  }
+  if (dynamic_cast<const Gtk::Entry*>(kind) != nullptr) return std::make_shared<EntryField>(widget);
+  if (dynamic_cast<const Gtk::Label*>(kind) != nullptr) return std::make_shared<LabelField>(widget);
+  if (dynamic_cast<const Gtk::Notebook*>(kind) != nullptr ||
+      dynamic_cast<const Gtk::Stack*>(kind) != nullptr) {
+    return std::make_shared<TabView>(widget);
+  }
+  return std::make_shared<View>(widget);
+}
+
+}  // namespace cardpanels::gtk3

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/NibOwner.h"
+#include "platform/View.h"
+
+namespace cardpanels::gtk3 {
+
+/// Makes the widgets of the user-interface file at `path` and connects them with `owner`. Answers
+/// the top view. Throws `std::runtime_error` that names file and id for what does not fit.
+std::shared_ptr<platform::View> loadNibFile(const std::string& path,
+                                            const std::shared_ptr<platform::NibOwner>& owner);
+
+}  // namespace cardpanels::gtk3
