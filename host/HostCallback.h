@@ -39,7 +39,9 @@ class ConstrainingHostCallback : public HostCallback, public platform::Constrain
   using HostCallback::HostCallback;
 
   /// The panels to tell; they stay the caller's. Null before there are any.
-  void setPanels(std::shared_ptr<const platform::PanelArray> panels) { panels_ = std::move(panels); }
+  void setPanels(std::shared_ptr<const platform::PanelArray> panels) {
+    panels_ = std::move(panels);
+  }
 
   /// Called after each request of a panel.
   void setRequested(Requested requested) { requested_ = std::move(requested); }

@@ -55,12 +55,9 @@ PanelHost::PanelHost(const std::string& path, std::shared_ptr<platform::Bundle> 
       callback_(std::make_shared<ConstrainingHostCallback>(job)),
       plugIn_(loadPlugIn(path)) {
   plugIn_->initWithBundle(bundle_);
-  callback_->setRequested(
-      [this](const platform::Text&, const platform::Text&, const ChangeResult& result) {
-        requested(result);
-      });
-  const auto made =
-      plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType, callback_);
+  callback_->setRequested([this](const platform::Text&, const platform::Text&,
+                                 const ChangeResult& result) { requested(result); });
+  const auto made = plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType, callback_);
   callback_->setPanels(made);
   if (made) panels_.assign(made->begin(), made->end());
   for (const Panel& panel : panels_) {

@@ -14,8 +14,8 @@ std::shared_ptr<platform::PlugIn> loadPlugIn(const std::string& bundle) {
   // Controls and log lines may outlive the last panel, so the code is never unloaded.
   void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
   if (library == nullptr) throw Error("cannot load the panels: " + std::string(dlerror()));
-  const auto create = reinterpret_cast<decltype(&cardpanelsCreatePlugIn)>(
-      dlsym(library, platform::kPlugInEntry));
+  const auto create =
+      reinterpret_cast<decltype(&cardpanelsCreatePlugIn)>(dlsym(library, platform::kPlugInEntry));
   if (create == nullptr) {
     throw Error(path + ": not a panel plug-in, it has no " + platform::kPlugInEntry);
   }

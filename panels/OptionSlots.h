@@ -184,8 +184,7 @@ std::shared_ptr<PDEChoice> selectionForPopUp(Panel& panel,
 /// What a slot's pop-up does when the user selects.
 template <class Panel, class PopUp>
 void changeOption(Panel& panel, const OptionSlot<Panel, PopUp>& slot) {
-  const auto choice =
-      panel.selectionForPopUp_withKey(platform::held(panel.*slot.popUp), slot.key);
+  const auto choice = panel.selectionForPopUp_withKey(platform::held(panel.*slot.popUp), slot.key);
   if (choice) panel.*slot.selection = choice;
   panel.updateUI();
 }

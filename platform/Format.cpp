@@ -221,7 +221,7 @@ std::string addressText(const void* address) {
   const char* const end = std::to_chars(digits.data() + 2, digits.data() + digits.size(),
                                         reinterpret_cast<std::uintptr_t>(address), 16)
                               .ptr;
-  return {digits.data(), end};
+  return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
 
 }  // namespace cardpanels::platform

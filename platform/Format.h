@@ -30,8 +30,8 @@ class Argument {
     if (bytes != nullptr) setText(bytes);
   }
   template <std::integral T>
-    requires(!std::same_as<T, bool>)
-  Argument(T integer) : kind_(Kind::integer), integer_(static_cast<std::int64_t>(integer)) {}
+  requires(!std::same_as<T, bool>) Argument(T integer)
+      : kind_(Kind::integer), integer_(static_cast<std::int64_t>(integer)) {}
   Argument(bool) = delete;
 
   Kind kind() const { return kind_; }

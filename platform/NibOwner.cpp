@@ -7,8 +7,8 @@ namespace {
 
 template <class Row>
 const Row* rowNamed(std::span<const Row> rows, std::string_view name) {
-  const auto row = std::find_if(rows.begin(), rows.end(),
-                                [&](const Row& each) { return each.name == name; });
+  const auto row =
+      std::find_if(rows.begin(), rows.end(), [&](const Row& each) { return each.name == name; });
   return row == rows.end() ? nullptr : &*row;
 }
 

@@ -20,10 +20,17 @@ void appendHex(std::string& line, unsigned char byte) {
 
 bool appendNamedEscape(std::string& line, char c) {
   switch (c) {
-    case '\n': line += "\\n"; return true;
-    case '\r': line += "\\r"; return true;
-    case '\t': line += "\\t"; return true;
-    default: return false;
+    case '\n':
+      line += "\\n";
+      return true;
+    case '\r':
+      line += "\\r";
+      return true;
+    case '\t':
+      line += "\\t";
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -38,16 +45,18 @@ bool isC1Control(std::string_view character) {
 Text stringWithCString(const char* bytes, StringEncoding encoding) {
   if (bytes == nullptr) return std::nullopt;
   const std::string_view view = bytes;
-  const bool valid = encoding == StringEncoding::ascii ? isASCII(view)
-                     : encoding == StringEncoding::utf8 && isUTF8(view);
+  const bool valid = encoding == StringEncoding::ascii
+                         ? isASCII(view)
+                         : encoding == StringEncoding::utf8 && isUTF8(view);
   if (!valid) return std::nullopt;
   return std::string(view);
 }
 
 const char* cStringUsingEncoding(const Text& text, StringEncoding encoding) {
   if (!text) return nullptr;
-  const bool sayable = encoding == StringEncoding::ascii ? isASCII(*text)
-                       : encoding == StringEncoding::utf8 && isUTF8(*text);
+  const bool sayable = encoding == StringEncoding::ascii
+                           ? isASCII(*text)
+                           : encoding == StringEncoding::utf8 && isUTF8(*text);
   return sayable ? text->c_str() : nullptr;
 }
 
@@ -93,8 +102,8 @@ std::string onOneLine(std::string_view text) {
     const std::size_t length = utf8CharacterLength(text);
     const std::string_view character = text.substr(0, std::max<std::size_t>(length, 1));
     text.remove_prefix(character.size());
-    const bool escaped = length == 1 ? !printable(character[0])
-                                     : length == 0 || isC1Control(character);
+    const bool escaped =
+        length == 1 ? !printable(character[0]) : length == 0 || isC1Control(character);
     if (!escaped) {
       line += character;
     } else if (!appendNamedEscape(line, character[0])) {

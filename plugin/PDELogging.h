@@ -20,7 +20,8 @@ void write(const platform::Object* self, std::string_view label, std::string_vie
 template <class... Arguments>
 void writeAll(const platform::Object* self, std::string_view label, std::string_view format,
               const Arguments&... arguments) {
-  const std::array<platform::Argument, sizeof...(Arguments)> typed{platform::Argument(arguments)...};
+  const std::array<platform::Argument, sizeof...(Arguments)> typed{
+      platform::Argument(arguments)...};
   write(self, label, format, typed);
 }
 

@@ -27,8 +27,8 @@ constexpr struct {
   const char* name;
   const char* className;
 } kPanelNames[] = {
-    {"ribbon", "RibbonPanelsPDE"},      {"ultraviolet", "UltravioletPDE"},
-    {"peeloff", "PeelOffPanelPDE"},     {"laminate", "ThermalLaminatePDE"},
+    {"ribbon", "RibbonPanelsPDE"},       {"ultraviolet", "UltravioletPDE"},
+    {"peeloff", "PeelOffPanelPDE"},      {"laminate", "ThermalLaminatePDE"},
     {"cardhandling", "CardHandlingPDE"},
 };
 
@@ -119,8 +119,7 @@ constexpr Operation kOperations[] = {
     {"shouldPrint", 0, 0, performShouldPrint},
     {"shouldShowHelp", 0, 0, performAsking<&Contract::shouldShowHelp>},
     {"PPDOptionKeyValueDidChange_ppdChoice", 2, 2, performHostChange},
-    {"restoreValuesAndReturnError", 0, 1,
-     performWithError<&Contract::restoreValuesAndReturnError>},
+    {"restoreValuesAndReturnError", 0, 1, performWithError<&Contract::restoreValuesAndReturnError>},
     {"saveValuesAndReturnError", 0, 1, performWithError<&Contract::saveValuesAndReturnError>},
     {"updateMarkedSelections", 0, 0, performVoid<&Contract::updateMarkedSelections>},
     {"updateUI", 0, 0, performVoid<&Contract::updateUI>},
@@ -282,8 +281,7 @@ Driver::~Driver() {
 }
 
 void Driver::print(char mark, std::string_view text) {
-  const std::string line =
-      settings_.stableAddresses ? addresses_.renamed(text) : std::string(text);
+  const std::string line = settings_.stableAddresses ? addresses_.renamed(text) : std::string(text);
   out_ << mark << ' ' << line << '\n';
 }
 
@@ -309,8 +307,8 @@ std::string Driver::perform(const Words& words) {
     std::size_t mostArguments;
     std::string (Driver::*perform)(const Words&);
   } kCommands[] = {
-      {"panels", 0, 1, &Driver::panels},   {"mark", 2, 2, &Driver::mark},
-      {"unmark", 1, 1, &Driver::unmark},   {"marked", 1, 1, &Driver::marked},
+      {"panels", 0, 1, &Driver::panels},        {"mark", 2, 2, &Driver::mark},
+      {"unmark", 1, 1, &Driver::unmark},        {"marked", 1, 1, &Driver::marked},
       {"refuse", 1, SIZE_MAX, &Driver::refuse}, {"grant", 1, SIZE_MAX, &Driver::grant},
       {"requests", 0, 0, &Driver::requests},
   };

@@ -15,7 +15,6 @@ class CommandError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-
 /// `line` without the blanks around it and without its comment, which a `#` at the start of a word
 /// begins.
 std::string withoutComment(std::string_view line);

@@ -29,7 +29,9 @@ std::string_view property(const pugi::xml_node& object, std::string_view name) {
   return {};
 }
 
-bool isFalse(std::string_view value) { return value == "False" || value == "false" || value == "0"; }
+bool isFalse(std::string_view value) {
+  return value == "False" || value == "false" || value == "0";
+}
 
 std::int64_t tagOf(std::string_view name) {
   constexpr std::string_view kPrefix = "tag-";

@@ -3,7 +3,7 @@
 namespace cardpanels::test {
 namespace {
 
-constexpr const char* kHeader = R"(*PPD-Adobe: "4.3"
+constexpr const char* kHeader = R"PPD(*PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
 *FileVersion: "1.0"
 *LanguageVersion: English
@@ -18,7 +18,7 @@ constexpr const char* kHeader = R"(*PPD-Adobe: "4.3"
 *LanguageLevel: "3"
 *ColorDevice: True
 *DefaultColorSpace: RGB
-)";
+)PPD";
 
 constexpr const char* kPageSize = R"(*OpenUI *PageSize/Card Size: PickOne
 *OrderDependency: 10 AnySetup *PageSize
@@ -77,10 +77,11 @@ std::string testAreaOption(const std::string& keyword) {
 }
 
 TestOption laminateOption() {
-  return {"cardLaminate",
-          "Card Laminate",
-          {{"None", "None"}, {"Front", "Front Side"}, {"Back", "Back Side"}, {"Both", "Both Sides"}},
-          {}};
+  return {
+      "cardLaminate",
+      "Card Laminate",
+      {{"None", "None"}, {"Front", "Front Side"}, {"Back", "Back Side"}, {"Both", "Both Sides"}},
+      {}};
 }
 
 }  // namespace cardpanels::test

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
+#include <regex>
+
+#include "platform/Log.h"
+#include "tests/support/RecordedLog.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace cardpanels::platform {
+namespace {
+
+TEST(Log, WritesOneLineACall) {
+  test::RecordedLog log;
+  const std::array<Argument, 1> arguments{"two\nlines"};
+  NSLogv("said %s", arguments);
+  EXPECT_EQ(log.lines(), std::vector<std::string>{"said two\\nlines"});
+}
+
+TEST(Log, GoesToTheLastSinkOnly) {
+  test::RecordedLog outer;
+  {
+    test::RecordedLog inner;
+    NSLogv("inside", {});
+    EXPECT_EQ(inner.lines().size(), 1U);
+  }
+  NSLogv("outside", {});
+  EXPECT_EQ(outer.lines(), std::vector<std::string>{"outside"});
+}
+
+/// What a sink writes into a file.
+std::string written(const std::vector<std::string>& lines) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.write("log", "");
+  FILE* file = std::fopen(path.c_str(), "w");
+  const auto sink = fileDescriptorSink(fileno(file));
+  for (const auto& line : lines) sink->writeLine(line);
+  std::fclose(file);
+  return test::fileContent(path);
+}
+
+TEST(Log, AFileDescriptorGetsTimeProgramAndProcessBeforeTheLine) {
+  const std::regex shape("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} platform-test\\[" +
+                         std::to_string(getpid()) + "\\] BEGIN something\n");
+  EXPECT_TRUE(std::regex_match(written({"BEGIN something"}), shape));
+}
+
+TEST(Log, AFileDescriptorGetsEveryLine) {
+  const std::string text = written({"first", "second"});
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2);
+}
+
+TEST(Log, ALogThatCannotBeWrittenStopsNothing) {
+  fileDescriptorSink(-1)->writeLine("lost");
+  SUCCEED() << "came back";
+}
+
+TEST(Log, GoesToStandardErrorOnRequest) {
+  testing::internal::CaptureStderr();
+  setTraceToStandardError(true);
+  NSLogv("seen", {});
+  setTraceToStandardError(false);
+  NSLogv("unseen", {});
+  const std::string text = testing::internal::GetCapturedStderr();
+  EXPECT_NE(text.find("] seen\n"), std::string::npos) << text;
+  EXPECT_EQ(text.find("unseen"), std::string::npos) << text;
+}
+
+TEST(Log, AnInstalledSinkKeepsLinesFromStandardError) {
+  testing::internal::CaptureStderr();
+  setTraceToStandardError(true);
+  {
+    const test::RecordedLog log;
+    NSLogv("kept", {});
+  }
+  setTraceToStandardError(false);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+}  // namespace
+}  // namespace cardpanels::platform
