@@ -64,12 +64,22 @@ def is_showing(node):
     return node.get_state_set().contains(Atspi.StateType.SHOWING)
 
 
+def names_of(node):
+    """The names by which a user knows a control: its own, and those of the labels that caption it."""
+    names = [node.get_name()]
+    for relation in node.get_relation_set():
+        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+            labels = [relation.get_target(i) for i in range(relation.get_n_targets())]
+            names += [each.get_name() for each in labels]
+    return names
+
+
 def find_now(node, role, name=None):
     """The first control of that role, and name if given, that shows; None if there is none."""
     for each in descendants(node):
-        named = name is None or each.get_name() == name
-        if named and each.get_role_name() == role and is_showing(each):
-            return each
+        if each.get_role_name() == role and is_showing(each):
+            if name is None or name in names_of(each):
+                return each
     return None
 
 
@@ -120,10 +130,19 @@ def chosen(combo):
     return None if selected is None else selected.get_name()
 
 
-def select_row(row):
-    """Selects a row of a list or table, as a click on it does."""
-    container = row.get_parent()
-    container.get_selection_iface().select_child(row.get_index_in_parent())
+def select_row(node, text):
+    """Selects the row of a list that shows `text`, as a click on it does."""
+
+    def row_now():
+        for each in descendants(node):
+            if each.get_role_name() == "list item" and find_now(each, "label", text):
+                return each
+        return None
+
+    row = wait_for(row_now, lambda: f"no row shows {text!r} in:\n{outline(node)}")
+    row.get_parent().get_selection_iface().select_child(row.get_index_in_parent())
+    selected = Atspi.StateType.SELECTED
+    wait_for(lambda: row.get_state_set().contains(selected), f"the row {text!r} is not selected")
 
 
 def type_text(field, text):
@@ -170,6 +189,16 @@ class Program:
 
         return wait_for(look, lambda: f"no {role} {name!r} in:\n{outline(self.root)}", limit)
 
+    def window(self):
+        """The program's first window, once it shows."""
+
+        def look():
+            root = self.root
+            windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
+            return next((each for each in windows if each and is_showing(each)), None)
+
+        return wait_for(look, "the program shows no window")
+
     def finish(self, limit=LIMIT_SECONDS):
         """Waits for the end. Answers exit status, standard output and standard error."""
         out, err = self._process.communicate(timeout=limit)
@@ -189,6 +218,10 @@ class Desktop:
         self.home = tempfile.mkdtemp(prefix="desktop-")
         runtime = os.path.join(self.home, "runtime")
         os.mkdir(runtime, 0o700)
+        settings = os.path.join(self.home, ".config", "gtk-3.0")
+        os.makedirs(settings)
+        with open(os.path.join(settings, "settings.ini"), "w", encoding="utf-8") as file:
+            file.write("[Settings]\ngtk-enable-animations=0\ngtk-cursor-blink=0\n")
         self.env.update({name: os.environ[name] for name in PASSED_ON if name in os.environ})
         self.env.update(
             HOME=self.home, XDG_RUNTIME_DIR=runtime, GDK_BACKEND="x11", GSETTINGS_BACKEND="memory"
@@ -225,11 +258,19 @@ class Desktop:
         return Program(process)
 
     def picture(self, path, node=None):
-        """Writes a picture of the screen, or of the place of one control, as PNG."""
+        """Writes a picture of the screen, or of the place of one control, as PNG, once it rests."""
         crop = []
         if node is not None:
             box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
             crop = ["-crop", f"{box.width}x{box.height}+{box.x}+{box.y}", "+repage"]
+        seen = [None]
+
+        def rests():
+            command = ["import", "-window", "root", *crop, "rgb:-"]
+            seen.append(subprocess.run(command, env=self.env, check=True, capture_output=True).stdout)
+            return seen[-1] == seen[-2]
+
+        wait_for(rests, "the picture does not come to rest")
         subprocess.run(["import", "-window", "root", *crop, path], env=self.env, check=True)
 
     def _spawn(self, command, env=None, **options):
