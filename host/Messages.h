@@ -1,0 +1,18 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace cardpanels::host {
+
+/// `text` in the user's language. The program binds the domain `cardpanels`, in UTF-8; xgettext
+/// collects the texts with `--keyword=_`.
+const char* _(const char* text);
+
+/// `pattern` with each `{name}` replaced by its value, in whatever order a translation has them.
+std::string filled(std::string_view pattern,
+                   std::initializer_list<std::pair<std::string_view, std::string_view>> values);
+
+}  // namespace cardpanels::host
