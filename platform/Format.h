@@ -25,6 +25,7 @@ class Argument {
     if (text) setText(*text);
   }
   Argument(const std::string& text) : kind_(Kind::text) { setText(text); }
+  Argument(std::string_view text) : kind_(Kind::text) { setText(text); }
   Argument(const void* pointer) : kind_(Kind::pointer), pointer_(pointer) {}
   Argument(const char* bytes) : kind_(Kind::cString) {
     if (bytes != nullptr) setText(bytes);

@@ -7,7 +7,7 @@ namespace cardpanels::platform {
 Object::~Object() = default;
 
 std::string Object::description() const {
-  return "<" + className() + ": " + addressText(this) + ">";
+  return ("<" + className()).append(": ").append(addressText(this)).append(">");
 }
 
 }  // namespace cardpanels::platform

@@ -93,9 +93,10 @@ bool isASCII(std::string_view bytes) {
                      [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-std::string onOneLine(std::string_view text) {
+std::string onOneLine(std::string whole) {
+  std::string_view text = whole;
   const auto printable = [](char c) { return c >= ' ' && c < '\x7F'; };
-  if (std::all_of(text.begin(), text.end(), printable)) return std::string(text);
+  if (std::all_of(text.begin(), text.end(), printable)) return whole;
   std::string line;
   line.reserve(text.size() + 16);
   while (!text.empty()) {

@@ -29,8 +29,8 @@ std::size_t utf8CharacterLength(std::string_view bytes);
 /// Whether `bytes` is plain ASCII.
 bool isASCII(std::string_view bytes);
 
-/// `text` on one line: control characters as backslash escapes, stray bytes as `\xNN`.
-std::string onOneLine(std::string_view text);
+/// `whole` on one line: control characters as backslash escapes, stray bytes as `\xNN`.
+std::string onOneLine(std::string whole);
 
 /// `text` in double quotes, with `"` and `\` escaped by a backslash.
 std::string quoted(std::string_view text);

@@ -22,8 +22,7 @@ bool sameWord(std::string_view a, std::string_view b) {
 
 /// The line's own format. Description and caller's format go in as they are: a percent sign in
 /// either is a conversion when the line is written.
-std::string Format(const platform::Object* self, const std::string& label,
-                   const std::string& format) {
+std::string Format(const platform::Object* self, std::string_view label, std::string_view format) {
   if (self == nullptr) {
     const Argument parts[] = {label, format};
     return platform::formatted("%@ %@", parts);
@@ -40,7 +39,7 @@ std::string Format(const platform::Object* self, const std::string& label,
 
 void write(const platform::Object* self, std::string_view label, std::string_view format,
            std::span<const Argument> arguments) {
-  platform::NSLogv(Format(self, std::string(label), std::string(format)), arguments);
+  platform::NSLogv(Format(self, label, format), arguments);
 }
 
 }  // namespace cardpanels::trace

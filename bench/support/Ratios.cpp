@@ -1,0 +1,67 @@
+#include "bench/support/Ratios.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <utility>
+
+namespace cardpanels::bench {
+namespace {
+
+/// Shows the medians and such, keeps each run's time.
+class Collector final : public benchmark::ConsoleReporter {
+ public:
+  Collector() : ConsoleReporter(OO_None) {}
+
+  void ReportRuns(const std::vector<Run>& runs) override {
+    std::vector<Run> aggregates;
+    for (const Run& run : runs) {
+      if (run.run_type == Run::RT_Aggregate) {
+        aggregates.push_back(run);
+      } else {
+        times_[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+      }
+    }
+    ConsoleReporter::ReportRuns(aggregates);
+  }
+
+  /// The median time of a benchmark's runs, 0 when it did not run.
+  double median(const std::string& name) {
+    auto& times = times_[name];
+    if (times.empty()) return 0;
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+  }
+
+ private:
+  std::map<std::string, std::vector<double>> times_;
+};
+
+}  // namespace
+
+int runWithRatios(int argc, char** argv, const std::vector<Ratio>& ratios) {
+  std::vector<char*> arguments(argv, argv + argc);
+  std::string defaults[] = {"--benchmark_repetitions=15",
+                            "--benchmark_enable_random_interleaving=true",
+                            "--benchmark_min_time=0.05"};
+  for (std::size_t i = 0; i < std::size(defaults); ++i) {
+    arguments.insert(arguments.begin() + 1 + static_cast<std::ptrdiff_t>(i), defaults[i].data());
+  }
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
+  Collector collector;
+  benchmark::RunSpecifiedBenchmarks(&collector);
+  std::puts("");
+  for (const auto& [name, baseline, atMost] : ratios) {
+    const double base = collector.median(baseline);
+    if (base <= 0) continue;
+    std::printf("ratio %s / %s: %.3f (at most %.2f)\n", name.c_str(), baseline.c_str(),
+                collector.median(name) / base, atMost);
+  }
+  return 0;
+}
+
+}  // namespace cardpanels::bench
