@@ -123,8 +123,10 @@ PAGE_SIZES = [
     ("CR79", ("CR79 Adhesive Card (83.9 x 51 mm)", "Klebekarte CR79 (83,9 x 51 mm)", "Carte adhésive CR79 (83,9 x 51 mm)", "CR79粘着カード (83.9 x 51 mm)"), 237.83, 144.57),
     ("CR100", ("CR100 Oversize Card (98.5 x 67 mm)", "Großkarte CR100 (98,5 x 67 mm)", "Grande carte CR100 (98,5 x 67 mm)", "CR100大型カード (98.5 x 67 mm)"), 279.21, 189.92),
 ]
-PAGE_SIZE_TITLE = ("Card Size", "Kartengröße", "Format de carte", "カードサイズ")
-PAGE_REGION_TITLE = ("Card Region", "Kartenbereich", "Région de carte", "カード領域")
+PAGE_OPTIONS = [
+    ("PageSize", ("Card Size", "Kartengröße", "Format de carte", "カードサイズ")),
+    ("PageRegion", ("Card Region", "Kartenbereich", "Région de carte", "カード領域")),
+]
 
 
 # Options, by side where there are two.
@@ -212,24 +214,28 @@ LAMINATE_GROUP = ("LaminateGroup", ("Thermal Laminate", "Thermolaminat", "Lamina
 HANDLING_GROUP = ("HandlingGroup", ("Card Handling", "Kartenführung", "Gestion des cartes", "カード搬送"))
 
 
-def printed_sides(sides, with_mac):
-    """The groups that every printer with a print head has."""
+def groups_of(sides, is_full):
+    """The groups of a printer that prints these sides; a full one also has MAC, laminate and flips."""
 
     def each(options, *arguments):
         return [option for side in sides for option in options(side, *arguments)]
 
+    laminate = [(LAMINATE_GROUP, laminate_options())] if is_full else []
+    flips = flip_options() if is_full else []
     return [
         (RIBBON_GROUP, each(ribbon_options)),
         (RESIN_AREA_GROUP, each(resin_areas)),
-        (UV_GROUP, each(uv_options, with_mac)),
+        (UV_GROUP, each(uv_options, is_full)),
         (PEEL_OFF_GROUP, each(peel_off_options)),
         (PEEL_OFF_AREA_GROUP, each(peel_off_areas)),
-        (HANDLING_GROUP, each(rotation_options)),
+        *laminate,
+        (HANDLING_GROUP, each(rotation_options) + flips),
     ]
 
 
 # Constraints, as PPD lines. An option without a choice stands for all its choices but None.
-# CUPS gives up when a constraint with a resolver comes after one that it resolves by itself.
+# Those with a resolver come first: CUPS gives up when it meets one after it resolved another by
+# itself.
 
 
 def resolver(name, changes, *constraints):
@@ -239,9 +245,9 @@ def resolver(name, changes, *constraints):
 
 
 def laminate_needs_cr80():
-    """The laminator takes CR80 cards only, and a card's size is never changed behind the user's back."""
-    other_sizes = [keyword for keyword, *_ in PAGE_SIZES if keyword != "CR80"]
-    return resolver("LaminateSize", "*cardLaminate None", *[f"*PageSize {size} *cardLaminate" for size in other_sizes])
+    """The laminator takes CR80 cards only, and nothing but the user changes a card's size."""
+    others = [f"*PageSize {size} *cardLaminate" for size, *_ in PAGE_SIZES if size != "CR80"]
+    return resolver("LaminateSize", "*cardLaminate None", *others)
 
 
 def laminate_covers_peel_off():
@@ -283,22 +289,31 @@ class Printer:
 
 
 def printers():
-    duplex = printed_sides(["front", "back"], with_mac=True)
-    duplex[-1][1].extend(flip_options())
-    duplex.insert(-1, (LAMINATE_GROUP, laminate_options()))
     return [
         Printer(
-            "card-duplex.ppd", "Example Card Duplex", 300, duplex,
-            laminate_needs_cr80() + laminate_covers_peel_off()
-            + uv_needs_uv_ribbon("front", True) + uv_needs_uv_ribbon("back", True) + one_flip_only(),
+            "card-duplex.ppd",
+            "Example Card Duplex",
+            300,
+            groups_of(["front", "back"], is_full=True),
+            laminate_needs_cr80()
+            + laminate_covers_peel_off()
+            + uv_needs_uv_ribbon("front", with_mac=True)
+            + uv_needs_uv_ribbon("back", with_mac=True)
+            + one_flip_only(),
         ),
         Printer(
-            "card-single.ppd", "Example Card Single", 200,
-            printed_sides(["front"], with_mac=False), uv_needs_uv_ribbon("front", False),
+            "card-single.ppd",
+            "Example Card Single",
+            200,
+            groups_of(["front"], is_full=False),
+            uv_needs_uv_ribbon("front", with_mac=False),
         ),
         Printer(
-            "card-laminate.ppd", "Example Card Laminate", 100,
-            [(LAMINATE_GROUP, laminate_options())], laminate_needs_cr80(),
+            "card-laminate.ppd",
+            "Example Card Laminate",
+            100,
+            [(LAMINATE_GROUP, laminate_options())],
+            laminate_needs_cr80(),
         ),
     ]
 
@@ -329,26 +344,39 @@ def header(printer):
 *cupsFilter2: "application/vnd.cups-pdf application/pdf 0 -"'''.splitlines()
 
 
+def pick_one(keyword, title, default, order, choices):
+    """The lines of an option; `choices` are (keyword, text, code)."""
+    return [
+        f"*OpenUI *{keyword}/{title[0]}: PickOne",
+        f"*OrderDependency: {order} AnySetup *{keyword}",
+        f"*Default{keyword}: {default}",
+        *[f'*{keyword} {choice}/{text[0]}: "{code}"' for choice, text, code in choices],
+        f"*CloseUI: *{keyword}",
+    ]
+
+
 def page_options():
-    lines = []
     default = PAGE_SIZES[0][0]
-    for keyword, title in (("PageSize", PAGE_SIZE_TITLE), ("PageRegion", PAGE_REGION_TITLE)):
-        lines += [f"*OpenUI *{keyword}/{title[0]}: PickOne", f"*OrderDependency: 10 AnySetup *{keyword}", f"*Default{keyword}: {default}"]
-        for size, text, width, height in PAGE_SIZES:
-            lines.append(f'*{keyword} {size}/{text[0]}: "<</PageSize[{width} {height}]/ImagingBBox null>>setpagedevice"')
-        lines.append(f"*CloseUI: *{keyword}")
+    choices = [
+        (size, text, f"<</PageSize[{width} {height}]/ImagingBBox null>>setpagedevice")
+        for size, text, width, height in PAGE_SIZES
+    ]
+    lines = []
+    for keyword, title in PAGE_OPTIONS:
+        lines += pick_one(keyword, title, default, 10, choices)
     lines.append(f"*DefaultImageableArea: {default}")
-    lines += [f'*ImageableArea {size}/{text[0]}: "0 0 {width} {height}"' for size, text, width, height in PAGE_SIZES]
+    for size, text, width, height in PAGE_SIZES:
+        lines.append(f'*ImageableArea {size}/{text[0]}: "0 0 {width} {height}"')
     lines.append(f"*DefaultPaperDimension: {default}")
-    lines += [f'*PaperDimension {size}/{text[0]}: "{width} {height}"' for size, text, width, height in PAGE_SIZES]
+    for size, text, width, height in PAGE_SIZES:
+        lines.append(f'*PaperDimension {size}/{text[0]}: "{width} {height}"')
     return lines
 
 
 def option_lines(option):
     keyword = option.keyword
-    lines = [f"*OpenUI *{keyword}/{option.title[0]}: PickOne", f"*OrderDependency: 20 AnySetup *{keyword}", f"*Default{keyword}: {option.default}"]
-    lines += [f'*{keyword} {choice}/{text[0]}: ""' for choice, text in option.choices]
-    lines.append(f"*CloseUI: *{keyword}")
+    choices = [(choice, text, "") for choice, text in option.choices]
+    lines = pick_one(keyword, option.title, option.default, 20, choices)
     if option.has_area:
         lines.append(f'*Custom{keyword} True/{TYPED_AREA[0]}: "pop"')
         lines.append(f"*ParamCustom{keyword} Area/{AREA_PARTS[0]}: 1 string 0 83")
@@ -378,7 +406,7 @@ def translations(printer, language):
     page_choices = [(size, text) for size, text, *_ in PAGE_SIZES]
     lines = [
         line
-        for keyword, title in (("PageSize", PAGE_SIZE_TITLE), ("PageRegion", PAGE_REGION_TITLE))
+        for keyword, title in PAGE_OPTIONS
         for line in option_translations(Option(keyword, title, page_choices, ""), code, language)
     ]
     for (keyword, text), options in printer.groups:
@@ -409,7 +437,7 @@ def main(arguments):
         elif not path.exists() or path.read_text(encoding="utf-8") != text:
             stale.append(printer.file)
     if stale:
-        sys.exit(f"generate.py: not up to date: {', '.join(stale)}; run {pathlib.Path(__file__).name}")
+        sys.exit(f"generate.py: not up to date: {', '.join(stale)}; run it without --check")
 
 
 if __name__ == "__main__":
