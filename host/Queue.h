@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "host/JobOptions.h"
+#include "host/JobOption.h"
+#include "host/PPDFile.h"
 
 namespace cardpanels::host {
 
@@ -15,6 +16,7 @@ struct QueueName {
   /// Reads `QUEUE` or `QUEUE/INSTANCE`.
   static QueueName parse(const std::string& text);
   std::string text() const;
+  bool operator==(const QueueName&) const = default;
 };
 
 /// What a queue of the print server offers to a job.
@@ -26,12 +28,13 @@ struct Queue {
 };
 
 /// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default
-/// queue when its queue is empty. Waits `seconds` at most for each answer. Throws `Error` with the
-/// queue's or the server's name.
+/// queue when its queue is empty. Gives up on a server that is silent for `seconds`. Blocks
+/// meanwhile. Throws `Error` with the queue's or the server's name.
 Queue openQueue(const QueueName& name, int seconds = 10);
 
-/// Sends `files` with `options` as one job and answers its id. Throws `Error` as `openQueue` does,
-/// and for a file that cannot be read; then nothing is printed.
+/// Sends `files` with `options`, and those saved options of the queue that are not among them, as
+/// one job and answers its id. Throws `Error` as `openQueue` does, and for a file that cannot be
+/// read; then nothing is printed.
 int submitJob(const QueueName& name, const std::string& title,
               const std::vector<std::string>& files, const std::vector<Option>& options,
               int seconds = 10);
@@ -41,7 +44,8 @@ int submitJob(const QueueName& name, const std::string& title,
 std::string lpArguments(const std::vector<Option>& options);
 
 /// Saves `options` under the queue's instance in the user's own settings, as `lpoptions` does,
-/// without disturbing other saved options.
-void saveOptions(const QueueName& name, const std::vector<Option>& options);
+/// without disturbing other saved options. The instance need not exist yet. Throws `Error` as
+/// `openQueue` does.
+void saveOptions(const QueueName& name, const std::vector<Option>& options, int seconds = 10);
 
 }  // namespace cardpanels::host

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cups/cups.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/Text.h"
+
+namespace cardpanels::host {
+
+/// An option and its value, as a job carries them.
+struct Option {
+  std::string key;
+  std::string value;
+  bool operator==(const Option&) const = default;
+};
+
+/// Owns libcups' list of options, in which each name, whatever its case, stands once.
+class OptionList {
+ public:
+  OptionList() = default;
+  explicit OptionList(const std::vector<Option>& options);
+  OptionList(const OptionList&) = delete;
+  OptionList& operator=(const OptionList&) = delete;
+  OptionList(OptionList&& other) noexcept;
+  OptionList& operator=(OptionList&&) = delete;
+  ~OptionList();
+
+  /// What cupsParseOptions makes of `text`.
+  static OptionList parsed(const std::string& text);
+
+  /// Adds `option`, in place of an earlier one of that name.
+  void set(const Option& option);
+
+  /// The value of `key`, or nothing.
+  platform::Text value(const std::string& key) const;
+
+  std::vector<Option> options() const;
+
+  /// For libcups' functions, which change both.
+  int count = 0;
+  cups_option_t* list = nullptr;
+};
+
+}  // namespace cardpanels::host

@@ -1,0 +1,390 @@
+#include "host/JobOptions.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <span>
+#include <utility>
+
+#include "host/ASCII.h"
+#include "host/Conflicts.h"
+#include "host/CustomValue.h"
+#include "host/Error.h"
+#include "host/Messages.h"
+
+namespace cardpanels::host {
+namespace {
+
+using platform::Text;
+
+constexpr const char* kCustom = "Custom";
+constexpr const char* kNothingMarked = "Default";
+
+void rename(ppd_choice_t& record, const std::string& name) {
+  if (name.size() < sizeof(record.choice)) {
+    std::memcpy(record.choice, name.c_str(), name.size() + 1);
+  }
+}
+
+std::span<ppd_choice_t> choicesOf(const ppd_option_t& option) {
+  return {option.choices, static_cast<std::size_t>(option.num_choices)};
+}
+
+ppd_choice_t* listedChoice(const ppd_option_t& option, std::string_view name) {
+  for (auto& choice : choicesOf(option)) {
+    if (equalIgnoringCase(choice.choice, name)) return &choice;
+  }
+  return nullptr;
+}
+
+bool isCustomRecord(const ppd_choice_t& choice) {
+  return equalIgnoringCase(choice.choice, kCustom);
+}
+
+bool isCustomText(std::string_view text) {
+  return startsIgnoringCase(text, kCustomPrefix) || text.substr(0, 1) == "{";
+}
+
+std::string titleOf(const ppd_option_t& option) {
+  return option.text[0] != '\0' ? option.text : option.keyword;
+}
+
+}  // namespace
+
+/// Gives the records of custom choices the name `Custom` while libcups looks at them, and the
+/// values back at the end, when the marks may be others.
+class JobOptions::OwnNames {
+ public:
+  explicit OwnNames(const JobOptions& job) : job_(job) {
+    for (const auto& [option, mark] : job.custom_) rename(*mark.choice, kCustom);
+  }
+  ~OwnNames() {
+    for (const auto& [option, mark] : job_.custom_) rename(*mark.choice, mark.custom);
+  }
+  OwnNames(const OwnNames&) = delete;
+  OwnNames& operator=(const OwnNames&) = delete;
+
+ private:
+  const JobOptions& job_;
+};
+
+struct JobOptions::Marks {
+  std::vector<ppd_choice_t*> choices;
+  std::vector<char> sizes;  // the page sizes' marks
+  std::map<const ppd_option_t*, Mark> custom;
+  std::set<const ppd_option_t*> set;
+  std::map<const ppd_option_t*, Text> values;
+};
+
+JobOptions::JobOptions(PPDFile ppd) : ppd_(std::move(ppd)) {
+  ppdMarkDefaults(ppd_.get());
+  const OwnNames names(*this);
+  for (auto* option : allOptions(ppd_.get())) {
+    const Mark mark = defaultMark(*option);
+    if (!mark.custom.empty()) set(*option, mark);
+  }
+}
+
+ChangeResult JobOptions::request(const Text& key, const Text& choice) {
+  const OwnNames names(*this);
+  ChangeResult result;
+  const Marks before = marks();
+  try {
+    ppd_option_t& option = found(key.value_or(std::string()));
+    if (!choice) {
+      throw Error(filled(_("No choice was given for “{option}”."), {{"option", titleOf(option)}}));
+    }
+    const Mark wanted = markFor(option, *choice);
+    set(option, wanted);
+    const auto partners = conflictsWith(ppd_.get(), option);
+    const std::string refused = refusal(option, value(option).value_or(*choice), partners);
+    if (!partners.empty() && !resolve(option, partners)) throw Error(refused);
+    result.granted = true;
+    result.changes = changesSince(before, option);
+    result.message = explanation(option, result.changes, before);
+    for (const Option& each : result.changes) set_.insert(find(each.key));
+    // Panels send their empty areas on every save: that must not fill the job's list.
+    if (!isNoValue(option, *choice)) set_.insert(&option);
+  } catch (const Error& error) {
+    restore(before);
+    result = {false, {}, error.what()};
+  }
+  return result;
+}
+
+void JobOptions::mark(const std::string& key, const std::string& choice) {
+  const OwnNames names(*this);
+  ppd_option_t& option = found(key);
+  set(option, markFor(option, choice));
+  set_.insert(&option);
+}
+
+std::vector<std::string> JobOptions::markSaved(const std::vector<Option>& options) {
+  std::vector<std::string> leftOut;
+  for (const Option& each : options) {
+    try {
+      mark(each.key, each.value);
+    } catch (const Error& error) {
+      leftOut.push_back(filled(_("The saved option {option} was left out: {reason}"),
+                               {{"option", platform::onOneLine(each.key + "=" + each.value)},
+                                {"reason", error.what()}}));
+    }
+  }
+  return leftOut;
+}
+
+void JobOptions::unmark(const std::string& key) {
+  const OwnNames names(*this);
+  ppd_option_t& option = found(key);
+  set(option, Mark());
+  set_.erase(&option);
+  ppdConflicts(ppd_.get());
+}
+
+Text JobOptions::marked(const std::string& key) const {
+  const OwnNames names(*this);
+  return value(found(key));
+}
+
+std::vector<Option> JobOptions::longValues() const {
+  std::vector<Option> values;
+  for (const auto& [option, mark] : custom_) {
+    if (mark.custom.size() >= sizeof(mark.choice->choice)) {
+      values.push_back({option->keyword, mark.custom});
+    }
+  }
+  return values;
+}
+
+std::vector<Option> JobOptions::options() const {
+  const OwnNames names(*this);
+  std::vector<Option> all;
+  for (auto* option : allOptions(ppd_.get())) {
+    const Text now = value(*option);
+    if (!now) continue;
+    const Mark standard = defaultMark(*option);
+    const bool isDefault =
+        standard.choice != nullptr &&
+        *now == (standard.custom.empty() ? standard.choice->choice : standard.custom);
+    if (!isDefault || set_.contains(option)) all.push_back({option->keyword, *now});
+  }
+  return all;
+}
+
+bool JobOptions::hasOption(const std::string& key) const { return find(key) != nullptr; }
+
+std::string JobOptions::optionTitle(const std::string& key) const {
+  const ppd_option_t* const option = find(key);
+  return option == nullptr ? key : titleOf(*option);
+}
+
+std::string JobOptions::choiceTitle(const std::string& key, const std::string& choice) const {
+  const OwnNames names(*this);
+  const ppd_option_t* const option = find(key);
+  return option == nullptr ? choice : title(*option, choice);
+}
+
+std::string JobOptions::title(const ppd_option_t& option, const std::string& choice) const {
+  if (startsIgnoringCase(choice, kCustomPrefix)) return choice.substr(kCustomPrefix.size());
+  const ppd_choice_t* const listed = listedChoice(option, choice);
+  return listed != nullptr && listed->text[0] != '\0' ? listed->text : choice;
+}
+
+/// libcups compares the first 40 bytes only.
+ppd_option_t* JobOptions::find(const std::string& key) const {
+  ppd_option_t* const option = ppdFindOption(ppd_.get(), key.c_str());
+  return option != nullptr && equalIgnoringCase(option->keyword, key) ? option : nullptr;
+}
+
+ppd_option_t& JobOptions::found(const std::string& key) const {
+  ppd_option_t* const option = find(key);
+  if (option != nullptr) return *option;
+  throw Error(filled(_("This printer has no option {option}."),
+                     {{"option", platform::quoted(platform::onOneLine(key))}}));
+}
+
+/// Whether `text` asks for no area, or no other value, of an option that takes one.
+bool JobOptions::isNoValue(ppd_option_t& option, const std::string& text) const {
+  const bool saysNone =
+      text.empty() || equalIgnoringCase(text, "Default") || text == "0in 0in 0in 0in";
+  return saysNone && parameterCount(ppd_.get(), option) == 1;
+}
+
+JobOptions::Mark JobOptions::markFor(ppd_option_t& option, const std::string& text) const {
+  ppd_choice_t* const listed = listedChoice(option, text);
+  ppd_choice_t* const custom = listedChoice(option, kCustom);
+  const int parameters = custom == nullptr ? 0 : parameterCount(ppd_.get(), option);
+  if (listed != nullptr && (listed != custom || parameters == 0)) return {listed, ""};
+  if (isNoValue(option, text)) return defaultMark(option);
+  if (listed != nullptr) {
+    const auto present = custom_.find(&option);
+    if (present != custom_.end()) return present->second;
+    throw Error(filled(_("“{option}” needs a value: Custom. and the value."),
+                       {{"option", titleOf(option)}}));
+  }
+  if (parameters > 0 && (parameters == 1 || isCustomText(text))) {
+    return {custom, checkedCustomValue(ppd_.get(), option, text)};
+  }
+  throw Error(filled(
+      _("“{option}” has no choice {choice}."),
+      {{"option", titleOf(option)}, {"choice", platform::quoted(platform::onOneLine(text))}}));
+}
+
+/// What the PPD names as default, which may be a value or nothing that it lists.
+JobOptions::Mark JobOptions::defaultMark(ppd_option_t& option) const {
+  const std::string_view name = option.defchoice;
+  if (!startsIgnoringCase(name, kCustomPrefix)) return {listedChoice(option, name), ""};
+  ppd_choice_t* const custom = listedChoice(option, kCustom);
+  return {custom, custom == nullptr ? "" : std::string(name)};
+}
+
+Text JobOptions::value(const ppd_option_t& option) const {
+  const auto custom = custom_.find(&option);
+  if (custom != custom_.end()) return custom->second.custom;
+  const ppd_choice_t* const choice = ppdFindMarkedChoice(ppd_.get(), option.keyword);
+  if (choice == nullptr) return std::nullopt;
+  return choice->choice;
+}
+
+void JobOptions::set(ppd_option_t& option, const Mark& mark) {
+  clearMark(ppd_.get(), option);
+  custom_.erase(&option);
+  if (mark.choice == nullptr) return;
+  const char* const text = mark.custom.empty() ? mark.choice->choice : mark.custom.c_str();
+  ppdMarkOption(ppd_.get(), option.keyword, text);
+  if (!mark.custom.empty()) custom_[&option] = mark;
+  // Marking one option takes the mark of another away: InputSlot and ManualFeed, page size and
+  // page region.
+  std::erase_if(custom_, [](const auto& each) { return each.second.choice->marked == 0; });
+}
+
+JobOptions::Marks JobOptions::marks() const {
+  Marks all;
+  for (auto* option : allOptions(ppd_.get())) {
+    for (auto& choice : choicesOf(*option)) {
+      if (choice.marked != 0) all.choices.push_back(&choice);
+    }
+    all.values[option] = value(*option);
+  }
+  for (const auto& size : std::span(ppd_->sizes, static_cast<std::size_t>(ppd_->num_sizes))) {
+    all.sizes.push_back(size.marked);
+  }
+  all.custom = custom_;
+  all.set = set_;
+  return all;
+}
+
+void JobOptions::restore(const Marks& marks) {
+  for (const auto& [option, mark] : marks.custom) {
+    ppdMarkOption(ppd_.get(), option->keyword, mark.custom.c_str());
+  }
+  for (auto* option : allOptions(ppd_.get())) clearMark(ppd_.get(), *option);
+  for (auto* choice : marks.choices) {
+    choice->marked = 1;
+    cupsArrayAdd(ppd_->marked, choice);
+  }
+  for (std::size_t i = 0; i < marks.sizes.size(); ++i) ppd_->sizes[i].marked = marks.sizes[i];
+  custom_ = marks.custom;
+  set_ = marks.set;
+  ppdConflicts(ppd_.get());
+}
+
+std::vector<Option> JobOptions::changesSince(const Marks& marks, const ppd_option_t& first) const {
+  std::vector<Option> changes;
+  for (const auto* option : allOptions(ppd_.get())) {
+    const Text now = value(*option);
+    if (now == marks.values.at(option)) continue;
+    const auto place = option == &first ? changes.begin() : changes.end();
+    changes.insert(place, {option->keyword, now.value_or(kNothingMarked)});
+  }
+  return changes;
+}
+
+/// Changes other options until `option` is in no conflict. Conflicts that it has no part in are
+/// hidden meanwhile, so that they neither get in the way nor are "resolved" unasked.
+bool JobOptions::resolve(ppd_option_t& option, const std::vector<ppd_option_t*>& partners) {
+  const int others = ppdConflicts(ppd_.get()) - conflictCount(ppd_.get(), option);
+  std::vector<std::pair<ppd_option_t*, Mark>> unrelated;
+  for (auto* each : conflictedOptions(ppd_.get())) {
+    const bool related =
+        each == &option || std::find(partners.begin(), partners.end(), each) != partners.end();
+    if (related || isPageSize(*each)) continue;
+    ppd_choice_t* const choice = ppdFindMarkedChoice(ppd_.get(), each->keyword);
+    unrelated.emplace_back(each, Mark{choice, custom_.contains(each) ? custom_[each].custom : ""});
+    set(*each, Mark());
+  }
+  const bool applied = applyResolution(option);
+  for (const auto& [each, mark] : unrelated) {
+    if (ppdFindMarkedChoice(ppd_.get(), each->keyword) == nullptr) set(*each, mark);
+  }
+  if (!applied) return false;
+  const bool atPeace = conflictCount(ppd_.get(), option) == 0 || resolveCollate(option);
+  return atPeace && ppdConflicts(ppd_.get()) <= others;
+}
+
+bool JobOptions::applyResolution(ppd_option_t& option) {
+  const std::string wanted = value(option).value_or("");
+  // A value in braces is a custom one, which libcups sees by the prefix only.
+  const std::string choice =
+      wanted.substr(0, 1) == "{" ? std::string(kCustomPrefix) + wanted : wanted;
+  OptionList resolved;
+  if (cupsResolveConflicts(ppd_.get(), option.keyword, choice.c_str(), &resolved.count,
+                           &resolved.list) == 0) {
+    return false;
+  }
+  for (const Option& each : resolved.options()) {
+    ppd_option_t* const other = find(each.key);
+    if (other == &option) continue;
+    if (other == nullptr) return false;
+    set(*other, markFor(*other, each.value));
+  }
+  return true;
+}
+
+/// libcups leaves Collate out of every resolution.
+bool JobOptions::resolveCollate(ppd_option_t& option) {
+  ppd_option_t* const collate = find("Collate");
+  if (collate == nullptr || collate == &option) return false;
+  for (auto& choice : choicesOf(*collate)) {
+    if (isCustomRecord(choice)) continue;
+    set(*collate, {&choice, ""});
+    if (conflictCount(ppd_.get(), option) == 0) return true;
+  }
+  return false;
+}
+
+std::string JobOptions::refusal(const ppd_option_t& option, const std::string& choice,
+                                const std::vector<ppd_option_t*>& partners) const {
+  std::string conditions;
+  for (const auto* partner : partners) {
+    if (!conditions.empty()) conditions += _(" and ");
+    conditions += filled(_("“{option}” is “{choice}”"),
+                         {{"option", titleOf(*partner)},
+                          {"choice", title(*partner, value(*partner).value_or(kNothingMarked))}});
+  }
+  return filled(
+      _("“{option}” cannot be “{choice}” while {conditions}."),
+      {{"option", titleOf(option)}, {"choice", title(option, choice)}, {"conditions", conditions}});
+}
+
+std::string JobOptions::explanation(const ppd_option_t& option, const std::vector<Option>& changes,
+                                    const Marks& before) const {
+  std::string sentences;
+  for (const Option& each : changes) {
+    const ppd_option_t* const other = find(each.key);
+    const Text old = before.values.at(other);
+    if (other == &option || !old || !value(*other)) continue;
+    if (!sentences.empty()) sentences += ' ';
+    sentences +=
+        filled(_("“{other}” was changed from “{old}” to “{new}”, because “{option}” is now "
+                 "“{choice}”."),
+               {{"other", titleOf(*other)},
+                {"old", title(*other, *old)},
+                {"new", title(*other, each.value)},
+                {"option", titleOf(option)},
+                {"choice", title(option, value(option).value_or(kNothingMarked))}});
+  }
+  return sentences;
+}
+
+}  // namespace cardpanels::host

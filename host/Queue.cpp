@@ -1,0 +1,305 @@
+#include "host/Queue.h"
+
+#include <cups/cups.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <span>
+#include <system_error>
+
+#include "host/Error.h"
+#include "host/Messages.h"
+#include "platform/Text.h"
+
+namespace cardpanels::host {
+namespace {
+
+struct HttpCloser {
+  void operator()(http_t* http) const { httpClose(http); }
+};
+using Http = std::unique_ptr<http_t, HttpCloser>;
+
+struct DestFreer {
+  void operator()(cups_dest_t* dest) const { cupsFreeDests(1, dest); }
+};
+using Dest = std::unique_ptr<cups_dest_t, DestFreer>;
+
+/// All queues and their instances; libcups moves the list when one is added.
+struct Dests {
+  Dests() = default;
+  Dests(const Dests&) = delete;
+  Dests& operator=(const Dests&) = delete;
+  ~Dests() { cupsFreeDests(count, list); }
+  int count = 0;
+  cups_dest_t* list = nullptr;
+};
+
+/// A file that goes away with this.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(std::string path) : path_(std::move(path)) {}
+  ~TemporaryFile() {
+    if (!path_.empty()) unlink(path_.c_str());
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+int giveUp(http_t* /*http*/, void* /*data*/) { return 0; }
+
+[[noreturn]] void failAtServer(const std::string& reason) {
+  throw Error(filled(_("The print server {server} cannot be asked: {reason}"),
+                     {{"server", cupsServer()}, {"reason", reason}}));
+}
+
+Http connected(int seconds) {
+  Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                         seconds * 1000, nullptr));
+  if (!http) failAtServer(cupsLastErrorString());
+  httpSetTimeout(http.get(), seconds, giveUp, nullptr);
+  return http;
+}
+
+const char* orNull(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
+
+struct IppDeleter {
+  void operator()(ipp_t* ipp) const { ippDelete(ipp); }
+};
+
+/// Asks for `queue`, or for the server's default when it is empty. libcups' own search goes on to
+/// look for printers on the network, without a time limit.
+ipp_status_t asked(http_t* http, const std::string& queue) {
+  ipp_t* const request =
+      ippNewRequest(queue.empty() ? IPP_OP_CUPS_GET_DEFAULT : IPP_OP_GET_PRINTER_ATTRIBUTES);
+  if (!queue.empty()) {
+    std::array<char, HTTP_MAX_URI> uri{};
+    httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), uri.size(), "ipp", nullptr, "localhost",
+                     ippPort(), "/printers/%s", queue.c_str());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
+  }
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+               cupsUser());
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+               "printer-name");
+  const std::unique_ptr<ipp_t, IppDeleter> answer(cupsDoRequest(http, request, "/"));
+  return cupsLastError();
+}
+
+void checkQueue(http_t* http, const std::string& queue) {
+  const ipp_status_t status = asked(http, queue);
+  if (status <= IPP_STATUS_OK_CONFLICTING) return;
+  if (status != IPP_STATUS_ERROR_NOT_FOUND) failAtServer(cupsLastErrorString());
+  if (queue.empty()) return;  // the user's settings may still name a default
+  throw Error(filled(_("The print server {server} has no queue {queue}."),
+                     {{"server", cupsServer()}, {"queue", platform::onOneLine(queue)}}));
+}
+
+/// libcups takes an instance that nobody has saved for one without options.
+void checkInstance(http_t* http, const QueueName& name) {
+  if (name.instance.empty()) return;
+  Dests all;
+  all.count = cupsGetDests2(http, &all.list);
+  if (cupsGetDest(orNull(name.queue), name.instance.c_str(), all.count, all.list) != nullptr)
+    return;
+  throw Error(filled(_("The queue {queue} has no instance {instance}."),
+                     {{"queue", name.queue}, {"instance", platform::onOneLine(name.instance)}}));
+}
+
+Dest destOf(http_t* http, const QueueName& name) {
+  checkQueue(http, name.queue);
+  checkInstance(http, name);
+  Dest dest(cupsGetNamedDest(http, orNull(name.queue), orNull(name.instance)));
+  if (dest) return dest;
+  if (name.queue.empty()) throw Error(_("There is no default queue; name one."));
+  failAtServer(cupsLastErrorString());
+}
+
+QueueName nameOf(const cups_dest_t& dest) {
+  return {dest.name, dest.instance == nullptr ? "" : dest.instance};
+}
+
+std::span<const cups_option_t> optionsOf(const cups_dest_t& dest) {
+  return {dest.options, static_cast<std::size_t>(dest.num_options)};
+}
+
+PPDFile ppdOf(http_t* http, const QueueName& name) {
+  std::array<char, 1024> path{};
+  time_t modified = 0;
+  const http_status_t status =
+      cupsGetPPD3(http, name.queue.c_str(), &modified, path.data(), path.size());
+  const TemporaryFile file(path.data());
+  if (status == HTTP_STATUS_OK) {
+    return openPPD(file.path(), filled(_("queue {queue}"), {{"queue", name.queue}}));
+  }
+  if (status == HTTP_STATUS_NOT_FOUND) {
+    throw Error(filled(_("The queue {queue} has no PPD."), {{"queue", name.queue}}));
+  }
+  throw Error(filled(_("The PPD of the queue {queue} cannot be had: {reason}"),
+                     {{"queue", name.queue}, {"reason", cupsLastErrorString()}}));
+}
+
+struct OpenFile {
+  std::string name;
+  std::ifstream stream;
+};
+
+/// Opens all files before anything is sent.
+std::vector<OpenFile> opened(const std::vector<std::string>& files) {
+  if (files.empty()) throw Error(_("There is no file to print."));
+  std::vector<OpenFile> all;
+  for (const std::string& path : files) {
+    errno = 0;
+    std::ifstream stream(path, std::ios::binary);
+    stream.peek();
+    if (!stream && !stream.eof()) {
+      throw Error(path + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
+    }
+    stream.clear();
+    all.push_back({std::filesystem::path(path).filename(), std::move(stream)});
+  }
+  return all;
+}
+
+/// A job that the server has made but not got whole; it is cancelled unless it is `complete`.
+class NewJob {
+ public:
+  NewJob(http_t* http, const std::string& queue, const std::string& title, OptionList& options)
+      : http_(http),
+        queue_(queue),
+        id_(cupsCreateJob(http, queue.c_str(), title.c_str(), options.count, options.list)) {
+    if (id_ == 0) fail();
+  }
+  ~NewJob() {
+    if (!complete_ && id_ != 0) cupsCancelJob2(http_, queue_.c_str(), id_, 0);
+  }
+  NewJob(const NewJob&) = delete;
+  NewJob& operator=(const NewJob&) = delete;
+
+  void send(OpenFile& file, const char* format, bool isLast) {
+    if (cupsStartDocument(http_, queue_.c_str(), id_, file.name.c_str(), format, isLast ? 1 : 0) !=
+        HTTP_STATUS_CONTINUE) {
+      fail();
+    }
+    std::array<char, 1UL << 16U> buffer{};
+    while (file.stream.read(buffer.data(), buffer.size()) || file.stream.gcount() > 0) {
+      const auto length = static_cast<std::size_t>(file.stream.gcount());
+      if (cupsWriteRequestData(http_, buffer.data(), length) != HTTP_STATUS_CONTINUE) fail();
+    }
+    if (cupsFinishDocument(http_, queue_.c_str()) > IPP_STATUS_OK_CONFLICTING) fail();
+    complete_ = isLast;
+  }
+
+  int id() const { return id_; }
+
+ private:
+  [[noreturn]] void fail() const {
+    throw Error(filled(_("The queue {queue} does not take the job: {reason}"),
+                       {{"queue", queue_}, {"reason", cupsLastErrorString()}}));
+  }
+
+  http_t* http_;
+  std::string queue_;
+  int id_;
+  bool complete_ = false;
+};
+
+/// `value` as cupsParseOptions reads it back.
+std::string quotedForCups(const std::string& value) {
+  const bool plain =
+      !value.empty() && value.find_first_of(" \t\r\n\v\f\"'\\{") == std::string::npos;
+  return plain ? value : platform::quoted(value);
+}
+
+std::string quotedForShell(const std::string& word) {
+  constexpr const char* kSafe =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-./=:,+@%";
+  if (word.find_first_not_of(kSafe) == std::string::npos) return word;
+  std::string quoted = "'";
+  for (const char c : word) {
+    if (c == '\'') {
+      quoted += "'\\''";
+    } else {
+      quoted += c;
+    }
+  }
+  return quoted + "'";
+}
+
+}  // namespace
+
+QueueName QueueName::parse(const std::string& text) {
+  const std::size_t slash = text.find('/');
+  if (slash == std::string::npos) return {text, ""};
+  return {text.substr(0, slash), text.substr(slash + 1)};
+}
+
+std::string QueueName::text() const { return instance.empty() ? queue : queue + "/" + instance; }
+
+Queue openQueue(const QueueName& name, int seconds) {
+  const Http http = connected(seconds);
+  const Dest dest = destOf(http.get(), name);
+  Queue queue{nameOf(*dest), {}, ppdOf(http.get(), nameOf(*dest))};
+  for (const cups_option_t& each : optionsOf(*dest)) {
+    if (ppdFindOption(queue.ppd.get(), each.name) != nullptr) {
+      queue.savedOptions.push_back({each.name, each.value});
+    }
+  }
+  return queue;
+}
+
+int submitJob(const QueueName& name, const std::string& title,
+              const std::vector<std::string>& files, const std::vector<Option>& options,
+              int seconds) {
+  std::vector<OpenFile> documents = opened(files);
+  const Http http = connected(seconds);
+  const Dest dest = destOf(http.get(), name);
+  OptionList all;
+  for (const cups_option_t& each : optionsOf(*dest)) all.set({each.name, each.value});
+  for (const Option& each : options) all.set(each);
+  const std::string format = all.value("document-format").value_or(CUPS_FORMAT_AUTO);
+  NewJob job(http.get(), dest->name, title, all);
+  for (OpenFile& each : documents) job.send(each, format.c_str(), &each == &documents.back());
+  return job.id();
+}
+
+std::string lpArguments(const std::vector<Option>& options) {
+  std::string arguments;
+  for (const Option& each : options) {
+    if (!arguments.empty()) arguments += ' ';
+    arguments += "-o " + quotedForShell(each.key + "=" + quotedForCups(each.value));
+  }
+  return arguments;
+}
+
+void saveOptions(const QueueName& name, const std::vector<Option>& options, int seconds) {
+  const Http http = connected(seconds);
+  const QueueName known = nameOf(*destOf(http.get(), {name.queue, ""}));
+  Dests dests;
+  dests.count = cupsGetDests2(http.get(), &dests.list);
+  const char* const instance = orNull(name.instance);
+  dests.count = cupsAddDest(known.queue.c_str(), instance, dests.count, &dests.list);
+  cups_dest_t* const dest = cupsGetDest(known.queue.c_str(), instance, dests.count, dests.list);
+  for (const Option& each : options) {
+    dest->num_options =
+        cupsAddOption(each.key.c_str(), each.value.c_str(), dest->num_options, &dest->options);
+  }
+  if (cupsSetDests2(http.get(), dests.count, dests.list) == 0) return;
+  const std::string reason = cupsLastError() <= IPP_STATUS_OK_CONFLICTING
+                                 ? std::generic_category().message(errno)
+                                 : cupsLastErrorString();
+  throw Error(filled(_("The options of the queue {queue} cannot be saved: {reason}"),
+                     {{"queue", name.text()}, {"reason", reason}}));
+}
+
+}  // namespace cardpanels::host
