@@ -1,7 +1,6 @@
 #include "panels/ThermalLaminatePDE.h"
 
 #include "panels/PanelContract.h"
-#include "plugin/PDELogging.h"
 
 namespace cardpanels {
 
@@ -53,13 +52,7 @@ Text Panel::panelName() { return contract::panelName(*this, "ThermalLaminatePane
 Text Panel::panelKind() { return contract::panelKind(*this, ".ThermalLaminateKind"); }
 
 std::shared_ptr<platform::StringArray> Panel::supportedPPDOptionKeys() {
-  _PDEProlog(this, "supportedPPDOptionKeys:");
-  if (!supportedOptions) {
-    supportedOptions = std::make_shared<platform::StringArray>(2);
-    slots::addSupportedKeys(*this, kSlots, *supportedOptions);
-  }
-  _PDEEpilog(this, "supportedPPDOptionKeys:=NSArray(%@)", supportedOptions);
-  return supportedOptions;
+  return contract::supportedPPDOptionKeys(*this, kSlots, 2);
 }
 
 void Panel::willShow() { contract::willShow(*this); }
@@ -67,32 +60,18 @@ void Panel::willShow() { contract::willShow(*this); }
 bool Panel::shouldHide() { return contract::shouldHide(*this); }
 
 void Panel::PPDOptionKeyValueDidChange_ppdChoice(const Text& key, const Text& choice) {
-  _PDEProlog(this, "PPDOptionKeyValueDidChange:(%@) ppdChoice:(%@)", key, choice);
-  slots::takeHostChange(*this, kSlots, key, choice);
-  _PDEEpilog(this, "PPDOptionKeyValueDidChange:ppdChoice:=void");
+  contract::hostChange(*this, kSlots, key, choice);
 }
 
 bool Panel::restoreValuesAndReturnError(Text* error) {
-  _PDEProlog(this, "restoreValuesAndReturnError:(%p)", static_cast<const void*>(error));
-  contract::restoreMarkedValues(*this);
-  _PDEEpilog(this, "restoreValuesAndReturnError:=BOOL(YES)");
-  return true;
+  return contract::restoreValues(*this, error);
 }
 
-bool Panel::saveValuesAndReturnError(Text* error) {
-  _PDEProlog(this, "saveValuesAndReturnError:(%p)", static_cast<const void*>(error));
-  contract::saveMarkedValues(*this);
-  _PDEEpilog(this, "saveValuesAndReturnError:=BOOL(YES)");
-  return true;
-}
+bool Panel::saveValuesAndReturnError(Text* error) { return contract::saveValues(*this, error); }
 
 void Panel::updateMarkedSelections() { slots::takeMarkedSelections(*this, kSlots); }
 
-void Panel::updateUI() {
-  _PDEProlog(this, "updateUI:");
-  if (hasInited) slots::showSelections(*this, kSlots);
-  _PDEEpilog(this, "updateUI:");
-}
+void Panel::updateUI() { contract::updateUI(*this, kSlots); }
 
 std::int64_t Panel::indexOfMarkedOption_forKey(ppd_option_t* option, const char* key) {
   return slots::indexOfMarkedOption(*this, option, key);
@@ -102,21 +81,10 @@ void Panel::setViewTitleByTag_fromOptions(std::int64_t tag, ppd_option_t* option
   slots::setViewTitleByTag(*this, tag, option);
 }
 
-void Panel::initializeUI() {
-  _PDEProlog(this, "initializeUI:");
-  if (!hasInited) {
-    for (const auto& slot : kSlots) slots::initializePopUp(*this, slot);
-    hasInited = true;
-  }
-  _PDEEpilog(this, "initializeUI:=void");
-}
+void Panel::initializeUI() { contract::initializeUI(*this, kSlots); }
 
 std::shared_ptr<platform::Dictionary> Panel::summaryInfo() {
-  _PDEProlog(this, "summaryInfo:");
-  auto summary = std::make_shared<platform::Dictionary>(2);
-  slots::summarize(*this, kSlots, *summary);
-  _PDEEpilog(this, "summaryInfo:NSDictionary(%@, %p)=", summary, summary);
-  return summary;
+  return contract::summaryInfo(*this, kSlots, 2);
 }
 
 std::shared_ptr<PDEChoice> Panel::selectionForPopUp_withKey(

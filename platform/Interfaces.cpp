@@ -1,5 +1,6 @@
 // The interfaces' destructors stand here, so that host and plug-in share one type record of each
 // and can find one another's optional interfaces.
+#include "platform/AreaStrings.h"
 #include "platform/Bundle.h"
 #include "platform/CallbackObject.h"
 #include "platform/ConstraintHandling.h"
@@ -25,5 +26,6 @@ ConstraintHandling::~ConstraintHandling() = default;
 PrintPanel::~PrintPanel() = default;
 WillPrint::~WillPrint() = default;
 PlugIn::~PlugIn() = default;
+AreaStrings::~AreaStrings() = default;
 
 }  // namespace cardpanels::platform

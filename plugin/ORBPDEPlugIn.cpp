@@ -2,7 +2,12 @@
 
 #include <cups/ppd.h>
 
+#include "panels/AreaStrings.h"
+#include "panels/CardHandlingPDE.h"
+#include "panels/PeelOffPDE.h"
+#include "panels/RibbonPanelsPDE.h"
 #include "panels/ThermalLaminatePDE.h"
+#include "panels/UltravioletPDE.h"
 #include "plugin/PDELogging.h"
 
 namespace cardpanels {
@@ -26,8 +31,17 @@ constexpr struct {
   std::shared_ptr<platform::PrintPanel> (*create)(const Callback&, const PlugInBundle&);
   const char* created;
 } kPanels[] = {
+    {create<RibbonPanelsPDE>,
+     "Creating PDE of type kPrinterModuleTypeIDStr(%@) RibbonPanelsPDE (%p)"},
+    // The text is not the class's name; that is meant.
+    {create<UltravioletPDE>,
+     "Creating PDE of type kPrinterModuleTypeIDStr(%@) UltravioletPanelPDE (%p)"},
+    {create<PeelOffPanelPDE>,
+     "Creating PDE of type kPrinterModuleTypeIDStr(%@) PeelOffPanelPDE (%p)"},
     {create<ThermalLaminatePDE>,
      "Creating PDE of type kPrinterModuleTypeIDStr(%@) ThermalLaminatePDE (%p)"},
+    {create<CardHandlingPDE>,
+     "Creating PDE of type kPrinterModuleTypeIDStr(%@) CardHandlingPDE (%p)"},
 };
 
 void logModel(const ORBPDEPlugIn* self, ppd_file_t* ppd) {
@@ -68,6 +82,16 @@ std::shared_ptr<platform::PanelArray> ORBPDEPlugIn::PDEPanelsForType_withHostInf
   }
   _PDEEpilog(this, "PDEPanelsForType:withHostInfo:=NSArray(%@)", PDEs);
   return PDEs;
+}
+
+const char* ORBPDEPlugIn::formatArea(const char* x, const char* y, const char* width,
+                                     const char* height) {
+  return cardpanels::formatArea(x, y, width, height);
+}
+
+void ORBPDEPlugIn::parseArea(const char* area, const char*& x, const char*& y, const char*& width,
+                             const char*& height) {
+  cardpanels::parseArea(area, x, y, width, height);
 }
 
 }  // namespace cardpanels

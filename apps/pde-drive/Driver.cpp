@@ -1,6 +1,7 @@
 #include "apps/pde-drive/Driver.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "host/Error.h"
 #include "host/PPDFile.h"
 #include "host/PlugInLibrary.h"
+#include "platform/AreaStrings.h"
 #include "platform/WillPrint.h"
 #include "ports/headless/Controls.h"
 #include "ports/headless/HeadlessBundle.h"
@@ -221,6 +223,26 @@ bool performAction(platform::PrintPanel& panel, const std::string& name) {
   return true;
 }
 
+/// A plug-in's functions for areas.
+class AreaStrings {
+ public:
+  explicit AreaStrings(const std::string& bundle)
+      : plugIn_(host::loadPlugIn(bundle)),
+        areas_(dynamic_cast<platform::AreaStrings*>(plugIn_.get())) {
+    if (areas_ == nullptr) throw CommandError(plugIn_->className() + " has no area strings");
+  }
+  platform::AreaStrings* operator->() const { return areas_; }
+
+ private:
+  std::shared_ptr<platform::PlugIn> plugIn_;
+  platform::AreaStrings* areas_;
+};
+
+/// An argument as panels hand their fields' texts over: absent when it is not ASCII.
+const char* ascii(const Text& argument) {
+  return platform::cStringUsingEncoding(argument, platform::StringEncoding::ascii);
+}
+
 }  // namespace
 
 struct Driver::Request {
@@ -307,10 +329,11 @@ std::string Driver::perform(const Words& words) {
     std::size_t mostArguments;
     std::string (Driver::*perform)(const Words&);
   } kCommands[] = {
-      {"panels", 0, 1, &Driver::panels},        {"mark", 2, 2, &Driver::mark},
-      {"unmark", 1, 1, &Driver::unmark},        {"marked", 1, 1, &Driver::marked},
-      {"refuse", 1, SIZE_MAX, &Driver::refuse}, {"grant", 1, SIZE_MAX, &Driver::grant},
-      {"requests", 0, 0, &Driver::requests},
+      {"panels", 0, 1, &Driver::panels},         {"mark", 2, 2, &Driver::mark},
+      {"unmark", 1, 1, &Driver::unmark},         {"marked", 1, 1, &Driver::marked},
+      {"refuse", 1, SIZE_MAX, &Driver::refuse},  {"grant", 1, SIZE_MAX, &Driver::grant},
+      {"requests", 0, 0, &Driver::requests},     {"parseArea", 1, 1, &Driver::parseArea},
+      {"formatArea", 4, 4, &Driver::formatArea},
   };
   const std::string& first = present(words[0]);
   for (const auto& command : kCommands) {
@@ -413,6 +436,21 @@ std::string Driver::requests(const Words& /*arguments*/) {
             (request.granted ? " granted" : " refused");
   }
   return text.empty() ? "nil" : text;
+}
+
+std::string Driver::formatArea(const Words& arguments) {
+  const AreaStrings areas(settings_.bundle);
+  return areas->formatArea(ascii(arguments[0]), ascii(arguments[1]), ascii(arguments[2]),
+                           ascii(arguments[3]));
+}
+
+std::string Driver::parseArea(const Words& arguments) {
+  const AreaStrings areas(settings_.bundle);
+  std::array<const char*, 4> parts{};
+  areas->parseArea(ascii(arguments[0]), parts[0], parts[1], parts[2], parts[3]);
+  std::string text;
+  for (const char* part : parts) text += "(" + std::string(part) + ")";
+  return text;
 }
 
 }  // namespace cardpanels::drive

@@ -61,6 +61,8 @@ class Driver {
   std::string refuse(const Words& arguments);
   std::string grant(const Words& arguments);
   std::string requests(const Words& arguments);
+  std::string formatArea(const Words& arguments);
+  std::string parseArea(const Words& arguments);
 
   std::string panelView(const std::string& name, const Panel& panel);
   void destroy(const std::string& name);

@@ -37,6 +37,9 @@ Commands:
   refuse KEY..., grant KEY...
                             say no to changes of these options, or no longer
   requests                  print and forget what the panels asked for
+  parseArea TEXT            split an area text into its four measurements
+  formatArea X Y WIDTH HEIGHT
+                            join four measurements to an area text
 
 An argument with spaces stands in double quotes, with \" and \\ inside; a bare
 nil is an absent argument; # starts a comment. Exit status: 0, 1 when a command

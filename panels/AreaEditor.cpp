@@ -1,0 +1,50 @@
+#include "panels/AreaEditor.h"
+
+#include "panels/AreaStrings.h"
+
+namespace cardpanels::areas {
+namespace {
+
+using platform::StringEncoding;
+using platform::Text;
+
+Text textIn(const AreaField& field) {
+  if (!field) return std::nullopt;
+  return field->stringValue();
+}
+
+bool isNoArea(const Text& area) { return !area || area == "Default" || area == "0in 0in 0in 0in"; }
+
+}  // namespace
+
+Text areaInFields(const AreaFields& fields) {
+  const Text x = textIn(fields.x);
+  const Text y = textIn(fields.y);
+  const Text width = textIn(fields.width);
+  const Text height = textIn(fields.height);
+  const char* area = formatArea(cStringUsingEncoding(x, StringEncoding::ascii),
+                                cStringUsingEncoding(y, StringEncoding::ascii),
+                                cStringUsingEncoding(width, StringEncoding::ascii),
+                                cStringUsingEncoding(height, StringEncoding::ascii));
+  return stringWithCString(area, StringEncoding::utf8);
+}
+
+void showInFields(const Text& area, const AreaFields& fields) {
+  if (!fields.x || !fields.y || !fields.width || !fields.height) return;
+  std::array<const char*, 4> parts{"", "", "", ""};
+  if (!isNoArea(area)) {
+    parseArea(cStringUsingEncoding(area, StringEncoding::ascii), parts[0], parts[1], parts[2],
+              parts[3]);
+  }
+  // A field may run others' code when it is set, so all parts are copied first.
+  const Text x = stringWithCString(parts[0], StringEncoding::ascii);
+  const Text y = stringWithCString(parts[1], StringEncoding::ascii);
+  const Text width = stringWithCString(parts[2], StringEncoding::ascii);
+  const Text height = stringWithCString(parts[3], StringEncoding::ascii);
+  fields.x->setStringValue(x);
+  fields.y->setStringValue(y);
+  fields.width->setStringValue(width);
+  fields.height->setStringValue(height);
+}
+
+}  // namespace cardpanels::areas
