@@ -121,7 +121,7 @@ class ParameterCheck {
     throw Error(filled(message, {{"option", title_},
                                  {"minimum", minimum},
                                  {"maximum", maximum},
-                                 {"value", platform::onOneLine(value_)}}));
+                                 {"value", platform::onOneLine(std::string(value_))}}));
   }
 
   void checkInteger() const {
@@ -198,7 +198,7 @@ std::string checkedPageSize(ppd_file_t* ppd, const ppd_option_t& option, const s
                        {{"option", titleOf(option)},
                         {"minimum", numberText(minimum.width) + "x" + numberText(minimum.length)},
                         {"maximum", numberText(maximum.width) + "x" + numberText(maximum.length)},
-                        {"value", platform::onOneLine(value)}}));
+                        {"value", platform::onOneLine(std::string(value))}}));
   }
   return std::string(kCustomPrefix) + value;
 }
