@@ -1,10 +1,20 @@
 #include "platform/Object.h"
 
+#include <utility>
+
 #include "platform/Format.h"
 
 namespace cardpanels::platform {
 
-Object::~Object() = default;
+namespace {
+EndObserver endObserver = nullptr;
+}  // namespace
+
+Object::~Object() {
+  if (endObserver != nullptr) endObserver(this);
+}
+
+EndObserver setEndObserver(EndObserver observer) { return std::exchange(endObserver, observer); }
 
 std::string Object::description() const {
   return ("<" + className()).append(": ").append(addressText(this)).append(">");

@@ -19,4 +19,11 @@ class Object {
   virtual std::string description() const;
 };
 
+/// Is told the address of each object that ends.
+using EndObserver = void (*)(const void* address);
+
+/// Makes `observer` the one who is told, null for nobody, and answers who was. For hosts that give
+/// objects names of their own: an address may be used again.
+EndObserver setEndObserver(EndObserver observer);
+
 }  // namespace cardpanels::platform

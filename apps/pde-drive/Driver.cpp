@@ -291,6 +291,7 @@ Driver::Driver(const Settings& settings, std::ostream& out)
   } else {
     callback_ = std::make_shared<host::HostCallback>(job_);
   }
+  if (settings.stableAddresses) addresses_.emplace();
   sinkBefore_ = platform::setLogSink(std::make_shared<TraceSink>(*this));
 }
 
@@ -303,7 +304,7 @@ Driver::~Driver() {
 }
 
 void Driver::print(char mark, std::string_view text) {
-  const std::string line = settings_.stableAddresses ? addresses_.renamed(text) : std::string(text);
+  const std::string line = addresses_ ? addresses_->renamed(text) : std::string(text);
   out_ << mark << ' ' << line << '\n';
 }
 

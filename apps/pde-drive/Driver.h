@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <set>
 #include <string>
@@ -70,7 +71,7 @@ class Driver {
 
   Settings settings_;
   std::ostream& out_;
-  StableAddresses addresses_;
+  std::optional<StableAddresses> addresses_;
   std::shared_ptr<platform::LogSink> sinkBefore_;
   host::JobOptions job_;
   std::set<std::string> refused_;

@@ -2,7 +2,24 @@
 
 #include <cstddef>
 
+#include "platform/Format.h"
+
 namespace cardpanels::drive {
+
+StableAddresses* StableAddresses::current_ = nullptr;
+
+StableAddresses::StableAddresses() : observerBefore_(platform::setEndObserver(objectEnds)) {
+  current_ = this;
+}
+
+StableAddresses::~StableAddresses() {
+  current_ = nullptr;
+  platform::setEndObserver(observerBefore_);
+}
+
+void StableAddresses::objectEnds(const void* address) {
+  current_->names_.erase(platform::addressText(address));
+}
 
 std::string StableAddresses::renamed(std::string_view line) {
   constexpr std::string_view kPrefix = "0x";
@@ -18,7 +35,7 @@ std::string StableAddresses::renamed(std::string_view line) {
       result.append(address);
     } else {
       const auto [entry, isNew] = names_.try_emplace(std::string(address));
-      if (isNew) entry->second = "0x" + std::to_string(names_.size());
+      if (isNew) entry->second = platform::addressText(reinterpret_cast<const void*>(++count_));
       result.append(entry->second);
     }
     line.remove_prefix(end);

@@ -57,7 +57,7 @@ laminate shouldHide
 laminate saveValuesAndReturnError nil
 laminate summaryInfo
 )"),
-            R"(> panels
+            R"-(> panels
 | BEGIN self(<ORBPDEPlugIn: 0x1>) initWithBundle:(<Bundle: 0x2>, 0x2)
 | END self(<ORBPDEPlugIn: 0x1>) initWithBundle:=BOOL(YES)
 | BEGIN self(<ORBPDEPlugIn: 0x1>) PDEPanelsForType:(BDB091F4-E57F-11D3-B5CC-0050E4603277) withHostInfo:(<HostCallback: 0x3>)
@@ -65,7 +65,109 @@ laminate summaryInfo
 |     BEGIN self(<RibbonPanelsPDE: 0x4>) initWithCallback:(<HostCallback: 0x3>, 0x3) andBundle:(<Bundle: 0x2>, 0x2)
 |         LOG self(<RibbonPanelsPDE: 0x4>) Constraint Handling Available: YES
 |     END self(<RibbonPanelsPDE: 0x4>) initWithCallback:=id(nil, nil)
-)");
+|     LOG self(<ORBPDEPlugIn: 0x1>) Creating PDE of type kPrinterModuleTypeIDStr(BDB091F4-E57F-11D3-B5CC-0050E4603277) RibbonPanelsPDE (0x0)
+|     BEGIN self(<UltravioletPDE: 0x5>) initWithCallback:(<HostCallback: 0x3>, 0x3) andBundle:(<Bundle: 0x2> 0x2)
+|         LOG self(<UltravioletPDE: 0x5>) Constraint Handling Available: YES
+|     END self(<UltravioletPDE: 0x5>) initWithCallback:=id(nil, nil)
+|     LOG self(<ORBPDEPlugIn: 0x1>) Creating PDE of type kPrinterModuleTypeIDStr(BDB091F4-E57F-11D3-B5CC-0050E4603277) UltravioletPanelPDE (0x0)
+|     BEGIN self(<PeelOffPanelPDE: 0x6>) initWithCallback:(<HostCallback: 0x3>, 0x3) andBundle:(<Bundle: 0x2> 0x2)
+|         LOG self(<PeelOffPanelPDE: 0x6>) Constraint Handling Available: YES
+|     END self(<PeelOffPanelPDE: 0x6>) initWithCallback:=id(nil, nil)
+|     LOG self(<ORBPDEPlugIn: 0x1>) Creating PDE of type kPrinterModuleTypeIDStr(BDB091F4-E57F-11D3-B5CC-0050E4603277) PeelOffPanelPDE (0x0)
+|     BEGIN self(<ThermalLaminatePDE: 0x7>) initWithCallback:(<HostCallback: 0x3>, 0x3) andBundle:(<Bundle: 0x2> 0x2)
+|         LOG self(<ThermalLaminatePDE: 0x7>) Constraint Handling Available: YES
+|     END self(<ThermalLaminatePDE: 0x7>) initWithCallback:andBundle:=id(self)
+|     LOG self(<ORBPDEPlugIn: 0x1>) Creating PDE of type kPrinterModuleTypeIDStr(BDB091F4-E57F-11D3-B5CC-0050E4603277) ThermalLaminatePDE (0x7)
+|     BEGIN self(<CardHandlingPDE: 0x8>) initWithCallback:(<HostCallback: 0x3>, 0x3) andBundle:(<Bundle: 0x2> 0x2)
+|         LOG self(<CardHandlingPDE: 0x8>) Constraint Handling Available: YES
+|     END self(<CardHandlingPDE: 0x8>) initWithCallback:=id(nil, nil)
+|     LOG self(<ORBPDEPlugIn: 0x1>) Creating PDE of type kPrinterModuleTypeIDStr(BDB091F4-E57F-11D3-B5CC-0050E4603277) CardHandlingPDE (0x0)
+| END self(<ORBPDEPlugIn: 0x1>) PDEPanelsForType:withHostInfo:=NSArray(("<ThermalLaminatePDE: 0x7>"))
+= (ThermalLaminatePDE)
+> laminate panelName
+| BEGIN self(<ThermalLaminatePDE: 0x7>) panelName:
+| END self(<ThermalLaminatePDE: 0x7>) panelName:=NSString(Thermal Laminate)
+= Thermal Laminate
+> laminate panelKind
+| BEGIN self(<ThermalLaminatePDE: 0x7>) panelKind:
+| END self(<ThermalLaminatePDE: 0x7>) panelKind:=NSString(org.cardpanels.ThermalLaminateKind)
+= org.cardpanels.ThermalLaminateKind
+> laminate supportedPPDOptionKeys
+| BEGIN self(<ThermalLaminatePDE: 0x7>) supportedPPDOptionKeys:
+|     LOG self(<ThermalLaminatePDE: 0x7>) Adding laminate option
+| END self(<ThermalLaminatePDE: 0x7>) supportedPPDOptionKeys:=NSArray((cardLaminate))
+= (cardLaminate)
+> laminate restoreValuesAndReturnError nil
+| BEGIN self(<ThermalLaminatePDE: 0x7>) restoreValuesAndReturnError:(0x0)
+|     BEGIN self(<ThermalLaminatePDE: 0x7>) updateUI:
+|     END self(<ThermalLaminatePDE: 0x7>) updateUI:
+| END self(<ThermalLaminatePDE: 0x7>) restoreValuesAndReturnError:=BOOL(YES)
+= YES
+> laminate panelView
+| BEGIN self(<ThermalLaminatePDE: 0x7>) panelView:
+| END self(<ThermalLaminatePDE: 0x7>) panelView:=NSView(<View: 0x9>, 0x9)
+= <View: 0x9>
+> laminate willShow
+| BEGIN self(<ThermalLaminatePDE: 0x7>) willShow:
+|     BEGIN self(<ThermalLaminatePDE: 0x7>) initializeUI:
+|         LOG self(<ThermalLaminatePDE: 0x7>) initializing laminate
+|     END self(<ThermalLaminatePDE: 0x7>) initializeUI:=void
+|     BEGIN self(<ThermalLaminatePDE: 0x7>) updateUI:
+|     END self(<ThermalLaminatePDE: 0x7>) updateUI:
+| END self(<ThermalLaminatePDE: 0x7>) willShow:=void
+= void
+> laminate state frontLaminatePopUp
+= items=("None", "Front Side", "Back Side", "Both Sides") selected=0 enabled=YES hidden=NO
+> laminate pick frontLaminatePopUp 1
+| BEGIN self(<ThermalLaminatePDE: 0x7>) doSelectionForPopUp:(<PopUpButton: 0xa>) withKey:(cardLaminate)
+|     LOG self(<ThermalLaminatePDE: 0x7>) selected index: 1
+|     LOG self(<ThermalLaminatePDE: 0x7>) selected request: <PDEChoice 0xb userTitle:"Front Side" ppdTitle:"Front" marked:NO choice:2 of 4>
+| END self(<ThermalLaminatePDE: 0x7>) doSelectionForPopUp:withKey:=PDEChoice((null))
+| BEGIN self(<ThermalLaminatePDE: 0x7>) updateUI:
+| END self(<ThermalLaminatePDE: 0x7>) updateUI:
+= void
+> requests
+= cardLaminate=Front granted
+> refuse cardLaminate
+= void
+> laminate pick frontLaminatePopUp 3
+| BEGIN self(<ThermalLaminatePDE: 0x7>) doSelectionForPopUp:(<PopUpButton: 0xa>) withKey:(cardLaminate)
+|     LOG self(<ThermalLaminatePDE: 0x7>) selected index: 3
+|     LOG self(<ThermalLaminatePDE: 0x7>) selected request: <PDEChoice 0xc userTitle:"Both Sides" ppdTitle:"Both" marked:NO choice:4 of 4>
+| END self(<ThermalLaminatePDE: 0x7>) doSelectionForPopUp:withKey:=PDEChoice((null))
+| BEGIN self(<ThermalLaminatePDE: 0x7>) updateUI:
+| END self(<ThermalLaminatePDE: 0x7>) updateUI:
+= void
+> requests
+= cardLaminate=Both refused
+> laminate state frontLaminatePopUp
+= items=("None", "Front Side", "Back Side", "Both Sides") selected=1 enabled=YES hidden=NO
+> mark cardLaminate Back
+= void
+> laminate PPDOptionKeyValueDidChange_ppdChoice cardLaminate Back
+| BEGIN self(<ThermalLaminatePDE: 0x7>) PPDOptionKeyValueDidChange:(cardLaminate) ppdChoice:(Back)
+|     LOG self(<ThermalLaminatePDE: 0x7>) new choice is Back Side/Back
+| END self(<ThermalLaminatePDE: 0x7>) PPDOptionKeyValueDidChange:ppdChoice:=void
+= void
+> laminate updateUI
+| BEGIN self(<ThermalLaminatePDE: 0x7>) updateUI:
+| END self(<ThermalLaminatePDE: 0x7>) updateUI:
+= void
+> laminate state frontLaminatePopUp
+= items=("None", "Front Side", "Back Side", "Both Sides") selected=2 enabled=YES hidden=NO
+> laminate shouldHide
+| BEGIN self(<ThermalLaminatePDE: 0x7>) shouldHide:
+| END self(<ThermalLaminatePDE: 0x7>) shouldHide:=BOOL(YES)
+= YES
+> laminate saveValuesAndReturnError nil
+| BEGIN self(<ThermalLaminatePDE: 0x7>) saveValuesAndReturnError:(0x0)
+| END self(<ThermalLaminatePDE: 0x7>) saveValuesAndReturnError:=BOOL(YES)
+= YES
+> laminate summaryInfo
+| BEGIN self(<ThermalLaminatePDE: 0x7>) summaryInfo:
+| END self(<ThermalLaminatePDE: 0x7>) summaryInfo:NSDictionary({"Card Laminate" = "Back Side"; }, 0xd)=
+= {"Card Laminate" = "Back Side"; }
+)-");
 }
 
 TEST(ThermalLaminate, WithoutConstraintHandlingSaysNOAndKeepsTheChoiceItself) {
@@ -85,8 +187,8 @@ TEST(ThermalLaminate, WithoutConstraintHandlingSavesNothing) {
       "panels\nlaminate panelView\nlaminate willShow\n"
       "laminate pick frontLaminatePopUp 2");
   EXPECT_EQ(driver.trace("laminate saveValuesAndReturnError"),
-            "BEGIN self(<ThermalLaminatePDE: 0x4>) saveValuesAndReturnError:(0x0)\n"
-            "END self(<ThermalLaminatePDE: 0x4>) saveValuesAndReturnError:=BOOL(YES)\n");
+            "BEGIN self(<ThermalLaminatePDE: 0x7>) saveValuesAndReturnError:(0x0)\n"
+            "END self(<ThermalLaminatePDE: 0x7>) saveValuesAndReturnError:=BOOL(YES)\n");
   EXPECT_EQ(driver.result("marked cardLaminate"), "None");
 }
 
