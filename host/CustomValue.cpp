@@ -198,7 +198,7 @@ std::string checkedPageSize(ppd_file_t* ppd, const ppd_option_t& option, const s
                        {{"option", titleOf(option)},
                         {"minimum", numberText(minimum.width) + "x" + numberText(minimum.length)},
                         {"maximum", numberText(maximum.width) + "x" + numberText(maximum.length)},
-                        {"value", platform::onOneLine(std::string(value))}}));
+                        {"value", platform::onOneLine(value)}}));
   }
   return std::string(kCustomPrefix) + value;
 }
