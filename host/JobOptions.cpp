@@ -335,7 +335,8 @@ bool JobOptions::applyResolution(ppd_option_t& option) {
   for (const Option& each : resolved.options()) {
     ppd_option_t* const other = find(each.key);
     if (other == &option) continue;
-    if (other == nullptr) return false;
+    // The card lies in the printer: its size is nothing to change unasked.
+    if (other == nullptr || isPageSize(*other)) return false;
     set(*other, markFor(*other, each.value));
   }
   return true;

@@ -1,0 +1,284 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <filesystem>
+
+#include "host/Error.h"
+#include "host/JobOptions.h"
+#include "host/Queue.h"
+#include "tests/support/PrivatePrintServer.h"
+#include "tests/support/Process.h"
+#include "tests/support/TestPPD.h"
+
+namespace cardpanels::host {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Pair;
+using Options = std::vector<Option>;
+
+template <typename Action>
+std::string errorOf(Action action) {
+  try {
+    action();
+  } catch (const Error& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+std::string cardPPD() {
+  return test::testPPD({test::laminateOption()},
+                       test::testAreaOption("area") +
+                           "*OpenUI *Mark/Watermark: PickOne\n*DefaultMark: None\n"
+                           "*Mark None/None: \"\"\n*CloseUI: *Mark\n"
+                           "*CustomMark True/Other: \"pop pop\"\n"
+                           "*ParamCustomMark Text/Text: 1 string 0 20\n"
+                           "*ParamCustomMark Size/Size: 2 int 1 9\n");
+}
+
+/// A server with the queue `card`, shared by the tests, and a file to print.
+class AtAServer : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    server = std::make_unique<test::PrivatePrintServer>();
+    server->addQueue("card", cardPPD());
+  }
+  static void TearDownTestSuite() { server.reset(); }
+
+  std::map<std::string, std::string> submitted(const Options& options) const {
+    return server->job(submitJob({"card", ""}, "Badges", {file}, options));
+  }
+
+  static std::unique_ptr<test::PrivatePrintServer> server;
+  test::TemporaryFolder folder;
+  std::string file = folder.write("badge.txt", "a badge\n");
+};
+
+std::unique_ptr<test::PrivatePrintServer> AtAServer::server;
+
+TEST(QueueNames, ATextIsReadAsQueueAndInstance) {
+  EXPECT_EQ(QueueName::parse("card"), (QueueName{"card", ""}));
+  EXPECT_EQ(QueueName::parse("card/gold"), (QueueName{"card", "gold"}));
+  EXPECT_EQ(QueueName::parse("card/gold").text(), "card/gold");
+  EXPECT_EQ(QueueName::parse("").text(), "");
+}
+
+TEST_F(AtAServer, AQueueGivesItsPPD) {
+  const Queue queue = openQueue({"card", ""});
+  EXPECT_EQ(queue.name, (QueueName{"card", ""}));
+  EXPECT_NE(ppdFindOption(queue.ppd.get(), "cardLaminate"), nullptr);
+  EXPECT_THAT(queue.savedOptions, IsEmpty());
+}
+
+TEST_F(AtAServer, ThePPDsTemporaryFileIsRemoved) {
+  setenv("TMPDIR", folder.path().c_str(), 1);
+  const Queue queue = openQueue({"card", ""});
+  unsetenv("TMPDIR");
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+    EXPECT_EQ(entry.path(), file);
+  }
+}
+
+TEST_F(AtAServer, WithoutANameTheDefaultQueueIsMeant) {
+  server->setDefault("card");
+  EXPECT_EQ(openQueue({}).name, (QueueName{"card", ""}));
+}
+
+TEST_F(AtAServer, AnUnknownQueueIsTold) {
+  EXPECT_EQ(errorOf([] {
+              openQueue({"cord", ""});
+            }),
+            "The print server " + server->address() + " has no queue cord.");
+}
+
+TEST_F(AtAServer, AnUnknownInstanceIsTold) {
+  EXPECT_EQ(errorOf([] {
+              openQueue({"card", "silver"});
+            }),
+            "The queue card has no instance silver.");
+}
+
+TEST_F(AtAServer, AQueueWithoutPPDIsTold) {
+  server->addQueue("raw", "");
+  EXPECT_EQ(errorOf([] { openQueue({"raw", ""}); }), "The queue raw has no PPD.");
+}
+
+TEST_F(AtAServer, SavedOptionsOfTheUserComeWithTheQueue) {
+  server->addQueue("saved", cardPPD());
+  server->saveOptions("saved", "cardLaminate=Front copies=2 area=\"Custom.1in 1in 2in 2in\"");
+  EXPECT_EQ(openQueue({"saved", ""}).savedOptions,
+            (Options{{"area", "Custom.1in 1in 2in 2in"}, {"cardLaminate", "Front"}}));
+}
+
+TEST_F(AtAServer, SavedOptionsOfAnInstanceAreItsOwn) {
+  server->addQueue("many", cardPPD());
+  saveOptions({"many", "gold"}, {{"cardLaminate", "Both"}});
+  EXPECT_EQ(openQueue({"many", "gold"}).savedOptions, (Options{{"cardLaminate", "Both"}}));
+  EXPECT_THAT(openQueue({"many", ""}).savedOptions, IsEmpty());
+}
+
+TEST_F(AtAServer, SavingLeavesOtherSavedOptionsAlone) {
+  server->addQueue("kept", cardPPD());
+  server->saveOptions("kept", "copies=3 cardLaminate=Front");
+  saveOptions({"kept", "gold"}, {{"cardLaminate", "Both"}});
+  saveOptions({"kept", ""}, {{"cardLaminate", "Back"}});
+  EXPECT_EQ(openQueue({"kept", ""}).savedOptions, (Options{{"cardLaminate", "Back"}}));
+  EXPECT_EQ(openQueue({"kept", "gold"}).savedOptions, (Options{{"cardLaminate", "Both"}}));
+  EXPECT_THAT(test::runCommand("lpoptions -p kept").output, HasSubstr("copies=3"));
+}
+
+TEST_F(AtAServer, AnySavedValueComesBackExactly) {
+  server->addQueue("exact", cardPPD());
+  const std::string area = "Custom.1\" 2\" '3\\ $HOME";
+  saveOptions({"exact", ""}, {{"area", area}, {"Mark", "{Text=\"a \\\"b\\\"\" Size=3}"}});
+  EXPECT_EQ(openQueue({"exact", ""}).savedOptions,
+            (Options{{"area", area}, {"Mark", "{Text=\"a \\\"b\\\"\" Size=3}"}}));
+}
+
+TEST_F(AtAServer, AJobCarriesItsTitleAndOptions) {
+  const auto job = submitted({{"cardLaminate", "Front"}, {"area", "Custom.1in 1in 2in 2in"}});
+  EXPECT_THAT(job, Contains(Pair("job-name", "Badges")));
+  EXPECT_THAT(job, Contains(Pair("cardLaminate", "Front")));
+  EXPECT_THAT(job, Contains(Pair("area", "Custom.1in 1in 2in 2in")));
+}
+
+TEST_F(AtAServer, AJobCarriesHostileValuesExactly) {
+  for (const std::string value :
+       {"Custom.1\" 1\" 2\" 2\"", "Custom.a'b\\c, d=$(x) {y}", "Custom.größer, ¼in", "Custom."}) {
+    EXPECT_THAT(submitted({{"area", value}}), Contains(Pair("area", value)));
+  }
+}
+
+TEST_F(AtAServer, AJobCarriesSeveralParametersAsACollection) {
+  const auto job = submitted({{"Mark", "{Text=\"a b\" Size=3}"}});
+  EXPECT_EQ(OptionList::parsed(job.at("Mark")).options(),
+            (Options{{"Size", "3"}, {"Text", "a b"}}));
+}
+
+TEST_F(AtAServer, ADefaultThatTheJobNamesWinsOverTheSavedOption) {
+  server->addQueue("own", cardPPD());
+  server->saveOptions("own", "cardLaminate=Front copies=2");
+  JobOptions options(openQueue({"own", ""}).ppd);
+  options.markSaved(openQueue({"own", ""}).savedOptions);
+  options.request("cardLaminate", "None");
+  const auto job = server->job(submitJob({"own", ""}, "Badges", {file}, options.options()));
+  EXPECT_THAT(job, Contains(Pair("cardLaminate", "None")));
+  EXPECT_THAT(job, Contains(Pair("copies", "2")));
+}
+
+TEST_F(AtAServer, AllFilesMakeOneJob) {
+  const int before = server->jobCount();
+  const auto second = folder.write("back.txt", "the back\n");
+  const auto job = server->job(submitJob({"card", ""}, "Badges", {file, second}, {}));
+  EXPECT_THAT(job, Contains(Pair("number-of-documents", "2")));
+  EXPECT_EQ(server->jobCount(), before + 1);
+}
+
+TEST_F(AtAServer, AFileThatCannotBeReadIsToldAndNothingIsPrinted) {
+  const int before = server->jobCount();
+  const std::string none = (folder.path() / "none").string();
+  const std::string directory = folder.path().string();
+  EXPECT_EQ(errorOf([&] {
+              submitJob({"card", ""}, "Badges", {file, none}, {});
+            }),
+            none + ": No such file or directory");
+  EXPECT_EQ(errorOf([&] {
+              submitJob({"card", ""}, "Badges", {directory}, {});
+            }),
+            directory + ": Is a directory");
+  EXPECT_EQ(errorOf([&] {
+              submitJob({"card", ""}, "Badges", {}, {});
+            }),
+            "There is no file to print.");
+  EXPECT_EQ(server->jobCount(), before);
+}
+
+TEST_F(AtAServer, AJobForAnUnknownQueueIsTold) {
+  EXPECT_THAT(errorOf([&] {
+                submitJob({"cord", ""}, "Badges", {file}, {});
+              }),
+              HasSubstr("has no queue cord."));
+}
+
+TEST_F(AtAServer, LpArgumentsPrintTheSameOptions) {
+  const Options options = {{"area", "Custom.1\" 1\" 2\" '2'\\ $HOME"}, {"cardLaminate", "Back"}};
+  const auto lp = test::runCommand("lp -d card " + lpArguments(options) + " " + file);
+  ASSERT_EQ(lp.status, 0) << lp.errors;
+  const auto job = server->job(std::stoi(lp.output.substr(lp.output.find('-') + 1)));
+  for (const Option& each : options) EXPECT_THAT(job, Contains(Pair(each.key, each.value)));
+}
+
+class WithoutAServer : public testing::Test {
+ protected:
+  void SetUp() override { cupsSetServer(address.c_str()); }
+  void TearDown() override { cupsSetServer(nullptr); }
+
+  test::TemporaryFolder folder;
+  std::string address = (folder.path() / "cups.sock").string();
+};
+
+TEST_F(WithoutAServer, AServerThatIsNotThereIsTold) {
+  EXPECT_THAT(errorOf([] {
+                openQueue({"card", ""}, 1);
+              }),
+              HasSubstr("The print server " + address + " cannot be asked: "));
+}
+
+TEST_F(WithoutAServer, ThereIsNoDefaultQueueOnAServerWithoutQueues) {
+  const test::PrivatePrintServer empty;
+  EXPECT_EQ(errorOf([] { openQueue({}); }), "There is no default queue; name one.");
+}
+
+TEST_F(WithoutAServer, AServerThatAcceptsAndSaysNothingIsGivenUp) {
+  const int silent = socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un name{};
+  name.sun_family = AF_UNIX;
+  std::strncpy(name.sun_path, address.c_str(), sizeof(name.sun_path) - 1);
+  ASSERT_EQ(bind(silent, reinterpret_cast<const sockaddr*>(&name), sizeof(name)), 0);
+  ASSERT_EQ(listen(silent, 8), 0);
+  EXPECT_THAT(errorOf([] { openQueue({"card", ""}, 1); }), HasSubstr("cannot be asked: "));
+  EXPECT_THAT(errorOf([] { openQueue({}, 1); }), HasSubstr("cannot be asked: "));
+  close(silent);
+}
+
+// What is pasted into a shell
+
+/// What `lp` would make of `arguments` in a shell.
+Options readBack(const std::string& arguments) {
+  const auto shell = test::runCommand("printf '%s\\0' " + arguments);
+  OptionList options;
+  std::string_view rest = shell.output;
+  while (!rest.empty()) {
+    const std::string word(rest.substr(0, rest.find('\0')));
+    rest.remove_prefix(word.size() + 1);
+    if (word == "-o") continue;
+    options.count = cupsParseOptions(word.c_str(), options.count, &options.list);
+  }
+  return options.options();
+}
+
+TEST(LpArguments, PlainOptionsStandPlain) {
+  EXPECT_EQ(lpArguments({{"cardLaminate", "Front"}, {"area", "Custom.1in 1in 2in 2in"}}),
+            "-o cardLaminate=Front -o 'area=\"Custom.1in 1in 2in 2in\"'");
+  EXPECT_EQ(lpArguments({}), "");
+}
+
+TEST(LpArguments, AShellAndLpReadEveryValueBack) {
+  for (const std::string value :
+       {"Front", "Custom.1in 1in 2in 2in", "Custom.1\" 1\" 2\" 2\"", "Custom.it's", "Custom.a\\b",
+        "Custom.$HOME `id` $(id)", "Custom.\"'\\\"'", "{Text=\"a b\" Size=3}", "Custom.{x} y",
+        "Custom.a,b", "Custom.a=b", "Custom.größer", "Custom.*?[a]~#!&|;<>()", "Custom.\\", "-x",
+        "", "true", "Custom.line\nend"}) {
+    EXPECT_EQ(readBack(lpArguments({{"area", value}})), (Options{{"area", value}})) << value;
+  }
+}
+
+}  // namespace
+}  // namespace cardpanels::host

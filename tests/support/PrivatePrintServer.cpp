@@ -1,0 +1,194 @@
+#include "tests/support/PrivatePrintServer.h"
+
+#include <cups/cups.h>
+#include <pwd.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+#include "platform/Text.h"
+#include "tests/support/Process.h"
+
+namespace cardpanels::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct HttpCloser {
+  void operator()(http_t* http) const { httpClose(http); }
+};
+using Http = std::unique_ptr<http_t, HttpCloser>;
+
+struct IppDeleter {
+  void operator()(ipp_t* ipp) const { ippDelete(ipp); }
+};
+using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
+
+constexpr int kOneSecond = 1000;
+
+std::string userName() {
+  const passwd* const entry = getpwuid(getuid());
+  return entry == nullptr ? "nobody" : entry->pw_name;
+}
+
+std::string attributeText(ipp_attribute_t* attribute);
+
+/// A collection as an option's value: `{Name="value" …}`.
+std::string collectionText(ipp_t* collection) {
+  std::string text = "{";
+  for (auto* each = ippFirstAttribute(collection); each != nullptr;
+       each = ippNextAttribute(collection)) {
+    if (text.size() > 1) text += ' ';
+    text += std::string(ippGetName(each)) + "=" + platform::quoted(attributeText(each));
+  }
+  return text + "}";
+}
+
+std::string attributeText(ipp_attribute_t* attribute) {
+  if (ippGetValueTag(attribute) == IPP_TAG_BEGIN_COLLECTION) {
+    return collectionText(ippGetCollection(attribute, 0));
+  }
+  // ippAttributeString would escape quotes.
+  const char* const exact = ippGetString(attribute, 0, nullptr);
+  if (exact != nullptr && ippGetCount(attribute) == 1) return exact;
+  std::string text(2048, '\0');
+  text.resize(ippAttributeString(attribute, text.data(), text.size()));
+  return text;
+}
+
+}  // namespace
+
+PrivatePrintServer::PrivatePrintServer() : address_((folder_.path() / "cups.sock").string()) {
+  setVariable("CUPS_SERVER", address_);
+  setVariable("CUPS_SERVERROOT", folder_.path().string());
+  setVariable("HOME", home());
+  cupsSetServer(address_.c_str());
+  writeConfiguration();
+  start();
+  waitUntilItAnswers();
+}
+
+PrivatePrintServer::~PrivatePrintServer() {
+  if (process_ > 0) {
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
+  }
+  cupsSetServer(nullptr);
+  for (const auto& [name, value] : variablesBefore_) {
+    if (value.empty()) {
+      unsetenv(name.c_str());
+    } else {
+      setenv(name.c_str(), value.c_str(), 1);
+    }
+  }
+}
+
+void PrivatePrintServer::setVariable(const char* name, const std::string& value) {
+  const char* const before = std::getenv(name);
+  variablesBefore_[name] = before == nullptr ? "" : before;
+  setenv(name, value.c_str(), 1);
+}
+
+void PrivatePrintServer::writeConfiguration() const {
+  const std::string root = folder_.path().string();
+  for (const char* name : {"home", "log", "spool", "cache", "state", "tmp"}) {
+    std::filesystem::create_directory(folder_.path() / name);
+  }
+  folder_.write("cups-files.conf", "ServerRoot " + root + "\nRequestRoot " + root +
+                                       "/spool\nCacheDir " + root + "/cache\nStateDir " + root +
+                                       "/state\nTempDir " + root + "/tmp\nErrorLog " + root +
+                                       "/log/error_log\nAccessLog " + root +
+                                       "/log/access_log\nPageLog " + root +
+                                       "/log/page_log\nDataDir /usr/share/cups\n"
+                                       "ServerBin /usr/lib/cups\nFileDevice Yes\n"
+                                       "SystemGroup root\n" +
+                                       (getuid() == 0 ? "" : "User " + userName() + "\n"));
+  folder_.write("cupsd.conf", "Listen " + address_ +
+                                  "\nBrowsing Off\nLogLevel debug\nWebInterface No\n"
+                                  "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
+                                  "Allow all\n</Location>\n<Policy default>\n"
+                                  "JobPrivateValues none\nSubscriptionPrivateValues none\n"
+                                  "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
+                                  "</Policy>\n");
+}
+
+void PrivatePrintServer::start() {
+  const std::string configuration = (folder_.path() / "cupsd.conf").string();
+  const std::string files = (folder_.path() / "cups-files.conf").string();
+  process_ = fork();
+  if (process_ != 0) return;
+  prctl(PR_SET_PDEATHSIG, SIGTERM);
+  unsetenv("LD_PRELOAD");
+  execl("/usr/sbin/cupsd", "cupsd", "-f", "-c", configuration.c_str(), "-s", files.c_str(),
+        nullptr);
+  _exit(127);
+}
+
+void PrivatePrintServer::waitUntilItAnswers() {
+  for (const auto limit = std::chrono::steady_clock::now() + 20s;
+       std::chrono::steady_clock::now() < limit; std::this_thread::sleep_for(20ms)) {
+    if (waitpid(process_, nullptr, WNOHANG) != 0) {
+      process_ = 0;
+      throw std::runtime_error("cupsd ended: " + log());
+    }
+    const Http http(httpConnect2(address_.c_str(), ippPort(), nullptr, AF_UNSPEC,
+                                 HTTP_ENCRYPTION_IF_REQUESTED, 1, kOneSecond, nullptr));
+    if (http) return;
+  }
+  throw std::runtime_error("cupsd does not answer: " + log());
+}
+
+void PrivatePrintServer::run(const std::string& command) const {
+  const Finished finished = runCommand("PATH=$PATH:/usr/sbin; " + command);
+  if (finished.status != 0) throw std::runtime_error(command + ": " + finished.errors);
+}
+
+void PrivatePrintServer::addQueue(const std::string& name, const std::string& ppd) {
+  const std::string out = (folder_.path() / (name + ".prn")).string();
+  const std::string model = ppd.empty() ? "-m raw" : "-P " + folder_.write(name + ".ppd", ppd);
+  run("lpadmin -p " + name + " -v file:" + out + " " + model);
+  run("cupsaccept " + name);
+}
+
+void PrivatePrintServer::setDefault(const std::string& name) { run("lpadmin -d " + name); }
+
+void PrivatePrintServer::saveOptions(const std::string& name, const std::string& options) {
+  run("lpoptions -p " + name + " -o '" + options + "'");
+}
+
+std::map<std::string, std::string> PrivatePrintServer::job(int id) const {
+  const Http http(httpConnect2(address_.c_str(), ippPort(), nullptr, AF_UNSPEC,
+                               HTTP_ENCRYPTION_IF_REQUESTED, 1, kOneSecond, nullptr));
+  ipp_t* const request = ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES);
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr,
+               ("ipp://localhost/jobs/" + std::to_string(id)).c_str());
+  const Ipp answer(cupsDoRequest(http.get(), request, "/"));
+  std::map<std::string, std::string> attributes;
+  for (auto* each = ippFirstAttribute(answer.get()); each != nullptr;
+       each = ippNextAttribute(answer.get())) {
+    const char* const name = ippGetName(each);
+    if (name != nullptr && ippGetGroupTag(each) == IPP_TAG_JOB) {
+      attributes[name] = attributeText(each);
+    }
+  }
+  return attributes;
+}
+
+int PrivatePrintServer::jobCount() const {
+  const Http http(httpConnect2(address_.c_str(), ippPort(), nullptr, AF_UNSPEC,
+                               HTTP_ENCRYPTION_IF_REQUESTED, 1, kOneSecond, nullptr));
+  cups_job_t* jobs = nullptr;
+  const int count = cupsGetJobs2(http.get(), &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
+  cupsFreeJobs(count, jobs);
+  return count;
+}
+
+}  // namespace cardpanels::test

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace cardpanels::test {
+
+/// A print server of a test's own: a real cupsd with all its files in a temporary folder, ended and
+/// removed with this. While it lives, libcups and the programs that the test starts use it, with
+/// saved options of their own: `CUPS_SERVER`, `CUPS_SERVERROOT` and `HOME` lead there. Works for
+/// root and for a normal user. One at a time, and made before a test uses libcups otherwise: that
+/// reads where saved options lie only once in a thread.
+class PrivatePrintServer {
+ public:
+  /// Starts cupsd and waits until it answers. Throws when it does not.
+  PrivatePrintServer();
+  ~PrivatePrintServer();
+  PrivatePrintServer(const PrivatePrintServer&) = delete;
+  PrivatePrintServer& operator=(const PrivatePrintServer&) = delete;
+
+  /// The socket, as `CUPS_SERVER` takes it.
+  const std::string& address() const { return address_; }
+
+  /// Where the user's saved options lie below.
+  std::string home() const { return (folder_.path() / "home").string(); }
+
+  /// Adds the queue `name` with the PPD text `ppd`; a raw one when that is empty. It accepts jobs
+  /// and keeps them: nothing is sent anywhere.
+  void addQueue(const std::string& name, const std::string& ppd);
+
+  /// Makes `name` the server's default.
+  void setDefault(const std::string& name);
+
+  /// Saves `options` (`KEY=VALUE …`, as `lpoptions -o` takes them) under `name`.
+  void saveOptions(const std::string& name, const std::string& options);
+
+  /// The attributes of job `id` as the server received them, as texts: options, `job-name`, …
+  std::map<std::string, std::string> job(int id) const;
+
+  /// The number of jobs that the server has been given.
+  int jobCount() const;
+
+  /// The server's log at debug level.
+  std::string log() const { return fileContent(folder_.path() / "log" / "error_log"); }
+
+ private:
+  void writeConfiguration() const;
+  void start();
+  void waitUntilItAnswers();
+  void run(const std::string& command) const;
+  void setVariable(const char* name, const std::string& value);
+
+  TemporaryFolder folder_;
+  std::string address_;
+  std::map<std::string, std::string> variablesBefore_;
+  pid_t process_ = 0;
+};
+
+}  // namespace cardpanels::test
