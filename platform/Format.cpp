@@ -51,21 +51,11 @@ class Formatter {
     readPrecision(conversion);
     if (!rest_.empty()) conversion.specifier = rest_.front();
     switch (conversion.specifier) {
-      case '%':
-        out_ += '%';
-        break;
-      case '@':
-        putObject(conversion);
-        break;
-      case 's':
-        putText(conversion, textOf(take(), Argument::Kind::cString));
-        break;
-      case 'p':
-        putText(conversion, addressText(takePointer()));
-        break;
-      case 'i':
-        putInteger(conversion, takeInteger());
-        break;
+      case '%': out_ += '%'; break;
+      case '@': putObject(conversion); break;
+      case 's': putText(conversion, textOf(take(), Argument::Kind::cString)); break;
+      case 'p': putText(conversion, addressText(takePointer())); break;
+      case 'i': putInteger(conversion, takeInteger()); break;
       default:
         next_ = argumentBefore;
         out_ += start.front();
@@ -78,22 +68,14 @@ class Formatter {
   void readFlags(Conversion& conversion) {
     for (; !rest_.empty(); rest_.remove_prefix(1)) {
       switch (rest_.front()) {
-        case '-':
-          conversion.leftJustified = true;
-          break;
-        case '0':
-          conversion.zeroPadded = true;
-          break;
-        case '+':
-          conversion.sign = '+';
-          break;
+        case '-': conversion.leftJustified = true; break;
+        case '0': conversion.zeroPadded = true; break;
+        case '+': conversion.sign = '+'; break;
         case ' ':
           if (conversion.sign == '\0') conversion.sign = ' ';
           break;
-        case '#':
-          break;
-        default:
-          return;
+        case '#': break;
+        default: return;
       }
     }
   }

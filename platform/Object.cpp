@@ -17,7 +17,9 @@ Object::~Object() {
 EndObserver setEndObserver(EndObserver observer) { return std::exchange(endObserver, observer); }
 
 std::string Object::description() const {
-  return ("<" + className()).append(": ").append(addressText(this)).append(">");
+  std::string text;
+  text.reserve(64);
+  return text.append("<").append(className()).append(": ").append(addressText(this)).append(">");
 }
 
 }  // namespace cardpanels::platform

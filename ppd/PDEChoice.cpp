@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstring>
-#include <mutex>
 
 #include "platform/Format.h"
 #include "plugin/PDELogging.h"
@@ -22,8 +21,8 @@ void initialize() {
 }
 
 void initializeOnce() {
-  static std::once_flag once;
-  std::call_once(once, initialize);
+  static const bool initialized = (initialize(), true);
+  (void)initialized;
 }
 
 /// The 1-based place of `choice` among its option's choices, 0 when it is not one of them.
@@ -43,7 +42,7 @@ std::shared_ptr<PDEChoice> PDEChoice::choiceWithChoice(ppd_choice_t* choice) {
 
 std::shared_ptr<PDEChoice> PDEChoice::initWithChoice(ppd_choice_t* choice) {
   initializeOnce();
-  return std::shared_ptr<PDEChoice>(new PDEChoice(choice));
+  return std::make_shared<PDEChoice>(choice, Private());
 }
 
 Text PDEChoice::userTitle() const {

@@ -15,7 +15,12 @@ namespace cardpanels {
 /// wrapped record belongs to the host's PPD, which must stay open; its texts must be UTF-8 and its
 /// keyword ASCII.
 class PDEChoice final : public platform::Object {
+  struct Private {};
+
  public:
+  /// For `initWithChoice`.
+  PDEChoice(ppd_choice_t* choice, Private /*key*/) : choice_(choice) {}
+
   /// A new wrapper of `choice`, which must not be null.
   static std::shared_ptr<PDEChoice> choiceWithChoice(ppd_choice_t* choice);
   static std::shared_ptr<PDEChoice> initWithChoice(ppd_choice_t* choice);
@@ -36,8 +41,6 @@ class PDEChoice final : public platform::Object {
   std::string description() const override;
 
  private:
-  explicit PDEChoice(ppd_choice_t* choice) : choice_(choice) {}
-
   mutable platform::Text userTitle_;
   mutable platform::Text ppdTitle_;
   ppd_choice_t* choice_;

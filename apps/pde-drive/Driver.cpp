@@ -18,7 +18,6 @@
 namespace cardpanels::drive {
 namespace {
 
-using platform::Object;
 using platform::quoted;
 using platform::Text;
 using Words = Driver::Words;

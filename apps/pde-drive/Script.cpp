@@ -23,14 +23,10 @@ std::size_t endOfWord(std::string_view line, std::size_t start) {
 char escaped(char c) {
   switch (c) {
     case '"':
-    case '\\':
-      return c;
-    case 'n':
-      return '\n';
-    case 't':
-      return '\t';
-    default:
-      throw CommandError(std::string("unknown escape \\") + c);
+    case '\\': return c;
+    case 'n': return '\n';
+    case 't': return '\t';
+    default: throw CommandError(std::string("unknown escape \\") + c);
   }
 }
 

@@ -68,26 +68,13 @@ Arguments parse(int argc, char** argv) {
   Arguments arguments;
   for (int option = 0; (option = getopt_long(argc, argv, "", kOptions, nullptr)) != -1;) {
     switch (option) {
-      case ppd:
-        arguments.settings.ppd = optarg;
-        break;
-      case bundle:
-        arguments.settings.bundle = optarg;
-        break;
-      case noConstraintHandling:
-        arguments.settings.constraintHandling = false;
-        break;
-      case stable:
-        arguments.settings.stableAddresses = true;
-        break;
-      case help:
-        arguments.text = kHelp;
-        return arguments;
-      case version:
-        arguments.text = "pde-drive " CARDPANELS_VERSION "\n";
-        return arguments;
-      default:
-        throw UsageError("");  // getopt_long has told
+      case ppd: arguments.settings.ppd = optarg; break;
+      case bundle: arguments.settings.bundle = optarg; break;
+      case noConstraintHandling: arguments.settings.constraintHandling = false; break;
+      case stable: arguments.settings.stableAddresses = true; break;
+      case help: arguments.text = kHelp; return arguments;
+      case version: arguments.text = "pde-drive " CARDPANELS_VERSION "\n"; return arguments;
+      default: throw UsageError("");  // getopt_long has told
     }
   }
   if (optind < argc) throw UsageError(std::string("unexpected argument ") + argv[optind]);

@@ -45,8 +45,8 @@ std::int64_t tagOf(std::string_view name) {
 /// Makes the views of one file, and notes their ids and handlers.
 class Loader {
  public:
-  Loader(platform::NibContents& contents, const std::shared_ptr<NibOwner>& owner)
-      : contents_(contents), owner_(owner) {}
+  Loader(platform::NibContents& contents, std::shared_ptr<NibOwner> owner)
+      : contents_(contents), owner_(std::move(owner)) {}
 
   std::shared_ptr<platform::View> make(const pugi::xml_node& object) {
     const std::string_view kind = object.attribute("class").value();

@@ -12,7 +12,6 @@ namespace {
 
 using test::laminateOption;
 using test::PanelDriver;
-using test::testOption;
 using test::testPPD;
 
 constexpr const char* kModel = "*cupsModelNumber: 42\n";

@@ -1,6 +1,6 @@
-#include "apps/pde-drive/Script.h"
-
 #include <gtest/gtest.h>
+
+#include "apps/pde-drive/Script.h"
 
 namespace cardpanels::drive {
 namespace {

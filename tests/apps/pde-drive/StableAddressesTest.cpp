@@ -1,8 +1,8 @@
-#include "apps/pde-drive/StableAddresses.h"
-
 #include <gtest/gtest.h>
 
 #include <optional>
+
+#include "apps/pde-drive/StableAddresses.h"
 
 namespace cardpanels::drive {
 namespace {

@@ -1,8 +1,8 @@
-#include "ports/headless/Controls.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
+
+#include "ports/headless/Controls.h"
 
 namespace cardpanels::headless {
 namespace {

@@ -1,10 +1,9 @@
-#include "ports/headless/HeadlessBundle.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
 
 #include "ports/headless/Controls.h"
+#include "ports/headless/HeadlessBundle.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace cardpanels::headless {
@@ -121,8 +120,7 @@ TEST_F(Loading, NamesAnIdThatNobodyOwns) {
 }
 
 TEST_F(Loading, NamesAnOutletThatTheFileLacks) {
-  EXPECT_EQ(load(with(" id=\"field\"", "")),
-            path + ": nothing has the id of the outlet \"field\"");
+  EXPECT_EQ(load(with(" id=\"field\"", "")), path + ": nothing has the id of the outlet \"field\"");
 }
 
 TEST_F(Loading, NamesAHandlerThatNobodyAnswers) {
