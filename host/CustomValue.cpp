@@ -87,15 +87,13 @@ class ParameterCheck {
 
   void run() const {
     switch (parameter_.type) {
-      case PPD_CUSTOM_INT:
-        return checkInteger();
+      case PPD_CUSTOM_INT: return checkInteger();
       case PPD_CUSTOM_CURVE:
       case PPD_CUSTOM_INVCURVE:
       case PPD_CUSTOM_REAL:
         return checkReal(numberIn<float>(value_), _("“{option}” must be a number from {minimum} to "
                                                     "{maximum}, not “{value}”."));
-      case PPD_CUSTOM_POINTS:
-        return checkPoints();
+      case PPD_CUSTOM_POINTS: return checkPoints();
       case PPD_CUSTOM_PASSCODE:
         return checkLength(isDigits(), parameter_.minimum.custom_passcode,
                            parameter_.maximum.custom_passcode,
@@ -109,8 +107,7 @@ class ParameterCheck {
                            parameter_.maximum.custom_string,
                            _("“{option}” must have {minimum} to {maximum} bytes of text on one "
                              "line, not “{value}”."));
-      case PPD_CUSTOM_UNKNOWN:
-        break;
+      case PPD_CUSTOM_UNKNOWN: break;
     }
     throw Error(filled(_("“{option}” takes no value of one's own."), {{"option", title_}}));
   }
@@ -232,7 +229,11 @@ std::string checkedMembers(const ppd_option_t& option, ppd_coption_t* custom,
       throw Error(filled(_("“{option}” needs a value of the name {name}."),
                          {{"option", titleOf(option)}, {"name", parameter->name}}));
     }
-    ParameterCheck(titleOf(option) + ": " + parameter->text, *parameter, *member).run();
+    const std::string title = titleOf(option) + ": " + parameter->text;
+    ParameterCheck(title, *parameter, *member).run();
+    if (member->find_first_of("{}") != std::string::npos) {  // libcups counts them, even quoted
+      throw Error(filled(_("“{option}” cannot hold braces."), {{"option", title}}));
+    }
     text += text.empty() ? "{" : " ";
     text += std::string(parameter->name) + "=" + inBraces(*member);
   }

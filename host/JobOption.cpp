@@ -24,6 +24,10 @@ void OptionList::set(const Option& option) {
   count = cupsAddOption(option.key.c_str(), option.value.c_str(), count, &list);
 }
 
+void OptionList::remove(const std::string& key) {
+  count = cupsRemoveOption(key.c_str(), count, &list);
+}
+
 platform::Text OptionList::value(const std::string& key) const {
   const char* const found = cupsGetOption(key.c_str(), count, list);
   if (found == nullptr) return std::nullopt;

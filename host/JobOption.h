@@ -33,6 +33,8 @@ class OptionList {
   /// Adds `option`, in place of an earlier one of that name.
   void set(const Option& option);
 
+  void remove(const std::string& key);
+
   /// The value of `key`, or nothing.
   platform::Text value(const std::string& key) const;
 

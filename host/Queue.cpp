@@ -73,26 +73,28 @@ Http connected(int seconds) {
 
 const char* orNull(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
 
-struct IppDeleter {
-  void operator()(ipp_t* ipp) const { ippDelete(ipp); }
-};
+void addQueueURI(ipp_t* request, const std::string& queue) {
+  std::array<char, HTTP_MAX_URI> uri{};
+  httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), uri.size(), "ipp", nullptr, "localhost",
+                   ippPort(), "/printers/%s", queue.c_str());
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
+}
+
+void addUser(ipp_t* request) {
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+               cupsUser());
+}
 
 /// Asks for `queue`, or for the server's default when it is empty. libcups' own search goes on to
 /// look for printers on the network, without a time limit.
 ipp_status_t asked(http_t* http, const std::string& queue) {
   ipp_t* const request =
       ippNewRequest(queue.empty() ? IPP_OP_CUPS_GET_DEFAULT : IPP_OP_GET_PRINTER_ATTRIBUTES);
-  if (!queue.empty()) {
-    std::array<char, HTTP_MAX_URI> uri{};
-    httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), uri.size(), "ipp", nullptr, "localhost",
-                     ippPort(), "/printers/%s", queue.c_str());
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
-  }
-  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
-               cupsUser());
+  if (!queue.empty()) addQueueURI(request, queue);
+  addUser(request);
   ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
                "printer-name");
-  const std::unique_ptr<ipp_t, IppDeleter> answer(cupsDoRequest(http, request, "/"));
+  ippDelete(cupsDoRequest(http, request, "/"));
   return cupsLastError();
 }
 
@@ -171,17 +173,45 @@ std::vector<OpenFile> opened(const std::vector<std::string>& files) {
   return all;
 }
 
-/// A job that the server has made but not got whole; it is cancelled unless it is `complete`.
+/// Makes a job and answers its id, 0 when the server refuses. Values in braces go as names:
+/// libcups would make collections of them, and cupsd hands none of those to the filters.
+int createdJob(http_t* http, const std::string& queue, const std::string& title,
+               const OptionList& saved, const std::vector<Option>& options) {
+  OptionList encoded(saved.options());
+  std::vector<Option> inBraces;
+  for (const Option& each : options) {
+    if (each.value.substr(0, 1) == "{") {
+      inBraces.push_back(each);
+      encoded.remove(each.key);
+    } else {
+      encoded.set(each);
+    }
+  }
+  ipp_t* const request = ippNewRequest(IPP_OP_CREATE_JOB);
+  addQueueURI(request, queue);
+  addUser(request);
+  ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, title.c_str());
+  cupsEncodeOptions2(request, encoded.count, encoded.list, IPP_TAG_OPERATION);
+  cupsEncodeOptions2(request, encoded.count, encoded.list, IPP_TAG_JOB);
+  for (const Option& each : inBraces) {
+    ippAddString(request, IPP_TAG_JOB, IPP_TAG_NAME, each.key.c_str(), nullptr, each.value.c_str());
+  }
+  cupsEncodeOptions2(request, encoded.count, encoded.list, IPP_TAG_SUBSCRIPTION);
+  ipp_t* const answer = cupsDoRequest(http, request, ("/printers/" + queue).c_str());
+  const int id = ippGetInteger(ippFindAttribute(answer, "job-id", IPP_TAG_INTEGER), 0);
+  ippDelete(answer);
+  return id;
+}
+
+/// A job that the server has made but not got whole; it is cancelled unless it is complete.
 class NewJob {
  public:
-  NewJob(http_t* http, const std::string& queue, const std::string& title, OptionList& options)
-      : http_(http),
-        queue_(queue),
-        id_(cupsCreateJob(http, queue.c_str(), title.c_str(), options.count, options.list)) {
+  /// Takes the id that `createdJob` answers.
+  NewJob(http_t* http, std::string queue, int id) : http_(http), queue_(std::move(queue)), id_(id) {
     if (id_ == 0) fail();
   }
   ~NewJob() {
-    if (!complete_ && id_ != 0) cupsCancelJob2(http_, queue_.c_str(), id_, 0);
+    if (!complete_) cupsCancelJob2(http_, queue_.c_str(), id_, 0);
   }
   NewJob(const NewJob&) = delete;
   NewJob& operator=(const NewJob&) = delete;
@@ -264,11 +294,10 @@ int submitJob(const QueueName& name, const std::string& title,
   std::vector<OpenFile> documents = opened(files);
   const Http http = connected(seconds);
   const Dest dest = destOf(http.get(), name);
-  OptionList all;
-  for (const cups_option_t& each : optionsOf(*dest)) all.set({each.name, each.value});
-  for (const Option& each : options) all.set(each);
-  const std::string format = all.value("document-format").value_or(CUPS_FORMAT_AUTO);
-  NewJob job(http.get(), dest->name, title, all);
+  OptionList saved;
+  for (const cups_option_t& each : optionsOf(*dest)) saved.set({each.name, each.value});
+  const std::string format = saved.value("document-format").value_or(CUPS_FORMAT_AUTO);
+  NewJob job(http.get(), dest->name, createdJob(http.get(), dest->name, title, saved, options));
   for (OpenFile& each : documents) job.send(each, format.c_str(), &each == &documents.back());
   return job.id();
 }

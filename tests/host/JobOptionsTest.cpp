@@ -378,6 +378,7 @@ TEST_F(Job, EachOfSeveralParametersIsChecked) {
   EXPECT_EQ(refusal("Mark", "{Text=a}"), "“Watermark” needs a value of the name Size.");
   EXPECT_EQ(refusal("Mark", "{Text=a Size=1 Color=red}"),
             "“Watermark” has no value of the name Color.");
+  EXPECT_EQ(refusal("Mark", "{Text=\"a}b\" Size=1}"), "“Watermark: Text” cannot hold braces.");
   EXPECT_THAT(refusal("Mark", "Custom.a"), HasSubstr("write them as {Name=value Name=value}"));
   EXPECT_EQ(refusal("Mark", "a"), "“Watermark” has no choice \"a\".");
 }

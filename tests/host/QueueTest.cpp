@@ -156,10 +156,19 @@ TEST_F(AtAServer, AJobCarriesHostileValuesExactly) {
   }
 }
 
-TEST_F(AtAServer, AJobCarriesSeveralParametersAsACollection) {
-  const auto job = submitted({{"Mark", "{Text=\"a b\" Size=3}"}});
-  EXPECT_EQ(OptionList::parsed(job.at("Mark")).options(),
-            (Options{{"Size", "3"}, {"Text", "a b"}}));
+TEST_F(AtAServer, AJobCarriesSeveralParametersInBracesExactly) {
+  const std::string value = "{Text=\"a \\\"b'\\\" \\\\c\" Size=3}";
+  EXPECT_THAT(submitted({{"Mark", value}}), Contains(Pair("Mark", value)));
+}
+
+TEST_F(AtAServer, FiltersReadEveryValueBackExactly) {
+  server->addQueue("filtered", cardPPD());
+  server->enable("filtered");
+  const Options options = {{"Mark", "{Text=\"a \\\"b'\\\" \\\\c\" Size=3}"},
+                           {"area", "Custom.1\" 1\" 2\" '2'\\ $(HOME), größer"}};
+  const int id = submitJob({"filtered", ""}, "Badges", {file}, options);
+  const OptionList received = OptionList::parsed(server->filterOptions(id));
+  for (const Option& each : options) EXPECT_EQ(received.value(each.key), each.value);
 }
 
 TEST_F(AtAServer, ADefaultThatTheJobNamesWinsOverTheSavedOption) {

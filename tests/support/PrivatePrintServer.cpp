@@ -64,6 +64,16 @@ std::string attributeText(ipp_attribute_t* attribute) {
   return text;
 }
 
+/// cupsd's log puts a backslash before quotes and backslashes.
+std::string withoutLogEscapes(const std::string& line) {
+  std::string text;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (line[i] == '\\' && i + 1 < line.size()) ++i;
+    text += line[i];
+  }
+  return text;
+}
+
 }  // namespace
 
 PrivatePrintServer::PrivatePrintServer() : address_((folder_.path() / "cups.sock").string()) {
@@ -158,6 +168,8 @@ void PrivatePrintServer::addQueue(const std::string& name, const std::string& pp
   run("cupsaccept " + name);
 }
 
+void PrivatePrintServer::enable(const std::string& name) { run("cupsenable " + name); }
+
 void PrivatePrintServer::setDefault(const std::string& name) { run("lpadmin -d " + name); }
 
 void PrivatePrintServer::saveOptions(const std::string& name, const std::string& options) {
@@ -180,6 +192,20 @@ std::map<std::string, std::string> PrivatePrintServer::job(int id) const {
     }
   }
   return attributes;
+}
+
+std::string PrivatePrintServer::filterOptions(int id) const {
+  const std::string start = "[Job " + std::to_string(id) + "] argv[5]=\"";
+  for (const auto limit = std::chrono::steady_clock::now() + 20s;
+       std::chrono::steady_clock::now() < limit; std::this_thread::sleep_for(20ms)) {
+    const std::string text = log();
+    const std::size_t found = text.find(start);
+    const std::size_t end = text.find('\n', found);
+    if (found == std::string::npos || end == std::string::npos) continue;
+    const std::size_t from = found + start.size();
+    return withoutLogEscapes(text.substr(from, end - 1 - from));
+  }
+  throw std::runtime_error("no filter was started: " + log());
 }
 
 int PrivatePrintServer::jobCount() const {

@@ -33,6 +33,9 @@ class PrivatePrintServer {
   /// and keeps them: nothing is sent anywhere.
   void addQueue(const std::string& name, const std::string& ppd);
 
+  /// Lets the queue `name` print its jobs, into a file in the temporary folder.
+  void enable(const std::string& name);
+
   /// Makes `name` the server's default.
   void setDefault(const std::string& name);
 
@@ -41,6 +44,10 @@ class PrivatePrintServer {
 
   /// The attributes of job `id` as the server received them, as texts: options, `job-name`, …
   std::map<std::string, std::string> job(int id) const;
+
+  /// The options of job `id` as the server hands them to the filters, all in one text. Waits until
+  /// it has. The queue must be enabled.
+  std::string filterOptions(int id) const;
 
   /// The number of jobs that the server has been given.
   int jobCount() const;
