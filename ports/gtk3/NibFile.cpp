@@ -41,6 +41,15 @@ std::string_view idOf(const Glib::RefPtr<Glib::Object>& object) {
   return id.starts_with("___object_") ? std::string_view() : id;
 }
 
+/// Gives a control the text of its caption as the name that assistive technology tells.
+void nameByCaption(Gtk::Widget& control) {
+  const auto accessible = control.get_accessible();
+  for (auto* caption : control.list_mnemonic_labels()) {
+    const auto* const label = dynamic_cast<const Gtk::Label*>(caption);
+    if (label != nullptr && accessible->get_name().empty()) accessible->set_name(label->get_text());
+  }
+}
+
 /// A file's widgets and their views, on their way to an owner.
 class Nib {
  public:
@@ -84,6 +93,7 @@ class Nib {
         gtk_widget_destroy(widget->gobj());
         anyWindow = true;
       } else {
+        nameByCaption(*widget.operator->());
         const ViewPointer view = viewOver(widget);
         views_[object->gobj()] = view;
         if (!id.empty()) contents_.viewsById[std::string(id)] = view;

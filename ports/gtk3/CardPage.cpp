@@ -1,0 +1,166 @@
+#include "ports/gtk3/CardPage.h"
+
+#include <gtkmm/separator.h>
+
+#include <exception>
+
+#include "ports/gtk3/Translation.h"
+#include "ports/gtk3/WidgetView.h"
+
+namespace cardpanels::gtk3 {
+namespace {
+
+constexpr int kRowPadding = 8;
+constexpr int kBorder = 18;
+constexpr int kMaximumMessageHeight = 120;
+
+Gtk::Label* newText(const Glib::ustring& text) {
+  auto* const label = Gtk::make_managed<Gtk::Label>(text);
+  label->set_line_wrap();
+  label->property_margin() = kBorder;
+  return label;
+}
+
+}  // namespace
+
+PanelDriver::~PanelDriver() = default;
+
+CardPage::CardPage(PanelDriver& driver) : Gtk::Box(Gtk::ORIENTATION_VERTICAL), driver_(driver) {
+  addMessageBar();
+  if (driver_.panels().empty()) {
+    addNothingToChoose();
+  } else {
+    addSections();
+    optionsChanged();
+  }
+  show_all_children();
+}
+
+CardPage::~CardPage() {
+  disappear();
+  // The views may live on with their panels.
+  for (const Section& section : sections_) section.frame->remove();
+}
+
+void CardPage::addMessageBar() {
+  messageLabel_.set_line_wrap();
+  messageLabel_.set_xalign(0);
+  messageLabel_.show();
+  auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
+  scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
+  scroller->set_propagate_natural_height(true);
+  scroller->set_max_content_height(kMaximumMessageHeight);
+  scroller->add(messageLabel_);
+  scroller->show();
+  dynamic_cast<Gtk::Container&>(*messageBar_.get_content_area()).add(*scroller);
+  messageBar_.set_show_close_button();
+  messageBar_.signal_response().connect([this](int) { tell({}); });
+  messageBar_.set_no_show_all();
+  pack_start(messageBar_, Gtk::PACK_SHRINK);
+}
+
+void CardPage::addNothingToChoose() {
+  pack_start(*newText(tr("This printer has no card options. Print as usual.")),
+             Gtk::PACK_EXPAND_WIDGET);
+}
+
+void CardPage::addSections() {
+  auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
+  scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
+  scroller->get_style_context()->add_class("sidebar");
+  scroller->add(sidebar_);
+  sidebar_.set_selection_mode(Gtk::SELECTION_BROWSE);
+  sidebar_.get_accessible()->set_name(tr("Card options"));
+
+  auto* const columns = Gtk::make_managed<Gtk::Box>();
+  columns->pack_start(*scroller, Gtk::PACK_SHRINK);
+  columns->pack_start(*Gtk::make_managed<Gtk::Separator>(Gtk::ORIENTATION_VERTICAL),
+                      Gtk::PACK_SHRINK);
+  columns->pack_start(stack_, Gtk::PACK_EXPAND_WIDGET);
+  pack_start(*columns, Gtk::PACK_EXPAND_WIDGET);
+
+  sections_.reserve(driver_.panels().size() + 1);
+  for (const auto& panel : driver_.panels()) addSection(panel->panelName().value_or(""), panel);
+  addSection(tr("Summary"), nullptr);
+  sections_.back().frame->add(summary_);
+  sidebar_.signal_row_selected().connect(sigc::mem_fun(*this, &CardPage::rowSelected));
+  sidebar_.select_row(*sidebar_.get_row_at_index(0));
+}
+
+void CardPage::addSection(const std::string& name, const PanelDriver::Panel& panel) {
+  auto* const label = Gtk::make_managed<Gtk::Label>(name);
+  label->set_xalign(0);
+  label->property_margin() = kRowPadding;
+  auto* const row = Gtk::make_managed<Gtk::ListBoxRow>();
+  row->add(*label);
+  row->get_accessible()->set_name(name);
+  sidebar_.append(*row);
+  auto* const frame = Gtk::make_managed<Gtk::ScrolledWindow>();
+  stack_.add(*frame);
+  sections_.push_back({panel, frame, nullptr});
+}
+
+void CardPage::rowSelected(Gtk::ListBoxRow* row) {
+  if (row == nullptr) return;
+  disappear();
+  current_ = &sections_[static_cast<std::size_t>(row->get_index())];
+  if (get_mapped()) appear();
+  current_->frame->show_all();
+  stack_.set_visible_child(*current_->frame);
+}
+
+void CardPage::on_map() {
+  appear();
+  Gtk::Box::on_map();
+}
+
+void CardPage::on_unmap() {
+  disappear();
+  Gtk::Box::on_unmap();
+}
+
+void CardPage::appear() {
+  if (shown_ || current_ == nullptr || !current_->panel) return;
+  load(*current_);
+  shown_ = true;
+  driver_.show(current_->panel);
+}
+
+void CardPage::disappear() {
+  if (!shown_) return;
+  shown_ = false;
+  driver_.hide(current_->panel);
+}
+
+void CardPage::load(Section& section) {
+  if (section.frame->get_child() != nullptr) return;
+  try {
+    section.view = driver_.view(section.panel);
+    auto& view = dynamic_cast<WidgetView&>(*section.view);
+    view.signalEditEnded().connect(
+        sigc::bind(sigc::mem_fun(*this, &CardPage::editEnded), &section));
+    section.frame->add(view.widget());
+  } catch (const std::exception& error) {
+    section.frame->add(*newText(error.what()));
+  }
+  section.frame->show_all();
+}
+
+void CardPage::editEnded(const Section* section) { driver_.storeTyped(section->panel); }
+
+void CardPage::optionsChanged() {
+  summary_.clear();
+  for (const auto& panel : driver_.panels()) {
+    if (const auto entries = driver_.summary(panel)) {
+      summary_.add(panel->panelName().value_or(""), *entries);
+    }
+  }
+}
+
+void CardPage::tell(const std::string& message, Gtk::MessageType type) {
+  messageLabel_.set_text(message);
+  messageBar_.set_message_type(type);
+  messageBar_.set_visible(!message.empty());
+}
+
+}  // namespace cardpanels::gtk3

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <gtkmm/box.h>
+#include <gtkmm/infobar.h>
+#include <gtkmm/label.h>
+#include <gtkmm/listbox.h>
+#include <gtkmm/scrolledwindow.h>
+#include <gtkmm/stack.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ports/gtk3/PanelDriver.h"
+#include "ports/gtk3/SummaryGrid.h"
+
+namespace cardpanels::gtk3 {
+
+/// The page "Card" of a print dialog: the panels by name in a sidebar, a summary of all, and a bar
+/// that tells the user of conflicts.
+///
+/// A panel is shown and hidden as its part of the page appears and goes, also when the page itself
+/// does (it is mapped and unmapped). Views load when they are first seen; the page keeps them.
+class CardPage : public Gtk::Box {
+ public:
+  /// A page on `driver`'s panels. The driver must outlive it.
+  explicit CardPage(PanelDriver& driver);
+  ~CardPage() override;
+
+  /// To be called when options have changed: reads the summary again.
+  void optionsChanged();
+
+  /// Shows `message` in the bar in place of what is there; nothing takes the bar away.
+  void tell(const std::string& message, Gtk::MessageType type = Gtk::MESSAGE_WARNING);
+
+ protected:
+  void on_map() override;
+  void on_unmap() override;
+
+ private:
+  /// One row of the sidebar, and what it shows.
+  struct Section {
+    PanelDriver::Panel panel;  // empty for the summary
+    Gtk::ScrolledWindow* frame;
+    std::shared_ptr<platform::View> view;
+  };
+
+  void addMessageBar();
+  void addNothingToChoose();
+  void addSections();
+  void addSection(const std::string& name, const PanelDriver::Panel& panel);
+  void rowSelected(Gtk::ListBoxRow* row);
+  void appear();
+  void disappear();
+  void load(Section& section);
+  void editEnded(const Section* section);
+
+  PanelDriver& driver_;
+  Gtk::InfoBar messageBar_;
+  Gtk::Label messageLabel_;
+  Gtk::ListBox sidebar_;
+  Gtk::Stack stack_;
+  SummaryGrid summary_;
+  std::vector<Section> sections_;
+  Section* current_ = nullptr;
+  bool shown_ = false;
+};
+
+}  // namespace cardpanels::gtk3
