@@ -87,28 +87,36 @@ JobOptions::JobOptions(PPDFile ppd) : ppd_(std::move(ppd)) {
 
 ChangeResult JobOptions::request(const Text& key, const Text& choice) {
   const OwnNames names(*this);
-  ChangeResult result;
-  const Marks before = marks();
   try {
     ppd_option_t& option = found(key.value_or(std::string()));
     if (!choice) {
       throw Error(filled(_("No choice was given for “{option}”."), {{"option", titleOf(option)}}));
     }
     const Mark wanted = markFor(option, *choice);
-    set(option, wanted);
-    const auto partners = conflictsWith(ppd_.get(), option);
-    const std::string refused = refusal(option, value(option).value_or(*choice), partners);
-    if (!partners.empty() && !resolve(option, partners)) throw Error(refused);
-    result.granted = true;
-    result.changes = changesSince(before, option);
-    result.message = explanation(option, result.changes, before);
-    for (const Option& each : result.changes) set_.insert(find(each.key));
-    // Panels send their empty areas on every save: that must not fill the job's list.
-    if (!isNoValue(option, *choice)) set_.insert(&option);
+    // Panels save all that they have, changed or not.
+    ChangeResult result =
+        isMarked(option, wanted) ? ChangeResult{true, {}, {}} : change(option, wanted);
+    // That includes their empty areas, which must not fill the job's list.
+    if (result.granted && !isNoValue(option, *choice)) set_.insert(&option);
+    return result;
   } catch (const Error& error) {
-    restore(before);
-    result = {false, {}, error.what()};
+    return {false, {}, error.what()};
   }
+}
+
+/// Marks `wanted` and resolves what conflicts with it. When that cannot be, all stays as it was.
+ChangeResult JobOptions::change(ppd_option_t& option, const Mark& wanted) {
+  const Marks before = marks();
+  set(option, wanted);
+  const auto partners = conflictsWith(ppd_.get(), option);
+  std::string refused = refusal(option, value(option).value_or(kNothingMarked), partners);
+  if (!partners.empty() && !resolve(option, partners)) {
+    restore(before);
+    return {false, {}, std::move(refused)};
+  }
+  ChangeResult result{true, changesSince(before, option), {}};
+  result.message = explanation(option, result.changes, before);
+  for (const Option& each : result.changes) set_.insert(find(each.key));
   return result;
 }
 
@@ -246,6 +254,12 @@ Text JobOptions::value(const ppd_option_t& option) const {
   return choice->choice;
 }
 
+bool JobOptions::isMarked(const ppd_option_t& option, const Mark& mark) const {
+  if (mark.choice == nullptr || mark.choice->marked == 0) return false;
+  const auto custom = custom_.find(&option);
+  return mark.custom == (custom == custom_.end() ? std::string() : custom->second.custom);
+}
+
 void JobOptions::set(ppd_option_t& option, const Mark& mark) {
   clearMark(ppd_.get(), option);
   custom_.erase(&option);
@@ -337,7 +351,9 @@ bool JobOptions::applyResolution(ppd_option_t& option) {
     if (other == &option) continue;
     // The card lies in the printer: its size is nothing to change unasked.
     if (other == nullptr || isPageSize(*other)) return false;
-    set(*other, markFor(*other, each.value));
+    ppd_choice_t* const choice = listedChoice(*other, each.value);
+    if (choice == nullptr) return false;
+    set(*other, {choice, ""});
   }
   return true;
 }

@@ -93,6 +93,8 @@ class JobOptions {
   platform::Text value(const ppd_option_t& option) const;
   std::string title(const ppd_option_t& option, const std::string& choice) const;
 
+  bool isMarked(const ppd_option_t& option, const Mark& mark) const;
+  ChangeResult change(ppd_option_t& option, const Mark& wanted);
   void set(ppd_option_t& option, const Mark& mark);
   Marks marks() const;
   void restore(const Marks& marks);

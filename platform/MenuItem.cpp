@@ -6,10 +6,11 @@ namespace cardpanels::platform {
 
 std::shared_ptr<MenuItem> MenuItem::initWithTitle_action_keyEquivalent(
     const Text& title, const Text& action, const std::string& keyEquivalent) {
-  std::shared_ptr<MenuItem> item(new MenuItem);
+  auto item = std::make_shared<MenuItem>(Private());
   item->title_ = title;
-  item->action_ = action;
-  item->keyEquivalent_ = keyEquivalent;
+  if (action || !keyEquivalent.empty()) {
+    item->shortcut_ = std::make_unique<Shortcut>(Shortcut{action, keyEquivalent});
+  }
   return item;
 }
 

@@ -10,15 +10,24 @@ namespace cardpanels::platform {
 
 /// One item of a pop-up button's menu: a title, and the object that it stands for.
 class MenuItem final : public Object {
+  struct Private {};
+  struct Shortcut {
+    Text action;
+    std::string keyEquivalent;
+  };
+
  public:
+  /// For `initWithTitle_action_keyEquivalent`.
+  explicit MenuItem(Private /*key*/) {}
+
   /// A new item. `action` names what it does by itself, nothing for an item that only is selected;
   /// `keyEquivalent` is its keyboard shortcut, "" for none.
   static std::shared_ptr<MenuItem> initWithTitle_action_keyEquivalent(
       const Text& title, const Text& action, const std::string& keyEquivalent);
 
   const Text& title() const { return title_; }
-  const Text& action() const { return action_; }
-  const std::string& keyEquivalent() const { return keyEquivalent_; }
+  Text action() const { return shortcut_ ? shortcut_->action : std::nullopt; }
+  std::string keyEquivalent() const { return shortcut_ ? shortcut_->keyEquivalent : ""; }
 
   /// Makes the item stand for `object`, which it keeps.
   void setRepresentedObject(std::shared_ptr<Object> object);
@@ -27,11 +36,8 @@ class MenuItem final : public Object {
   std::string className() const override { return "MenuItem"; }
 
  private:
-  MenuItem() = default;
-
   Text title_;
-  Text action_;
-  std::string keyEquivalent_;
+  std::unique_ptr<Shortcut> shortcut_;  // most items have none
   std::shared_ptr<Object> representedObject_;
 };
 

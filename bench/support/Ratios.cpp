@@ -10,7 +10,7 @@
 namespace cardpanels::bench {
 namespace {
 
-/// Shows the medians and such, keeps each run's time.
+/// Shows the medians and such, keeps each run's processor time: others may use the machine too.
 class Collector final : public benchmark::ConsoleReporter {
  public:
   Collector() : ConsoleReporter(OO_None) {}
@@ -21,13 +21,13 @@ class Collector final : public benchmark::ConsoleReporter {
       if (run.run_type == Run::RT_Aggregate) {
         aggregates.push_back(run);
       } else {
-        times_[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+        times_[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
       }
     }
     ConsoleReporter::ReportRuns(aggregates);
   }
 
-  /// The median time of a benchmark's runs, 0 when it did not run.
+  /// The median processor time of a benchmark's runs, 0 when it did not run.
   double median(const std::string& name) {
     auto& times = times_[name];
     if (times.empty()) return 0;

@@ -1,0 +1,106 @@
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "bench/support/Ratios.h"
+#include "host/HostCallback.h"
+#include "host/JobOptions.h"
+#include "host/PPDFile.h"
+#include "panels/PeelOffPDE.h"
+#include "platform/Log.h"
+#include "ports/headless/HeadlessBundle.h"
+
+namespace {
+
+using namespace cardpanels;
+
+const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
+const std::string kPPD = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
+
+/// Keeps the lines as they would be written, prefix included.
+struct Lines final : platform::LogSink {
+  void writeLine(std::string_view line) override {
+    all.push_back("2026-11-21 05:08:21.070 bench-areas[12345] " + std::string(line) + "\n");
+  }
+  std::vector<std::string> all;
+};
+
+/// A file without a name that is started over before it grows large.
+class LogFile {
+ public:
+  int descriptor() const { return fileno(file_); }
+  void startOver() const {
+    if (ftruncate(descriptor(), 0) != 0 || lseek(descriptor(), 0, SEEK_SET) != 0) std::abort();
+  }
+
+ private:
+  std::FILE* file_ = std::tmpfile();
+};
+
+/// The peel-off panel with twelve typed areas.
+class Panel {
+ public:
+  Panel() {
+    panel_->panelView();
+    panel_->willShow();
+    for (const platform::Outlet& outlet : panel_->outlets()) {
+      const auto field = std::dynamic_pointer_cast<platform::TextField>(outlet.view(*panel_));
+      if (field) field->setStringValue("1.25in");
+    }
+    save();
+  }
+
+  void save() { panel_->savePeelOffAreasToSettings(); }
+
+ private:
+  host::JobOptions job_{host::openPPD(kPPD)};
+  std::shared_ptr<PeelOffPanelPDE> panel_ = PeelOffPanelPDE::initWithCallback_andBundle(
+      std::make_shared<host::ConstrainingHostCallback>(job_),
+      std::make_shared<headless::HeadlessBundle>(kBundle));
+};
+
+void saveTwelveAreas(benchmark::State& state) {
+  const LogFile file;
+  const auto before = platform::setLogSink(platform::fileDescriptorSink(file.descriptor()));
+  Panel panel;
+  for (auto _ : state) {
+    file.startOver();
+    panel.save();
+  }
+  platform::setLogSink(before);
+}
+BENCHMARK(saveTwelveAreas);
+
+void snprintfAndWriteItsLines(benchmark::State& state) {
+  const LogFile file;
+  const auto lines = std::make_shared<Lines>();
+  const auto before = platform::setLogSink(lines);
+  Panel panel;
+  lines->all.clear();
+  panel.save();
+  platform::setLogSink(before);
+  for (auto _ : state) {
+    file.startOver();
+    for (const std::string& line : lines->all) {
+      std::array<char, 1024> text{};
+      const int length = std::snprintf(text.data(), text.size(), "%s", line.c_str());
+      if (write(file.descriptor(), text.data(), static_cast<std::size_t>(length)) != length) {
+        std::abort();
+      }
+    }
+  }
+}
+BENCHMARK(snprintfAndWriteItsLines);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return bench::runWithRatios(argc, argv, {{"saveTwelveAreas", "snprintfAndWriteItsLines", 1.5}});
+}
