@@ -70,7 +70,7 @@ class JobOptions::OwnNames {
 
 struct JobOptions::Marks {
   std::vector<ppd_choice_t*> choices;
-  std::vector<char> sizes;  // the page sizes' marks
+  std::vector<int> sizes;  // the page sizes' marks
   std::map<const ppd_option_t*, Mark> custom;
   std::set<const ppd_option_t*> set;
   std::map<const ppd_option_t*, Text> values;
@@ -351,9 +351,9 @@ bool JobOptions::applyResolution(ppd_option_t& option) {
     if (other == &option) continue;
     // The card lies in the printer: its size is nothing to change unasked.
     if (other == nullptr || isPageSize(*other)) return false;
-    ppd_choice_t* const choice = listedChoice(*other, each.value);
-    if (choice == nullptr) return false;
-    set(*other, {choice, ""});
+    ppd_choice_t* const listed = listedChoice(*other, each.value);
+    if (listed == nullptr) return false;
+    set(*other, {listed, ""});
   }
   return true;
 }

@@ -17,8 +17,8 @@ std::string filled(std::string_view pattern,
     if (open == std::string_view::npos) break;
     const std::size_t close = pattern.find('}', open);
     const std::string_view name = pattern.substr(open + 1, close - open - 1);
-    const auto value = std::find_if(values.begin(), values.end(),
-                                    [&](const auto& each) { return each.first == name; });
+    const auto* const value = std::find_if(values.begin(), values.end(),
+                                           [&](const auto& each) { return each.first == name; });
     if (close == std::string_view::npos || value == values.end()) {
       text += '{';
       pattern.remove_prefix(open + 1);

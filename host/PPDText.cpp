@@ -19,6 +19,17 @@ namespace {
   throw Error(name + ":" + std::to_string(line) + ": " + reason);
 }
 
+bool opensOption(const PPDStatement& statement) {
+  return statement.keyword == "OpenUI" || statement.keyword == "JCLOpenUI";
+}
+
+bool closesOption(const PPDStatement& statement) {
+  return statement.keyword == "CloseUI" || statement.keyword == "JCLCloseUI";
+}
+
+/// `*frontUV` and `frontUV` name the same option.
+std::string optionKeyword(const std::string& name) { return name.substr(name[0] == '*' ? 1 : 0); }
+
 /// Takes a PPD file apart by the rules of libcups' own reader.
 class Reader {
  public:
@@ -31,6 +42,10 @@ class Reader {
       const std::string text = readStatementText();
       if (text.size() < 2 || text[0] != '*' || text[1] == '%') continue;
       PPDStatement statement = parsed(text, start);
+      if (!lastLineEnds_ && !isWhole(statement)) {
+        fail(name_, start, _("The file ends inside this line."));
+      }
+      if (opensOption(statement)) openOption_ = optionKeyword(statement.option);
       if (statement.keyword != "End") all.push_back(std::move(statement));
     }
     return all;
@@ -64,9 +79,6 @@ class Reader {
       text += '\n';
       text += line;
     }
-    if (!lastLineEnds_ && !isWholeLine(text)) {
-      fail(name_, start, _("The file ends inside this line."));
-    }
     return text;
   }
 
@@ -75,10 +87,9 @@ class Reader {
   }
 
   /// Whether a last line without a line end is certain to be complete.
-  static bool isWholeLine(std::string_view text) {
-    text = trimmed(text);
-    return text.empty() || text == "\x1A" || text[0] != '*' || text == "*End" ||
-           text.back() == '"' || text.substr(0, 6) == "*Close" || text.substr(0, 9) == "*JCLClose";
+  bool isWhole(const PPDStatement& statement) const {
+    if (closesOption(statement)) return optionKeyword(statement.value) == openOption_;
+    return statement.keyword == "End" || trimmed(statement.value).ends_with('"');
   }
 
   static PPDStatement parsed(const std::string& line, int number) {
@@ -146,6 +157,7 @@ class Reader {
   const std::string& name_;
   int line_ = 1;
   bool lastLineEnds_ = true;
+  std::string openOption_;
 };
 
 void checkEncoding(std::string_view bytes, const std::string& name) {
@@ -163,27 +175,15 @@ void checkEncoding(std::string_view bytes, const std::string& name) {
   }
   const std::size_t zero = bytes.find('\0');
   if (zero == std::string_view::npos) return;
-  const auto end = bytes.begin() + static_cast<std::ptrdiff_t>(zero);
+  const auto* const end = bytes.begin() + static_cast<std::ptrdiff_t>(zero);
   fail(name, 1 + static_cast<int>(std::count(bytes.begin(), end, '\n')),
        _("There is a zero byte in this line."));
-}
-
-bool opensOption(const PPDStatement& statement) {
-  return statement.keyword == "OpenUI" || statement.keyword == "JCLOpenUI";
-}
-
-bool closesOption(const PPDStatement& statement) {
-  return statement.keyword == "CloseUI" || statement.keyword == "JCLCloseUI";
-}
-
-std::string optionKeyword(const PPDStatement& opening) {
-  return opening.option.substr(opening.option.substr(0, 1) == "*" ? 1 : 0);
 }
 
 /// Whether `statement` is one of those that stand between `opening` and its close. Some printers'
 /// files forget a close and go on with something else; libcups reads these well.
 bool belongsTo(const PPDStatement& opening, const PPDStatement& statement) {
-  return &statement == &opening || statement.keyword == optionKeyword(opening) ||
+  return &statement == &opening || statement.keyword == optionKeyword(opening.option) ||
          statement.keyword == "OrderDependency" || statement.keyword.substr(0, 7) == "Default";
 }
 
@@ -257,7 +257,7 @@ class Checker {
   /// An option may be opened again in its own group; in another one it would be a second record,
   /// and what is marked in one would not show in the other.
   void open(const PPDStatement& statement) {
-    option_ = optionKeyword(statement);
+    option_ = optionKeyword(statement.option);
     const std::string group = statement.keyword == "OpenUI" ? group_ : "JCL";
     const auto [place, isNew] = options_.emplace(option_, Place{group, statement.line});
     if (isNew || place->second.group == group) return;
