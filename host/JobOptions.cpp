@@ -92,8 +92,9 @@ ChangeResult JobOptions::request(const Text& key, const Text& choice) {
     if (!choice) {
       throw Error(filled(_("No choice was given for “{option}”."), {{"option", titleOf(option)}}));
     }
+    // Panels save all areas that they have, changed or not, on many an occasion.
+    if (hasValue(option, *choice)) return {true, {}, {}};
     const Mark wanted = markFor(option, *choice);
-    // Panels save all that they have, changed or not.
     ChangeResult result =
         isMarked(option, wanted) ? ChangeResult{true, {}, {}} : change(option, wanted);
     // That includes their empty areas, which must not fill the job's list.
@@ -252,6 +253,15 @@ Text JobOptions::value(const ppd_option_t& option) const {
   const ppd_choice_t* const choice = ppdFindMarkedChoice(ppd_.get(), option.keyword);
   if (choice == nullptr) return std::nullopt;
   return choice->choice;
+}
+
+/// Whether `value`, bare or not, is what the option is marked with.
+bool JobOptions::hasValue(const ppd_option_t& option, std::string_view value) const {
+  const auto custom = custom_.find(&option);
+  return custom != custom_.end() &&
+         (custom->second.custom == value ||
+          (startsIgnoringCase(custom->second.custom, kCustomPrefix) &&
+           std::string_view(custom->second.custom).substr(kCustomPrefix.size()) == value));
 }
 
 bool JobOptions::isMarked(const ppd_option_t& option, const Mark& mark) const {

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/JobOption.h"
@@ -93,6 +94,7 @@ class JobOptions {
   platform::Text value(const ppd_option_t& option) const;
   std::string title(const ppd_option_t& option, const std::string& choice) const;
 
+  bool hasValue(const ppd_option_t& option, std::string_view value) const;
   bool isMarked(const ppd_option_t& option, const Mark& mark) const;
   ChangeResult change(ppd_option_t& option, const Mark& wanted);
   void set(ppd_option_t& option, const Mark& mark);

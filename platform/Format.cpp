@@ -9,6 +9,7 @@ namespace cardpanels::platform {
 namespace {
 
 constexpr std::string_view kAbsent = "(null)";
+constexpr std::size_t kRoomForArguments = 200;
 
 struct Conversion {
   bool leftJustified = false;
@@ -23,7 +24,7 @@ class Formatter {
  public:
   Formatter(std::string_view format, std::span<const Argument> arguments)
       : rest_(format), arguments_(arguments) {
-    out_.reserve(format.size() + 64);
+    out_.reserve(format.size() + kRoomForArguments);
   }
 
   std::string run() {
@@ -46,9 +47,7 @@ class Formatter {
     const std::size_t argumentBefore = next_;
     rest_.remove_prefix(1);
     Conversion conversion;
-    readFlags(conversion);
-    readWidth(conversion);
-    readPrecision(conversion);
+    if (!rest_.starts_with('@')) readModifiers(conversion);
     if (!rest_.empty()) conversion.specifier = rest_.front();
     switch (conversion.specifier) {
       case '%': out_ += '%'; break;
@@ -63,6 +62,12 @@ class Formatter {
         return;
     }
     rest_.remove_prefix(1);
+  }
+
+  void readModifiers(Conversion& conversion) {
+    readFlags(conversion);
+    readWidth(conversion);
+    readPrecision(conversion);
   }
 
   void readFlags(Conversion& conversion) {
