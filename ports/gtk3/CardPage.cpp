@@ -3,6 +3,7 @@
 #include <gtkmm/separator.h>
 
 #include <exception>
+#include <utility>
 
 #include "ports/gtk3/Translation.h"
 #include "ports/gtk3/WidgetView.h"
@@ -102,8 +103,10 @@ void CardPage::addSection(const std::string& name, const PanelDriver::Panel& pan
 
 void CardPage::rowSelected(Gtk::ListBoxRow* row) {
   if (row == nullptr) return;
+  Section* const selected = &sections_[static_cast<std::size_t>(row->get_index())];
+  if (selected == current_) return;  // the list box repeats itself when it gets the focus
   disappear();
-  current_ = &sections_[static_cast<std::size_t>(row->get_index())];
+  current_ = selected;
   if (get_mapped()) appear();
   current_->frame->show_all();
   stack_.set_visible_child(*current_->frame);
@@ -149,12 +152,13 @@ void CardPage::load(Section& section) {
 void CardPage::editEnded(const Section* section) { driver_.storeTyped(section->panel); }
 
 void CardPage::optionsChanged() {
-  summary_.clear();
+  std::vector<SummaryGrid::Group> groups;
   for (const auto& panel : driver_.panels()) {
-    if (const auto entries = driver_.summary(panel)) {
-      summary_.add(panel->panelName().value_or(""), *entries);
+    if (auto entries = driver_.summary(panel)) {
+      groups.push_back({panel->panelName().value_or(""), std::move(entries)});
     }
   }
+  summary_.display(groups);
 }
 
 void CardPage::tell(const std::string& message, Gtk::MessageType type) {

@@ -34,9 +34,11 @@ void addSignal(GtkBuilder* /*builder*/, GObject* object, const gchar* signal, co
 }
 
 /// The id that the file gives to `object`, "" for none.
-std::string_view idOf(const Glib::RefPtr<Glib::Object>& object) {
-  const auto* name =
-      static_cast<const char*>(g_object_get_data(object->gobj(), "gtk-builder-name"));
+std::string_view idOf(GObject* object) {
+  const char* const name =
+      GTK_IS_BUILDABLE(object)
+          ? gtk_buildable_get_name(GTK_BUILDABLE(object))
+          : static_cast<const char*>(g_object_get_data(object, "gtk-builder-name"));
   const std::string_view id = name != nullptr ? name : "";
   return id.starts_with("___object_") ? std::string_view() : id;
 }
@@ -60,7 +62,9 @@ class Nib {
     try {
       builder_->add_from_file(path);
     } catch (const Glib::Error& error) {
-      throw std::runtime_error(error.what());
+      const std::string reason = error.what();
+      if (reason.starts_with(path)) throw std::runtime_error(reason);
+      fail(reason);
     }
     makeViews();
     nestViews();
@@ -85,7 +89,7 @@ class Nib {
   void makeViews() {
     bool anyWindow = false;
     for (const auto& object : builder_->get_objects()) {
-      const std::string_view id = idOf(object);
+      const std::string_view id = idOf(object->gobj());
       const auto widget = Glib::RefPtr<Gtk::Widget>::cast_dynamic(object);
       if (!widget) {
         if (!id.empty()) fail(platform::quoted(id) + " is no view");
@@ -131,10 +135,8 @@ class Nib {
     const auto* const action = owner->actionNamed(handler);
     if (action == nullptr) return;
     const auto view = views_.find(object);
-    if (view == views_.end() ||
-        !connectAction(view->second, name.c_str(), platform::ActionTarget(owner, *action))) {
-      fail("there is no signal " + platform::quoted(name) + " for " + platform::quoted(handler));
-    }
+    if (view == views_.end()) fail(platform::quoted(handler) + " is aimed at by what is no view");
+    connectAction(view->second, name.c_str(), platform::ActionTarget(owner, *action));
   }
 
   Glib::RefPtr<Gtk::Builder> builder_;

@@ -31,6 +31,11 @@ Gtk::Label* newHeading(const std::string& text) {
   return heading;
 }
 
+int groupHeight(const SummaryGrid::Group& group) {
+  const auto entries = static_cast<int>(group.entries->size());
+  return entries > 0 ? 1 + entries : 0;
+}
+
 /// Tells assistive technology that `title` is what `value` is called.
 void relate(Gtk::Label& title, Gtk::Label& value) {
   AtkObject* const titleObject = title.get_accessible()->gobj();
@@ -47,29 +52,34 @@ SummaryGrid::SummaryGrid() {
   set_row_spacing(kRowSpacing);
 }
 
-void SummaryGrid::clear() {
+void SummaryGrid::display(const std::vector<Group>& groups) {
   for (Gtk::Widget* child : get_children()) remove(*child);
-  rows_ = 0;
-}
-
-void SummaryGrid::add(const std::string& panelName, const platform::Dictionary& summary) {
-  if (summary.empty()) return;
-  auto* const heading = newHeading(panelName);
-  if (rows_ > 0) heading->set_margin_top(kGroupSpacing);
-  attach(*heading, 0, rows_++, 2, 1);
-  for (const auto& [title, value] : summary) addRow(title, value);
+  int row = 0;
+  for (const auto& group : groups) row += groupHeight(group);
+  // From the end to the start: assistive technology reads a grid's last child first.
+  for (auto group = groups.rbegin(); group != groups.rend(); ++group) {
+    if (group->entries->empty()) continue;
+    const std::vector<platform::Dictionary::Entry> entries(group->entries->begin(),
+                                                           group->entries->end());
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+      attachRow(--row, entry->first, entry->second);
+    }
+    auto* const heading = newHeading(group->name);
+    if (--row > 0) heading->set_margin_top(kGroupSpacing);
+    attach(*heading, 0, row, 2, 1);
+  }
   show_all_children();
 }
 
-void SummaryGrid::addRow(const std::string& title, const std::string& value) {
+void SummaryGrid::attachRow(int row, const std::string& title, const std::string& value) {
   auto* const titleLabel = newLabel(title);
   titleLabel->set_margin_start(kIndent);
   titleLabel->get_style_context()->add_class("dim-label");
   auto* const valueLabel = newLabel(value);
   valueLabel->set_hexpand();
   relate(*titleLabel, *valueLabel);
-  attach(*titleLabel, 0, rows_);
-  attach(*valueLabel, 1, rows_++);
+  attach(*valueLabel, 1, row);
+  attach(*titleLabel, 0, row);
 }
 
 }  // namespace cardpanels::gtk3

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <gtkmm/box.h>
 #include <gtkmm/grid.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Dictionary.h"
 
@@ -12,17 +13,19 @@ namespace cardpanels::gtk3 {
 /// What is chosen, to be read: a heading a panel, below it a row an option.
 class SummaryGrid : public Gtk::Grid {
  public:
+  /// The choices of one panel.
+  struct Group {
+    std::string name;
+    std::shared_ptr<const platform::Dictionary> entries;  // never an empty pointer
+  };
+
   SummaryGrid();
 
-  void clear();
-
-  /// Adds the rows of one panel behind the others; none for an empty summary.
-  void add(const std::string& panelName, const platform::Dictionary& summary);
+  /// Shows `groups` in place of what is there; a group without entries is left out.
+  void display(const std::vector<Group>& groups);
 
  private:
-  void addRow(const std::string& title, const std::string& value);
-
-  int rows_ = 0;
+  void attachRow(int row, const std::string& title, const std::string& value);
 };
 
 }  // namespace cardpanels::gtk3

@@ -50,19 +50,13 @@ std::shared_ptr<platform::View> WidgetView::subviewWithTag(std::int64_t tag) con
   return nullptr;
 }
 
-bool connectAction(const std::shared_ptr<platform::View>& sender, const char* signal,
+void connectAction(const std::shared_ptr<platform::View>& sender, const char* signal,
                    const platform::ActionTarget& action) {
-  const auto* view = dynamic_cast<const WidgetView*>(sender.get());
-  if (view == nullptr) return false;
-  GObject* const object = view->widget().Glib::ObjectBase::gobj();
-  guint id = 0;
-  GQuark detail = 0;
-  if (g_signal_parse_name(signal, G_OBJECT_TYPE(object), &id, &detail, TRUE) == FALSE) return false;
+  const auto& view = dynamic_cast<const WidgetView&>(*sender);
   GClosure* const closure = g_closure_new_simple(sizeof(GClosure), new Connection{sender, action});
   g_closure_add_finalize_notifier(closure, closure->data, deleteConnection);
   g_closure_set_marshal(closure, fire);
-  g_signal_connect_closure_by_id(object, id, detail, closure, FALSE);
-  return true;
+  g_signal_connect_closure(view.widget().gobj(), signal, closure, FALSE);
 }
 
 }  // namespace cardpanels::gtk3

@@ -58,9 +58,9 @@ class WidgetView : public sigc::trackable {
   int programSets_ = 0;
 };
 
-/// Fires `action` with `sender` whenever the user makes the widget of `sender` emit `signal`; holds
-/// both weakly. False when the widget has no such signal.
-bool connectAction(const std::shared_ptr<platform::View>& sender, const char* signal,
+/// Fires `action` with `sender`, a `WidgetView`, whenever the user makes its widget emit `signal`.
+/// Holds both weakly.
+void connectAction(const std::shared_ptr<platform::View>& sender, const char* signal,
                    const platform::ActionTarget& action);
 
 }  // namespace cardpanels::gtk3

@@ -1,0 +1,80 @@
+#include "apps/cardprint/CardDialog.h"
+
+#include "host/Error.h"
+#include "ports/gtk3/Translation.h"
+
+namespace cardpanels::cardprint {
+namespace {
+
+using gtk3::tr;
+
+constexpr int kWidth = 720;
+constexpr int kHeight = 480;
+
+std::string joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
+  return text;
+}
+
+}  // namespace
+
+CardDialog::CardDialog(CardJob& job)
+    : Gtk::Dialog(Glib::ustring::compose(tr("Print on %1"), job.printerName())),
+      job_(job),
+      page_(*this) {
+  get_content_area()->set_border_width(0);
+  get_content_area()->pack_start(page_, Gtk::PACK_EXPAND_WIDGET);
+  page_.show();
+  add_button(tr("_Cancel"), Gtk::RESPONSE_CANCEL);
+  add_button(tr("_Print"), Gtk::RESPONSE_OK);
+  set_default_response(Gtk::RESPONSE_OK);
+  set_default_size(kWidth, kHeight);
+  job_.panels().setObserver(this);
+  tell(joined(job_.notices()));
+}
+
+CardDialog::~CardDialog() { job_.panels().setObserver(nullptr); }
+
+std::shared_ptr<platform::View> CardDialog::view(const Panel& panel) {
+  return job_.panels().view(panel);
+}
+
+std::shared_ptr<platform::Dictionary> CardDialog::summary(const Panel& panel) const {
+  return job_.panels().summary(panel);
+}
+
+void CardDialog::tell(const std::string& message) {
+  told_ = message;
+  page_.tell(message);
+}
+
+std::optional<std::string> CardDialog::choose() {
+  while (run() == Gtk::RESPONSE_OK) {
+    if (auto output = print()) return output;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> CardDialog::print() {
+  try {
+    if (!storedSilently()) return std::nullopt;
+    auto output = job_.send();
+    error_.clear();
+    return output;
+  } catch (const host::Error& error) {
+    error_ = error.what();
+    page_.tell(error_, Gtk::MESSAGE_ERROR);
+    return std::nullopt;
+  }
+}
+
+/// Stores what was typed. False when that told the user something new, who shall see it before the
+/// job is gone.
+bool CardDialog::storedSilently() {
+  const std::string before = told_;
+  job_.panels().print();
+  return told_.empty() || told_ == before;
+}
+
+}  // namespace cardpanels::cardprint

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <gtkmm/dialog.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "apps/cardprint/CardJob.h"
+#include "host/PanelHost.h"
+#include "ports/gtk3/CardPage.h"
+
+namespace cardpanels::cardprint {
+
+/// The panels of a job in a dialog with Cancel and Print. Needs GTK to be initialised.
+class CardDialog : public Gtk::Dialog, private gtk3::PanelDriver, private host::PanelObserver {
+ public:
+  /// A dialog for `job`, which must outlive it.
+  explicit CardDialog(CardJob& job);
+  ~CardDialog() override;
+
+  /// Lets the user choose until the job is sent, and answers what standard output gets; nothing
+  /// when the user cancels. A job that cannot be sent is told in the dialog, which stays.
+  std::optional<std::string> choose();
+
+  /// Why the last attempt to send the job failed, "" when it did not.
+  const std::string& error() const { return error_; }
+
+ private:
+  const std::vector<Panel>& panels() const override { return job_.panels().panels(); }
+  std::shared_ptr<platform::View> view(const Panel& panel) override;
+  void show(const Panel& panel) override { job_.panels().show(panel); }
+  void hide(const Panel& panel) override { job_.panels().hide(panel); }
+  void storeTyped(const Panel& panel) override { job_.panels().storeTyped(panel); }
+  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override;
+
+  void optionsChanged() override { page_.optionsChanged(); }
+  void tell(const std::string& message) override;
+
+  bool storedSilently();
+  std::optional<std::string> print();
+
+  CardJob& job_;
+  gtk3::CardPage page_;
+  std::string told_;
+  std::string error_;
+};
+
+}  // namespace cardpanels::cardprint
