@@ -32,7 +32,7 @@ Names numbered(const std::string& prefix, const Names& kinds, const std::string&
   for (const std::string side : {"front", "back"}) {
     for (const std::string& kind : kinds) {
       for (const std::string number : {"1", "2", "3"}) {
-        names.push_back(prefix + side + kind + field + number);
+        names.push_back(std::string(prefix).append(side).append(kind).append(field) + number);
       }
     }
   }

@@ -47,6 +47,7 @@ class AreaEditor : public testing::Test {
 
   static std::vector<std::string> fields(const std::vector<std::string>& parts) {
     std::vector<std::string> texts;
+    texts.reserve(parts.size());
     for (const std::string& part : parts) texts.push_back("text=\"" + part + "\" hidden=NO");
     return texts;
   }

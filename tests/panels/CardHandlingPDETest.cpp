@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/panels/PopUpPanels.h"
 #include "tests/panels/Trace.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TestPPD.h"
@@ -12,27 +13,17 @@ namespace cardpanels {
 namespace {
 
 using test::contains;
+using test::kDisabledPopUp;
 using test::logged;
 using test::messages;
 using test::PanelDriver;
+using test::popUp;
+using test::ppdWith;
 using test::testOption;
 using test::testPPD;
 
-std::string ppdWith(const std::vector<std::string>& keys) {
-  std::vector<test::TestOption> options;
-  for (const std::string& key : keys) options.push_back(testOption(key, "Title of " + key, 3));
-  return testPPD(options);
-}
-
 const std::string kAllOptions =
     ppdWith({"frontRotation", "backRotation", "entryCardFlip", "magEncodeCardFlip"});
-
-std::string popUp(int selected) {
-  return R"(items=("Choice 0", "Choice 1", "Choice 2") selected=)" + std::to_string(selected) +
-         " enabled=YES hidden=NO";
-}
-
-constexpr const char* kDisabled = "items=() selected=-1 enabled=NO hidden=NO";
 
 /// A panel that a dialog has restored and shown.
 constexpr const char* kShow =
@@ -57,9 +48,9 @@ TEST(CardHandling, WithOnlyTheMagneticEncodingOptionThePanelExists) {
             "LOG initializing mag encode\n"
             "LOG initializing mag encode\n"
             "END initializeUI:=void\n");
-  EXPECT_EQ(driver.result("cardhandling state frontRotatePopUp"), kDisabled);
-  EXPECT_EQ(driver.result("cardhandling state backRotatePopUp"), kDisabled);
-  EXPECT_EQ(driver.result("cardhandling state cardEntryPopUp"), kDisabled);
+  EXPECT_EQ(driver.result("cardhandling state frontRotatePopUp"), kDisabledPopUp);
+  EXPECT_EQ(driver.result("cardhandling state backRotatePopUp"), kDisabledPopUp);
+  EXPECT_EQ(driver.result("cardhandling state cardEntryPopUp"), kDisabledPopUp);
   EXPECT_EQ(driver.result("cardhandling state magEncodePopUp"), popUp(-1));
 }
 
@@ -77,7 +68,7 @@ TEST(CardHandling, WithoutTheMagneticEncodingOptionItsTextsAreLogged) {
             "initializing card entry\n"
             "disabling mag encode\n"
             "disabling mag encode\n");
-  EXPECT_EQ(driver.result("cardhandling state magEncodePopUp"), kDisabled);
+  EXPECT_EQ(driver.result("cardhandling state magEncodePopUp"), kDisabledPopUp);
 }
 
 TEST(CardHandling, WithNoneOfTheOptionsThereIsNoPanel) {

@@ -74,6 +74,18 @@ std::string selfIn(const std::string& trace) {
   return trace.substr(start, trace.find('>') + 1 - start);
 }
 
+TypedArea typedArea(std::string key, const std::string& kind, const char* number,
+                    const std::string& i) {
+  TypedArea area;
+  area.key = key.append(kind).append(number);
+  for (const char* column : kColumns) {
+    area.outlets.push_back(
+        std::string(kind).append("Field").append(number).append("_").append(column));
+  }
+  area.parts = {"1." + i + "in", "2mm", "." + i + "cm", i};
+  return area;
+}
+
 }  // namespace
 
 std::vector<TypedArea> typedAreas(const std::string& keyPrefix,
@@ -81,15 +93,8 @@ std::vector<TypedArea> typedAreas(const std::string& keyPrefix,
   std::vector<TypedArea> areas;
   for (const std::string side : {"front", "back"}) {
     for (const std::string& kind : kinds) {
-      for (const std::string number : {"1", "2", "3"}) {
-        TypedArea area;
-        area.key = keyPrefix + side + kind + number;
-        for (const char* column : kColumns) {
-          area.outlets.push_back(side + kind + "Field" + number + "_" + column);
-        }
-        const std::string i = std::to_string(areas.size());
-        area.parts = {"1." + i + "in", "2mm", "." + i + "cm", i};
-        areas.push_back(area);
+      for (const char* number : {"1", "2", "3"}) {
+        areas.push_back(typedArea(keyPrefix, side + kind, number, std::to_string(areas.size())));
       }
     }
   }
@@ -118,6 +123,7 @@ SavePass expectedSavePass(const SavePassTexts& texts, const std::vector<TypedAre
   for (const TypedArea& area : areas) {
     const std::string text = joined(area.parts);
     std::vector<std::string> fields;
+    fields.reserve(4);
     for (int i = 0; i < 4; ++i) fields.push_back("<TextField: " + hexadecimal(field++) + ">");
     trace.line(2, "BEGIN", texts.begin(area.key, fields));
     trace.plainLine("BEGIN formatArea: " + bracketed(area.parts));

@@ -12,9 +12,8 @@ constexpr std::string_view kSelf = " self(";
 std::string message(std::string_view line) {
   line.remove_prefix(line.find_first_not_of(' '));
   const std::size_t self = line.find(kSelf);
-  if (self == std::string_view::npos || self > std::string_view("BEGIN").size()) {
-    return std::string(line);
-  }
+  const bool hasObject = self <= std::string_view("BEGIN").size();
+  if (!hasObject) return std::string(line);
   const std::size_t end = line.find(") ", self);
   return std::string(line.substr(0, self)) + std::string(line.substr(end + 1));
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/pde-drive/Driver.h"
+#include "tests/panels/PopUpPanels.h"
 #include "tests/panels/Trace.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TemporaryFolder.h"
@@ -16,26 +17,16 @@ namespace cardpanels {
 namespace {
 
 using test::contains;
+using test::kDisabledPopUp;
 using test::logged;
 using test::messages;
 using test::PanelDriver;
+using test::popUp;
+using test::ppdWith;
 using test::testOption;
 using test::testPPD;
 
-std::string ppdWith(const std::vector<std::string>& keys) {
-  std::vector<test::TestOption> options;
-  for (const std::string& key : keys) options.push_back(testOption(key, "Title of " + key, 3));
-  return testPPD(options);
-}
-
 const std::string kAllOptions = ppdWith({"frontUV", "backUV", "frontUVMAC", "backUVMAC"});
-
-std::string popUp(int selected) {
-  return R"(items=("Choice 0", "Choice 1", "Choice 2") selected=)" + std::to_string(selected) +
-         " enabled=YES hidden=NO";
-}
-
-constexpr const char* kDisabled = "items=() selected=-1 enabled=NO hidden=NO";
 
 /// A panel that a dialog has restored and shown.
 constexpr const char* kShow =
@@ -59,9 +50,9 @@ TEST(Ultraviolet, WithOnlyTheBackMACOptionThePanelExists) {
             "LOG disabling front mac\n"
             "LOG initializing back mac\n"
             "END initializeUI:=void\n");
-  EXPECT_EQ(driver.result("ultraviolet state frontUVPopUp"), kDisabled);
-  EXPECT_EQ(driver.result("ultraviolet state backUVPopUp"), kDisabled);
-  EXPECT_EQ(driver.result("ultraviolet state frontMACPopup"), kDisabled);
+  EXPECT_EQ(driver.result("ultraviolet state frontUVPopUp"), kDisabledPopUp);
+  EXPECT_EQ(driver.result("ultraviolet state backUVPopUp"), kDisabledPopUp);
+  EXPECT_EQ(driver.result("ultraviolet state frontMACPopup"), kDisabledPopUp);
   EXPECT_EQ(driver.result("ultraviolet state backMACPopup"), popUp(-1));
   EXPECT_EQ(driver.result("ultraviolet summaryInfo"), R"({"Title of backUVMAC" = "Choice 0"; })");
 }
@@ -82,15 +73,15 @@ TEST(Ultraviolet, TheUVOptionsWorkWithoutTheMACOptions) {
   driver.runSilently(kShow);
   EXPECT_EQ(driver.result("ultraviolet state frontUVPopUp"), popUp(0));
   EXPECT_EQ(driver.result("ultraviolet state backUVPopUp"), popUp(0));
-  EXPECT_EQ(driver.result("ultraviolet state frontMACPopup"), kDisabled);
-  EXPECT_EQ(driver.result("ultraviolet state backMACPopup"), kDisabled);
+  EXPECT_EQ(driver.result("ultraviolet state frontMACPopup"), kDisabledPopUp);
+  EXPECT_EQ(driver.result("ultraviolet state backMACPopup"), kDisabledPopUp);
 }
 
 TEST(Ultraviolet, TheMACOptionsWorkWithoutTheUVOptions) {
   PanelDriver driver(ppdWith({"frontUVMAC", "backUVMAC"}));
   driver.runSilently(kShow);
-  EXPECT_EQ(driver.result("ultraviolet state frontUVPopUp"), kDisabled);
-  EXPECT_EQ(driver.result("ultraviolet state backUVPopUp"), kDisabled);
+  EXPECT_EQ(driver.result("ultraviolet state frontUVPopUp"), kDisabledPopUp);
+  EXPECT_EQ(driver.result("ultraviolet state backUVPopUp"), kDisabledPopUp);
   EXPECT_EQ(driver.result("ultraviolet state frontMACPopup"), popUp(0));
   EXPECT_EQ(driver.result("ultraviolet state backMACPopup"), popUp(0));
 }
