@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <ctime>
 #include <filesystem>
@@ -57,6 +58,19 @@ class TemporaryFile {
 };
 
 int giveUp(http_t* /*http*/, void* /*data*/) { return 0; }
+
+/// How long a thread waits for the server; asked whenever `kInterval` has passed in vain.
+struct Waiting {
+  static constexpr double kInterval = 0.1;  // seconds
+
+  std::chrono::steady_clock::time_point end;
+  const std::atomic<bool>& abandoned;
+
+  static int goesOn(http_t* /*http*/, void* data) {
+    const auto& waiting = *static_cast<const Waiting*>(data);
+    return !waiting.abandoned && std::chrono::steady_clock::now() < waiting.end ? 1 : 0;
+  }
+};
 
 [[noreturn]] void failAtServer(const std::string& reason) {
   throw Error(filled(_("The print server {server} cannot be asked: {reason}"),
@@ -149,6 +163,17 @@ PPDFile ppdOf(http_t* http, const QueueName& name) {
   }
   throw Error(filled(_("The PPD of the queue {queue} cannot be had: {reason}"),
                      {{"queue", name.queue}, {"reason", cupsLastErrorString()}}));
+}
+
+Queue queueAt(http_t* http, const QueueName& name) {
+  const Dest dest = destOf(http, name);
+  Queue queue{nameOf(*dest), {}, ppdOf(http, nameOf(*dest))};
+  for (const cups_option_t& each : optionsOf(*dest)) {
+    if (ppdFindOption(queue.ppd.get(), each.name) != nullptr) {
+      queue.savedOptions.push_back({each.name, each.value});
+    }
+  }
+  return queue;
 }
 
 struct OpenFile {
@@ -277,15 +302,14 @@ QueueName QueueName::parse(const std::string& text) {
 std::string QueueName::text() const { return instance.empty() ? queue : queue + "/" + instance; }
 
 Queue openQueue(const QueueName& name, int seconds) {
+  return queueAt(connected(seconds).get(), name);
+}
+
+Queue openQueue(const QueueName& name, int seconds, const std::atomic<bool>& abandoned) {
+  Waiting waiting{std::chrono::steady_clock::now() + std::chrono::seconds(seconds), abandoned};
   const Http http = connected(seconds);
-  const Dest dest = destOf(http.get(), name);
-  Queue queue{nameOf(*dest), {}, ppdOf(http.get(), nameOf(*dest))};
-  for (const cups_option_t& each : optionsOf(*dest)) {
-    if (ppdFindOption(queue.ppd.get(), each.name) != nullptr) {
-      queue.savedOptions.push_back({each.name, each.value});
-    }
-  }
-  return queue;
+  httpSetTimeout(http.get(), Waiting::kInterval, Waiting::goesOn, &waiting);
+  return queueAt(http.get(), name);
 }
 
 int submitJob(const QueueName& name, const std::string& title,
