@@ -72,28 +72,35 @@ void hideWithLabels(GtkWidget* widget) {
   gtk_widget_hide(widget);
 }
 
-/// Whether nothing shows in `container`, or only its heading.
-bool isEmpty(GtkWidget* container) {
-  bool empty = true;
+bool isLayout(GtkWidget* widget) {
+  return GTK_IS_BOX(widget) || GTK_IS_GRID(widget) || GTK_IS_VIEWPORT(widget) ||
+         GTK_IS_SCROLLED_WINDOW(widget);
+}
+
+/// Whether something is to be seen in `widget` but headings.
+bool showsSomething(GtkWidget* widget) {
+  if (gtk_widget_get_visible(widget) == FALSE || GTK_IS_LABEL(widget)) return false;
+  if (!isLayout(widget)) return true;
+  bool shows = false;
   gtk_container_foreach(
-      GTK_CONTAINER(container),
+      GTK_CONTAINER(widget),
       [](GtkWidget* child, gpointer data) {
-        if (gtk_widget_get_visible(child) && !GTK_IS_LABEL(child))
-          *static_cast<bool*>(data) = false;
+        auto& found = *static_cast<bool*>(data);
+        found = found || showsSomething(child);
       },
-      &empty);
-  return empty;
+      &shows);
+  return shows;
 }
 
 /// Hides the groups around `widget`, and the dialog's page, that nothing shows in any more. GTK
 /// shows pages anew for each printer, but no other container that is part of the dialog itself.
 void hideEmptyGroups(GtkWidget* widget) {
-  for (GtkWidget* each = gtk_widget_get_parent(widget); each != nullptr && isEmpty(each);
-       each = gtk_widget_get_parent(each)) {
+  GtkWidget* each = gtk_widget_get_parent(widget);
+  while (each != nullptr && isLayout(each) && !showsSomething(each)) {
     GtkWidget* const parent = gtk_widget_get_parent(each);
     const bool isPage = GTK_IS_NOTEBOOK(parent);
     if (isPage || gtk_buildable_get_name(GTK_BUILDABLE(each)) == nullptr) gtk_widget_hide(each);
-    if (isPage) return;
+    each = parent;
   }
 }
 
@@ -158,6 +165,7 @@ GtkPrintDialog::GtkPrintDialog(GtkPrintUnixDialog* dialog)
 }
 
 GtkPrintDialog::~GtkPrintDialog() {
+  if (page_ != nullptr) g_signal_handlers_disconnect_by_data(page_, &page_);
   for (GtkWidget* each : {conflictSign_, paperSizes_}) {
     if (each != nullptr) g_signal_handlers_disconnect_by_data(each, this);
   }
@@ -230,6 +238,7 @@ GtkWidget* GtkPrintDialog::emptyPage() {
   }
   gtk_container_foreach(
       GTK_CONTAINER(page_), [](GtkWidget* child, gpointer) { gtk_widget_destroy(child); }, nullptr);
+  gtk_widget_show(page_);
   return page_;
 }
 
@@ -269,7 +278,8 @@ void GtkPrintDialog::tell(const std::string& message) {
 void GtkPrintDialog::removePage() {
   cardPage_.reset();
   panels_.reset();
-  if (page_ != nullptr) gtk_widget_destroy(page_);
+  // Taking a tab away while a screen reader listens is a critical warning of GTK 3.
+  if (page_ != nullptr) gtk_widget_hide(page_);
 }
 
 }  // namespace cardpanels::gtk3module
