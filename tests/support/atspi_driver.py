@@ -199,10 +199,34 @@ class Program:
 
         return wait_for(look, "the program shows no window")
 
+    @property
+    def pid(self):
+        return self._process.pid
+
+    def runs(self):
+        return self._process.poll() is None
+
+    def end(self, limit=LIMIT_SECONDS):
+        """Asks the program to end if it runs. Answers exit status and standard error."""
+        if self.runs():
+            self._process.terminate()
+        _, err = self._process.communicate(timeout=limit)
+        return self._process.returncode, err
+
     def finish(self, limit=LIMIT_SECONDS):
         """Waits for the end. Answers exit status, standard output and standard error."""
         out, err = self._process.communicate(timeout=limit)
         return self._process.returncode, out, err
+
+
+class Part:
+    """A part of a program, a window for example, in which controls are found."""
+
+    def __init__(self, root):
+        self.root = root
+
+    def find(self, role, name=None, limit=LIMIT_SECONDS):
+        return find(self.root, role, name, limit)
 
 
 class Desktop:
