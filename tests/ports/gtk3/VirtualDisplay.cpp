@@ -51,7 +51,7 @@ class VirtualDisplay final : public testing::Environment {
       dup2(nowhere, STDOUT_FILENO);
       dup2(nowhere, STDERR_FILENO);
       execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "1280x1024x24",
-             "-nolisten", "tcp", nullptr);
+             "-noreset", "-nolisten", "tcp", nullptr);
       _exit(127);
     }
     close(ends[1]);
