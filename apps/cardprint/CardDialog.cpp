@@ -1,6 +1,7 @@
 #include "apps/cardprint/CardDialog.h"
 
 #include <gtkmm/button.h>
+#include <gtkmm/separator.h>
 
 #include "host/Error.h"
 #include "ports/gtk3/Translation.h"
@@ -28,7 +29,8 @@ CardDialog::CardDialog(CardJob& job)
       page_(*this) {
   get_content_area()->set_border_width(0);
   get_content_area()->pack_start(page_, Gtk::PACK_EXPAND_WIDGET);
-  page_.show();
+  get_content_area()->pack_start(*Gtk::make_managed<Gtk::Separator>(), Gtk::PACK_SHRINK);
+  get_content_area()->show_all();
   add_button(tr("_Cancel"), Gtk::RESPONSE_CANCEL);
   auto* const print = add_button(tr("_Print"), Gtk::RESPONSE_OK);
   print->get_parent()->property_margin() = kButtonMargin;

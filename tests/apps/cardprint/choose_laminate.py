@@ -15,7 +15,7 @@ SERVER = ("CUPS_SERVER", "CUPS_SERVERROOT")
 def choose_laminate(program, laminate, arguments):
     server = {name: os.environ[name] for name in SERVER if name in os.environ}
     with user.Desktop() as desktop:
-        dialog = desktop.start([program, *arguments], G_DEBUG="fatal-criticals", **server)
+        dialog = desktop.start([program, *arguments], G_DEBUG="fatal-criticals", GDK_GL="disable", **server)
         user.select_row(dialog.window(), "Thermal Laminate")
         user.choose(dialog.find("combo box", "Laminate"), laminate)
         user.press(dialog.find("push button", "Print"))

@@ -23,7 +23,7 @@ class DialogTestCase(unittest.TestCase):
     def start(self, *arguments, sample="card-laminate"):
         ppd = str(ROOT / "resources" / "ppd" / f"{sample}.ppd")
         return self.desktop.start(
-            [CARDPRINT, "--ppd", ppd, *arguments], G_DEBUG="fatal-criticals"
+            [CARDPRINT, "--ppd", ppd, *arguments], G_DEBUG="fatal-criticals", GDK_GL="disable"
         )
 
     def test_print_answers_what_was_chosen(self):

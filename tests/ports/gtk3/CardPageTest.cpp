@@ -334,7 +334,7 @@ TEST_F(CardPageTest, TheBarOffersToChangeAnywayOnlyWhereThatIsOffered) {
   auto* const bar = all<Gtk::InfoBar>().front();
   const auto buttons = all<Gtk::Button>();
   auto* const button = *std::find_if(buttons.begin(), buttons.end(), [](const Gtk::Button* each) {
-    return each->get_label() == "Change _Anyway";
+    return each->get_label() == "Change An_yway";
   });
   EXPECT_TRUE(button->get_visible());
   bar->response(Gtk::RESPONSE_CLOSE);
