@@ -81,5 +81,16 @@ TEST_F(CardprintQueueTest, SendsWhatAPersonChoosesInTheDialog) {
   EXPECT_THAT(server_.job(1), Not(Contains(Key("frontPO"))));
 }
 
+TEST_F(CardprintQueueTest, TellsInTheDialogThatAJobCannotBeSentAndStays) {
+  const auto finished = test::runCommand("/usr/bin/python3 -B " CARDPANELS_SOURCE_DIR
+                                         "/tests/apps/cardprint/lose_file.py " CARDPANELS_BUILD_DIR
+                                         "/bin/cardprint card " +
+                                         picture_);
+  EXPECT_EQ(finished.status, 1) << finished.output << finished.errors;
+  EXPECT_THAT(finished.output, HasSubstr(picture_));
+  EXPECT_THAT(finished.errors, HasSubstr("cardprint: " + picture_));
+  EXPECT_EQ(server_.jobCount(), 0);
+}
+
 }  // namespace
 }  // namespace cardpanels
