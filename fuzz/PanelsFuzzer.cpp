@@ -114,6 +114,8 @@ Names allKeys() {
 
 const Names kKeys = allKeys();
 
+constexpr int kMostCommands = 200;
+
 const std::array kChoices{"None",
                           "YMCK",
                           "DefinedAreas",
@@ -214,13 +216,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   settings.bundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
   settings.constraintHandling = script.coin();
   cardpanels::drive::Driver driver(settings, out);
-  std::string command = "panels";
-  for (int count = 0; count < 200; ++count) {
+  const auto carryOut = [&](const std::string& command) {
     out.str("");
     driver.run(command);
     require(isBalanced(out.str()), "the trace is balanced and at depth 0 after:\n" + out.str());
-    if (script.ended()) break;
-    command = script.command();
+  };
+  carryOut("panels");
+  if (script.coin()) {
+    for (const PanelNames& panel : kPanels) {
+      for (const char* operation : {"restoreValuesAndReturnError", "panelView", "willShow"}) {
+        carryOut(panel.name + " " + operation);
+      }
+    }
+  }
+  for (int count = 0; count < kMostCommands && !script.ended(); ++count) {
+    carryOut(script.command());
   }
   return 0;
 }

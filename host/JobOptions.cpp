@@ -85,7 +85,7 @@ JobOptions::JobOptions(PPDFile ppd) : ppd_(std::move(ppd)) {
   }
 }
 
-ChangeResult JobOptions::request(const Text& key, const Text& choice) {
+ChangeResult JobOptions::request(const Text& key, const Text& choice, Losing losing) {
   const OwnNames names(*this);
   try {
     ppd_option_t& option = found(key.value_or(std::string()));
@@ -93,29 +93,36 @@ ChangeResult JobOptions::request(const Text& key, const Text& choice) {
       throw Error(filled(_("No choice was given for “{option}”."), {{"option", titleOf(option)}}));
     }
     // Panels save all areas that they have, changed or not, on many an occasion.
-    if (hasValue(option, *choice)) return {true, {}, {}};
+    if (hasValue(option, *choice)) return {.granted = true};
     const Mark wanted = markFor(option, *choice);
     ChangeResult result =
-        isMarked(option, wanted) ? ChangeResult{true, {}, {}} : change(option, wanted);
+        isMarked(option, wanted) ? ChangeResult{.granted = true} : change(option, wanted, losing);
     // That includes their empty areas, which must not fill the job's list.
     if (result.granted && !isNoValue(option, *choice)) set_.insert(&option);
     return result;
   } catch (const Error& error) {
-    return {false, {}, error.what()};
+    return {.message = error.what()};
   }
 }
 
 /// Marks `wanted` and resolves what conflicts with it. When that cannot be, all stays as it was.
-ChangeResult JobOptions::change(ppd_option_t& option, const Mark& wanted) {
+ChangeResult JobOptions::change(ppd_option_t& option, const Mark& wanted, Losing losing) {
   const Marks before = marks();
   set(option, wanted);
   const auto partners = conflictsWith(ppd_.get(), option);
   std::string refused = refusal(option, value(option).value_or(kNothingMarked), partners);
   if (!partners.empty() && !resolve(option, partners)) {
     restore(before);
-    return {false, {}, std::move(refused)};
+    return {.message = std::move(refused)};
   }
-  ChangeResult result{true, changesSince(before, option), {}};
+  if (losing == Losing::refused) {
+    std::string loss = lossSince(before, option);
+    if (!loss.empty()) {
+      restore(before);
+      return {.message = std::move(loss), .losesValues = true};
+    }
+  }
+  ChangeResult result{.granted = true, .changes = changesSince(before, option)};
   result.message = explanation(option, result.changes, before);
   for (const Option& each : result.changes) set_.insert(find(each.key));
   return result;
@@ -406,6 +413,23 @@ std::string JobOptions::refusal(const ppd_option_t& option, const std::string& c
   return filled(
       _("“{option}” cannot be “{choice}” while {conditions}."),
       {{"option", titleOf(option)}, {"choice", title(option, choice)}, {"conditions", conditions}});
+}
+
+/// What the user would lose by `option`'s mark of now; empty for nothing.
+std::string JobOptions::lossSince(const Marks& marks, const ppd_option_t& option) const {
+  std::string losses;
+  for (const auto& [other, mark] : marks.custom) {
+    const bool isTheSame = other == &option || (isPageSize(*other) && isPageSize(option));
+    if (isTheSame || custom_.contains(other)) continue;
+    if (!losses.empty()) losses += _(" and ");
+    losses += filled(_("“{choice}” of “{option}”"),
+                     {{"choice", title(*other, mark.custom)}, {"option", titleOf(*other)}});
+  }
+  if (losses.empty()) return losses;
+  return filled(_("“{option}” was not changed to “{choice}”, because that would remove {losses}."),
+                {{"option", titleOf(option)},
+                 {"choice", title(option, value(option).value_or(kNothingMarked))},
+                 {"losses", losses}});
 }
 
 std::string JobOptions::explanation(const ppd_option_t& option, const std::vector<Option>& changes,

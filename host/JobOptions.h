@@ -19,11 +19,17 @@ struct ChangeResult {
   bool granted = false;
   /// Every option whose mark is another now, the requested one first when it is among them. An
   /// option that nothing is marked of any more has the value `Default`.
-  std::vector<Option> changes;
+  std::vector<Option> changes = {};
   /// What the user is told, by option and choice titles, in full sentences: why the change was
   /// refused, or which other options were changed and why. Empty when there is nothing to tell.
-  std::string message;
+  std::string message = {};
+  /// Whether it was refused only because values that the user gave other options would be lost; the
+  /// message tells which. `Losing::allowed` grants it.
+  bool losesValues = false;
 };
+
+/// Whether a change request may undo values that the user gave other options.
+enum class Losing { refused, allowed };
 
 /// The PPD options of one print job: the host's marks, its rules, and the job's option list.
 ///
@@ -44,9 +50,11 @@ class JobOptions {
   /// option with one parameter; the empty text, `Default` and `0in 0in 0in 0in` mark the default
   /// choice of such an option. `{Name=value …}` gives the values of several parameters. A listed
   /// choice wins. Refused are an absent or unknown option or choice, a value outside its
-  /// parameter's type or limits, and a conflict that libcups cannot resolve; then no mark changes.
-  /// A conflict that was there before and that `key` has no part in is left alone.
-  ChangeResult request(const platform::Text& key, const platform::Text& choice);
+  /// parameter's type or limits, a conflict that libcups cannot resolve, and, unless `losing`
+  /// allows it, one whose resolution takes a value like an area from another option; then no mark
+  /// changes. A conflict that was there before and that `key` has no part in is left alone.
+  ChangeResult request(const platform::Text& key, const platform::Text& choice,
+                       Losing losing = Losing::refused);
 
   /// Marks without asking the constraints. Throws `Error` for what `request` would refuse for
   /// another reason than a conflict.
@@ -99,7 +107,7 @@ class JobOptions {
 
   bool hasValue(const ppd_option_t& option, std::string_view value) const;
   bool isMarked(const ppd_option_t& option, const Mark& mark) const;
-  ChangeResult change(ppd_option_t& option, const Mark& wanted);
+  ChangeResult change(ppd_option_t& option, const Mark& wanted, Losing losing);
   void set(ppd_option_t& option, const Mark& mark);
   Marks marks() const;
   void restore(const Marks& marks);
@@ -110,6 +118,7 @@ class JobOptions {
   bool resolveCollate(ppd_option_t& option);
   std::string refusal(const ppd_option_t& option, const std::string& choice,
                       const std::vector<ppd_option_t*>& partners) const;
+  std::string lossSince(const Marks& marks, const ppd_option_t& option) const;
   std::string explanation(const ppd_option_t& option, const std::vector<Option>& changes,
                           const Marks& before) const;
 

@@ -22,18 +22,20 @@ class PanelHost::Telling {
     if (outer_ != nullptr) {
       outer_->requests_ += requests_;
       for (const std::string& message : messages_) outer_->add(message);
+      if (insisted_) outer_->insisted_ = insisted_;
       return;
     }
     if (requests_ == 0 || host_.observer_ == nullptr) return;
     std::string text;
     for (const std::string& message : messages_) text += (text.empty() ? "" : "\n") + message;
-    host_.observer_->tell(text);
+    host_.observer_->tell(text, insisted_);
     host_.observer_->optionsChanged();
   }
 
-  void note(const ChangeResult& result) {
+  void note(const Option& option, const ChangeResult& result) {
     ++requests_;
     add(result.message);
+    if (result.losesValues) insisted_ = option;
   }
 
  private:
@@ -46,6 +48,7 @@ class PanelHost::Telling {
   Telling* outer_;
   int requests_ = 0;
   std::vector<std::string> messages_;
+  std::optional<Option> insisted_;
 };
 
 PanelHost::PanelHost(const std::string& path, std::shared_ptr<platform::Bundle> bundle,
@@ -55,8 +58,10 @@ PanelHost::PanelHost(const std::string& path, std::shared_ptr<platform::Bundle> 
       callback_(std::make_shared<ConstrainingHostCallback>(job)),
       plugIn_(loadPlugIn(path)) {
   plugIn_->initWithBundle(bundle_);
-  callback_->setRequested([this](const platform::Text&, const platform::Text&,
-                                 const ChangeResult& result) { requested(result); });
+  callback_->setRequested(
+      [this](const platform::Text& key, const platform::Text& choice, const ChangeResult& result) {
+        requested({key.value_or(""), choice.value_or("")}, result);
+      });
   const auto made = plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType, callback_);
   callback_->setPanels(made);
   if (made) panels_.assign(made->begin(), made->end());
@@ -131,18 +136,26 @@ void PanelHost::print() {
 }
 
 ChangeResult PanelHost::change(const std::string& key, const std::string& choice) {
+  return change({key, choice}, Losing::refused);
+}
+
+ChangeResult PanelHost::insist(const std::string& key, const std::string& choice) {
+  return change({key, choice}, Losing::allowed);
+}
+
+ChangeResult PanelHost::change(const Option& option, Losing losing) {
   const Telling telling(*this);
-  ChangeResult result = job_.request(key, choice);
+  ChangeResult result = job_.request(option.key, option.value, losing);
   callback_->tellPanels(result.changes);
-  requested(result);
+  requested(option, result);
   if (shown_) shown_->updateUI();
   return result;
 }
 
-void PanelHost::requested(const ChangeResult& result) {
+void PanelHost::requested(const Option& option, const ChangeResult& result) {
   // Outside an operation of the host, a panel asks because the user changed something.
   Telling own(*this);
-  own.note(result);
+  own.note(option, result);
 }
 
 std::shared_ptr<platform::Dictionary> PanelHost::summary(const Panel& panel) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -26,7 +27,9 @@ class PanelObserver {
   virtual void optionsChanged() = 0;
 
   /// The user is to be told `message`, in place of what was told last; empty: nothing any more.
-  virtual void tell(const std::string& message) = 0;
+  /// `insisted` is a change that was refused only for what it would undo, so the user may insist
+  /// on it by `PanelHost::insist`.
+  virtual void tell(const std::string& message, const std::optional<Option>& insisted) = 0;
 };
 
 /// Drives a plug-in's panels through their life over one job's options.
@@ -67,6 +70,9 @@ class PanelHost {
   /// A change that the dialog or the command line asks for; panels are told and follow.
   ChangeResult change(const std::string& key, const std::string& choice);
 
+  /// The same for a change that the user wants whatever other options lose by it.
+  ChangeResult insist(const std::string& key, const std::string& choice);
+
   /// The panel's summary, a new dictionary a call.
   std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const;
 
@@ -76,7 +82,8 @@ class PanelHost {
  private:
   class Telling;
 
-  void requested(const ChangeResult& result);
+  ChangeResult change(const Option& option, Losing losing);
+  void requested(const Option& option, const ChangeResult& result);
   void prepare(const Panel& panel);
   void deliverLongValues(const Panel& panel);
 

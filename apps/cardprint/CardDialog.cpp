@@ -1,5 +1,8 @@
 #include "apps/cardprint/CardDialog.h"
 
+#include <gtkmm/button.h>
+#include <gtkmm/separator.h>
+
 #include "host/Error.h"
 #include "ports/gtk3/Translation.h"
 
@@ -10,6 +13,7 @@ using gtk3::tr;
 
 constexpr int kWidth = 720;
 constexpr int kHeight = 480;
+constexpr int kButtonMargin = 6;
 
 std::string joined(const std::vector<std::string>& lines) {
   std::string text;
@@ -25,13 +29,15 @@ CardDialog::CardDialog(CardJob& job)
       page_(*this) {
   get_content_area()->set_border_width(0);
   get_content_area()->pack_start(page_, Gtk::PACK_EXPAND_WIDGET);
-  page_.show();
+  get_content_area()->pack_start(*Gtk::make_managed<Gtk::Separator>(), Gtk::PACK_SHRINK);
+  get_content_area()->show_all();
   add_button(tr("_Cancel"), Gtk::RESPONSE_CANCEL);
-  add_button(tr("_Print"), Gtk::RESPONSE_OK);
+  auto* const print = add_button(tr("_Print"), Gtk::RESPONSE_OK);
+  print->get_parent()->property_margin() = kButtonMargin;
   set_default_response(Gtk::RESPONSE_OK);
   set_default_size(kWidth, kHeight);
   job_.panels().setObserver(this);
-  tell(joined(job_.notices()));
+  page_.tell(joined(job_.notices()));
 }
 
 CardDialog::~CardDialog() { job_.panels().setObserver(nullptr); }
@@ -44,9 +50,14 @@ std::shared_ptr<platform::Dictionary> CardDialog::summary(const Panel& panel) co
   return job_.panels().summary(panel);
 }
 
-void CardDialog::tell(const std::string& message) {
+void CardDialog::tell(const std::string& message, const std::optional<host::Option>& insisted) {
   told_ = message;
-  page_.tell(message);
+  if (insisted) {
+    page_.tell(message,
+               [this, change = *insisted] { job_.panels().insist(change.key, change.value); });
+  } else {
+    page_.tell(message);
+  }
 }
 
 std::optional<std::string> CardDialog::choose() {
@@ -64,7 +75,7 @@ std::optional<std::string> CardDialog::print() {
     return output;
   } catch (const host::Error& error) {
     error_ = error.what();
-    page_.tell(error_, Gtk::MESSAGE_ERROR);
+    page_.tellError(error_);
     return std::nullopt;
   }
 }

@@ -36,7 +36,7 @@ class CardDialog : public Gtk::Dialog, private gtk3::PanelDriver, private host::
   std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override;
 
   void optionsChanged() override { page_.optionsChanged(); }
-  void tell(const std::string& message) override;
+  void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
 
   bool storedSilently();
   std::optional<std::string> print();

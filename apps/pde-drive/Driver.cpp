@@ -449,7 +449,7 @@ std::string Driver::parseArea(const Words& arguments) {
   std::array<const char*, 4> parts{};
   areas->parseArea(ascii(arguments[0]), parts[0], parts[1], parts[2], parts[3]);
   std::string text;
-  for (const char* part : parts) text += "(" + std::string(part) + ")";
+  for (const char* const part : parts) text.append("(").append(part).append(")");
   return text;
 }
 

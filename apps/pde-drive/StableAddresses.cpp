@@ -6,19 +6,21 @@
 
 namespace cardpanels::drive {
 
-StableAddresses* StableAddresses::current_ = nullptr;
+StableAddresses* StableAddresses::newest_ = nullptr;
 
-StableAddresses::StableAddresses() : observerBefore_(platform::setEndObserver(objectEnds)) {
-  current_ = this;
+StableAddresses::StableAddresses()
+    : older_(newest_), observerBefore_(platform::setEndObserver(objectEnds)) {
+  newest_ = this;
 }
 
 StableAddresses::~StableAddresses() {
-  current_ = nullptr;
+  newest_ = older_;
   platform::setEndObserver(observerBefore_);
 }
 
 void StableAddresses::objectEnds(const void* address) {
-  current_->names_.erase(platform::addressText(address));
+  const std::string text = platform::addressText(address);
+  for (auto* each = newest_; each != nullptr; each = each->older_) each->names_.erase(text);
 }
 
 std::string StableAddresses::renamed(std::string_view line) {

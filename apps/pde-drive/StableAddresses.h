@@ -11,7 +11,7 @@ namespace cardpanels::drive {
 
 /// Gives addresses names that are the same in every run: `0x1`, `0x2`, … in hexadecimal, in the
 /// order in which they first appear. An object that ends takes its name with it, so that another
-/// one at the same place gets its own. One lives at a time.
+/// one at the same place gets its own. Those that live at a time end in reverse order.
 class StableAddresses {
  public:
   StableAddresses();
@@ -25,7 +25,8 @@ class StableAddresses {
  private:
   static void objectEnds(const void* address);
 
-  static StableAddresses* current_;
+  static StableAddresses* newest_;
+  StableAddresses* older_;
   platform::EndObserver observerBefore_;
   std::map<std::string, std::string, std::less<>> names_;
   std::uintptr_t count_ = 0;

@@ -1,5 +1,7 @@
 #include "ports/gtk3/CardPage.h"
 
+#include <glibmm/main.h>
+#include <gtkmm/dialog.h>
 #include <gtkmm/separator.h>
 
 #include <exception>
@@ -18,6 +20,7 @@ constexpr int kMaximumMessageHeight = 120;
 Gtk::Label* newText(const Glib::ustring& text) {
   auto* const label = Gtk::make_managed<Gtk::Label>(text);
   label->set_line_wrap();
+  label->set_line_wrap_mode(Pango::WRAP_WORD_CHAR);
   label->property_margin() = kBorder;
   return label;
 }
@@ -32,7 +35,7 @@ CardPage::CardPage(PanelDriver& driver) : Gtk::Box(Gtk::ORIENTATION_VERTICAL), d
     addNothingToChoose();
   } else {
     addSections();
-    optionsChanged();
+    readSummary();
   }
   show_all_children();
 }
@@ -45,17 +48,22 @@ CardPage::~CardPage() {
 
 void CardPage::addMessageBar() {
   messageLabel_.set_line_wrap();
+  messageLabel_.set_line_wrap_mode(Pango::WRAP_WORD_CHAR);
   messageLabel_.set_xalign(0);
   messageLabel_.show();
   auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
   scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
   scroller->set_propagate_natural_height(true);
   scroller->set_max_content_height(kMaximumMessageHeight);
+  scroller->set_hexpand();
   scroller->add(messageLabel_);
   scroller->show();
   dynamic_cast<Gtk::Container&>(*messageBar_.get_content_area()).add(*scroller);
-  messageBar_.set_show_close_button();
-  messageBar_.signal_response().connect([this](int) { tell({}); });
+  insistButton_ = messageBar_.add_button(tr("Change _Anyway"), Gtk::RESPONSE_ACCEPT);
+  for (auto* button : {insistButton_, messageBar_.add_button(tr("C_lose"), Gtk::RESPONSE_CLOSE)}) {
+    button->set_valign(Gtk::ALIGN_CENTER);
+  }
+  messageBar_.signal_response().connect(sigc::mem_fun(*this, &CardPage::answerMessage));
   messageBar_.set_no_show_all();
   pack_start(messageBar_, Gtk::PACK_SHRINK);
 }
@@ -152,6 +160,12 @@ void CardPage::load(Section& section) {
 void CardPage::editEnded(const Section* section) { driver_.storeTyped(section->panel); }
 
 void CardPage::optionsChanged() {
+  if (summaryReading_.connected()) return;
+  summaryReading_ = Glib::signal_idle().connect(sigc::mem_fun(*this, &CardPage::readSummary));
+}
+
+/// Always false: it is to be called once.
+bool CardPage::readSummary() {
   std::vector<SummaryGrid::Group> groups;
   for (const auto& panel : driver_.panels()) {
     if (auto entries = driver_.summary(panel)) {
@@ -159,12 +173,30 @@ void CardPage::optionsChanged() {
     }
   }
   summary_.display(groups);
+  return false;
 }
 
-void CardPage::tell(const std::string& message, Gtk::MessageType type) {
+void CardPage::tell(const std::string& message, const std::function<void()>& insist) {
+  insist_ = insist;
+  showMessage(message, Gtk::MESSAGE_WARNING);
+}
+
+void CardPage::tellError(const std::string& message) {
+  insist_ = nullptr;
+  showMessage(message, Gtk::MESSAGE_ERROR);
+}
+
+void CardPage::showMessage(const std::string& message, Gtk::MessageType type) {
   messageLabel_.set_text(message);
   messageBar_.set_message_type(type);
+  insistButton_->set_visible(insist_ != nullptr);
   messageBar_.set_visible(!message.empty());
+}
+
+void CardPage::answerMessage(int response) {
+  const auto insist = std::exchange(insist_, nullptr);
+  tell({});
+  if (response == Gtk::RESPONSE_ACCEPT && insist) insist();
 }
 
 }  // namespace cardpanels::gtk3

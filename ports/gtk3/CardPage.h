@@ -1,12 +1,14 @@
 #pragma once
 
 #include <gtkmm/box.h>
+#include <gtkmm/button.h>
 #include <gtkmm/infobar.h>
 #include <gtkmm/label.h>
 #include <gtkmm/listbox.h>
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/stack.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,11 +29,16 @@ class CardPage : public Gtk::Box {
   explicit CardPage(PanelDriver& driver);
   ~CardPage() override;
 
-  /// To be called when options have changed: reads the summary again.
+  /// To be called when options have changed: the summary is read again once this is done, since a
+  /// panel learns what became of its own request only after the host has told of it.
   void optionsChanged();
 
-  /// Shows `message` in the bar in place of what is there; nothing takes the bar away.
-  void tell(const std::string& message, Gtk::MessageType type = Gtk::MESSAGE_WARNING);
+  /// Shows `message` in the bar in place of what is there; nothing takes the bar away. With
+  /// `insist`, the bar offers to change the options anyway, and calls it when the user does.
+  void tell(const std::string& message, const std::function<void()>& insist = {});
+
+  /// The same for an error.
+  void tellError(const std::string& message);
 
  protected:
   void on_map() override;
@@ -45,7 +52,10 @@ class CardPage : public Gtk::Box {
     std::shared_ptr<platform::View> view;
   };
 
+  bool readSummary();
   void addMessageBar();
+  void answerMessage(int response);
+  void showMessage(const std::string& message, Gtk::MessageType type);
   void addNothingToChoose();
   void addSections();
   void addSection(const std::string& name, const PanelDriver::Panel& panel);
@@ -58,9 +68,12 @@ class CardPage : public Gtk::Box {
   PanelDriver& driver_;
   Gtk::InfoBar messageBar_;
   Gtk::Label messageLabel_;
+  Gtk::Button* insistButton_ = nullptr;  // in the bar
+  std::function<void()> insist_;
   Gtk::ListBox sidebar_;
   Gtk::Stack stack_;
   SummaryGrid summary_;
+  sigc::connection summaryReading_;
   std::vector<Section> sections_;
   Section* current_ = nullptr;
   bool shown_ = false;

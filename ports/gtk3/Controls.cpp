@@ -19,6 +19,16 @@ bool leaveToParent(GdkEventScroll* /*event*/, Gtk::Widget* widget) {
 
 }  // namespace
 
+TabView::TabView(const Glib::RefPtr<Gtk::Widget>& tabs) : Viewed(tabs) {
+  if (dynamic_cast<Gtk::Notebook*>(&widget()) == nullptr) return;
+  // While a notebook loses its pages at its end, GTK looks up the tabs of pages that have gone,
+  // with a critical warning, when assistive technology listens. A notebook without tabs is spared.
+  g_signal_connect(widget().gobj(), "destroy", G_CALLBACK(+[](GtkNotebook* notebook, gpointer) {
+                     gtk_notebook_set_show_tabs(notebook, FALSE);
+                   }),
+                   nullptr);
+}
+
 EntryField::EntryField(const Glib::RefPtr<Gtk::Widget>& entry_) : Viewed(entry_) {
   ownTooltip_ = entry().get_tooltip_text();
   if (entry().get_max_length() == 0) entry().set_max_length(kMaximumLength);

@@ -44,7 +44,7 @@ class View final : public Viewed<platform::View> {
 /// A notebook or a stack.
 class TabView final : public Viewed<platform::TabView> {
  public:
-  using Viewed::Viewed;
+  explicit TabView(const Glib::RefPtr<Gtk::Widget>& tabs);
   std::string className() const override { return "TabView"; }
 };
 

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "platform/NibConnections.h"
-#include "platform/StringTable.h"
 #include "platform/Text.h"
 #include "ports/gtk3/Controls.h"
 #include "ports/gtk3/WidgetView.h"
@@ -58,7 +57,6 @@ class Nib {
   explicit Nib(const std::string& path) : builder_(Gtk::Builder::create()) {
     contents_.file = path;
     if (!Gdk::Display::get_default()) fail("there is no display to show it on");
-    builder_->set_translation_domain(platform::StringTable::kDomain);
     try {
       builder_->add_from_file(path);
     } catch (const Glib::Error& error) {

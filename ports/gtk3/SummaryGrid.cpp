@@ -74,7 +74,6 @@ void SummaryGrid::display(const std::vector<Group>& groups) {
 void SummaryGrid::attachRow(int row, const std::string& title, const std::string& value) {
   auto* const titleLabel = newLabel(title);
   titleLabel->set_margin_start(kIndent);
-  titleLabel->get_style_context()->add_class("dim-label");
   auto* const valueLabel = newLabel(value);
   valueLabel->set_hexpand();
   relate(*titleLabel, *valueLabel);

@@ -477,10 +477,19 @@ TEST(Conflicts, AResolverOfThePPDIsFollowed) {
             (Options{{"peelOff", "Full"}, {"ribbon", "Gold"}}));
 }
 
-TEST(Conflicts, AnotherOptionsTypedValueThatIsReplacedIsTold) {
+TEST(Conflicts, AnotherOptionsTypedValueIsNotLostUnlessThatIsAllowed) {
   JobOptions job = conflictJob("*UIConstraints: *peelOff Full *Customarea True\n");
   job.mark("area", "1in 1in 2in 2in");
-  const ChangeResult result = job.request("peelOff", "Full");
+  const ChangeResult refused = job.request("peelOff", "Full");
+  EXPECT_FALSE(refused.granted);
+  EXPECT_TRUE(refused.losesValues);
+  EXPECT_EQ(refused.message,
+            "“Peel-Off Front” was not changed to “Full”, because that would remove “1in 1in 2in "
+            "2in” of “area”.");
+  EXPECT_EQ(job.marked("area"), "Custom.1in 1in 2in 2in");
+  EXPECT_EQ(job.marked("peelOff"), "None");
+
+  const ChangeResult result = job.request("peelOff", "Full", Losing::allowed);
   EXPECT_TRUE(result.granted);
   EXPECT_EQ(result.changes, (Options{{"peelOff", "Full"}, {"area", "Default"}}));
   EXPECT_EQ(result.message,

@@ -251,7 +251,7 @@ class Desktop:
             HOME=self.home, XDG_RUNTIME_DIR=runtime, GDK_BACKEND="x11", GSETTINGS_BACKEND="memory"
         )
         try:
-            screen = ["-screen", "0", f"{self._size}x24", "-nolisten", "tcp"]
+            screen = ["-screen", "0", f"{self._size}x24", "-noreset", "-nolisten", "tcp"]
             self.env["DISPLAY"] = ":" + self._announced(["Xvfb", *screen, "-displayfd"])
             bus = ["dbus-daemon", "--session", "--nofork", "--print-address"]
             self.env["DBUS_SESSION_BUS_ADDRESS"] = self._announced(bus)

@@ -30,6 +30,16 @@ TEST(StableAddresses, AnObjectAtTheSamePlaceGetsAnotherName) {
   EXPECT_EQ(addresses.renamed(card->description()), "<Card: 0x2>");
 }
 
+TEST(StableAddresses, OneInsideAnotherLeavesItAsItWas) {
+  StableAddresses outer;
+  outer.renamed("0xabc");
+  {
+    StableAddresses inner;
+    EXPECT_EQ(inner.renamed("0xdef"), "0x1");
+  }
+  EXPECT_EQ(outer.renamed("0xdef 0xabc"), "0x2 0x1");
+}
+
 TEST(StableAddresses, NoAddressStays) {
   StableAddresses addresses;
   EXPECT_EQ(addresses.renamed("(0x0) 0x"), "(0x0) 0x");

@@ -4,6 +4,7 @@
 #include <gtkmm/entry.h>
 #include <gtkmm/window.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <stdexcept>
@@ -90,6 +91,7 @@ class RecordingDriver final : public PanelDriver {
   void hide(const Panel& panel) override { note("hide", panel); }
   void storeTyped(const Panel& panel) override { note("store", panel); }
   std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override {
+    ++summaries;
     auto dictionary = std::make_shared<platform::Dictionary>();
     if (!value.empty()) dictionary->setValueForKey(value, "Card " + *panel->panelName());
     return dictionary;
@@ -100,6 +102,7 @@ class RecordingDriver final : public PanelDriver {
 
   bool fails = false;
   std::string value;
+  mutable int summaries = 0;  // how often one was asked for
 
  private:
   void note(const std::string& what, const Panel& panel) {
@@ -280,6 +283,24 @@ TEST_F(CardPageTest, TheSummaryIsReadAgainAfterAChange) {
               testing::AllOf(testing::Contains("Back"), testing::Not(testing::Contains("Front"))));
 }
 
+TEST_F(CardPageTest, TheSummaryIsReadWhenThePanelKnowsOfTheChangeToo) {
+  makePage();
+  showWindow();
+  selectRow(2);
+  page_->optionsChanged();
+  driver_.value = "Back";
+  EXPECT_THAT(visibleTexts(), testing::Contains("Back"));
+}
+
+TEST_F(CardPageTest, APageThatIsGoneReadsNoSummary) {
+  makePage();
+  page_->optionsChanged();
+  page_.reset();
+  driver_.summaries = 0;
+  test::handleEvents();
+  EXPECT_EQ(driver_.summaries, 0);
+}
+
 TEST_F(CardPageTest, AMessageIsToldUntilItNoLongerHolds) {
   makePage();
   showWindow();
@@ -303,6 +324,49 @@ TEST_F(CardPageTest, TheUserClosesTheMessageBar) {
   page_->tell("Laminate needs a ribbon.");
   all<Gtk::InfoBar>().front()->response(Gtk::RESPONSE_CLOSE);
   EXPECT_FALSE(all<Gtk::InfoBar>().front()->get_visible());
+}
+
+TEST_F(CardPageTest, TheBarOffersToChangeAnywayOnlyWhereThatIsOffered) {
+  makePage();
+  showWindow();
+  int insisted = 0;
+  page_->tell("That would remove an area.", [&] { ++insisted; });
+  auto* const bar = all<Gtk::InfoBar>().front();
+  const auto buttons = all<Gtk::Button>();
+  auto* const button = *std::find_if(buttons.begin(), buttons.end(), [](const Gtk::Button* each) {
+    return each->get_label() == "Change An_yway";
+  });
+  EXPECT_TRUE(button->get_visible());
+  bar->response(Gtk::RESPONSE_CLOSE);
+  EXPECT_EQ(insisted, 0);
+  page_->tell("That would remove an area.", [&] { ++insisted; });
+  button->clicked();
+  EXPECT_EQ(insisted, 1);
+  EXPECT_FALSE(bar->get_visible());
+  page_->tell("Something else.");
+  EXPECT_FALSE(button->get_visible());
+}
+
+TEST_F(CardPageTest, AnErrorIsTold) {
+  makePage();
+  showWindow();
+  page_->tellError("The print server does not answer.");
+  EXPECT_THAT(visibleTexts(), testing::Contains("The print server does not answer."));
+  EXPECT_EQ(all<Gtk::InfoBar>().front()->get_message_type(), Gtk::MESSAGE_ERROR);
+}
+
+TEST_F(CardPageTest, ThePageBecomesSmallWhateverIsOnIt) {
+  driver_.value = std::string(200, 'x');
+  makePage();
+  showWindow();
+  page_->tell(std::string(2000, 'x') + " " + std::string(2000, 'x'));
+  selectRow(2);
+  int minimum = 0;
+  int natural = 0;
+  page_->get_preferred_width(minimum, natural);
+  EXPECT_LE(minimum, 400);
+  page_->get_preferred_height(minimum, natural);
+  EXPECT_LE(minimum, 240);
 }
 
 TEST_F(CardPageTest, APrinterWithoutPanelsIsTold) {

@@ -215,6 +215,23 @@ TEST_F(ControlsTest, HidingAViewHidesWhatIsInside) {
   EXPECT_FALSE(entry().get_mapped());
 }
 
+/// What assistive technology does with each page that changes. A critical warning ends the test.
+void readState(AtkObject* page, gpointer /*values*/, gpointer count) {
+  g_object_unref(atk_object_ref_state_set(page));
+  ++*static_cast<int*>(count);
+}
+
+TEST_F(ControlsTest, ATabViewEndsQuietlyWhileAssistiveTechnologyListens) {
+  AtkObject* const tabs = widgetOf<Gtk::Notebook>(owner_->tabs).get_accessible()->gobj();
+  AtkObject* const page = atk_object_ref_accessible_child(tabs, 0);
+  int count = 0;
+  g_signal_connect(page, "property-change", G_CALLBACK(readState), &count);
+  view_.reset();
+  owner_.reset();
+  EXPECT_GT(count, 0);
+  g_object_unref(page);
+}
+
 TEST_F(ControlsTest, ViewsAreFoundByTagAtAnyDepth) {
   EXPECT_EQ(view_->viewWithTag(7), owner_->tabs);
   EXPECT_EQ(view_->viewWithTag(3), owner_->label);

@@ -21,6 +21,7 @@ class VirtualDisplay final : public testing::Environment {
  public:
   void SetUp() override {
     setenv("GDK_BACKEND", "x11", 1);
+    setenv("GDK_GL", "disable", 1);  // drivers that are unloaded at the end leave nameless leaks
     setenv("GSETTINGS_BACKEND", "memory", 1);
     setenv("NO_AT_BRIDGE", "1", 1);
     setenv("DISPLAY", (":" + startServer()).c_str(), 1);
@@ -51,7 +52,7 @@ class VirtualDisplay final : public testing::Environment {
       dup2(nowhere, STDOUT_FILENO);
       dup2(nowhere, STDERR_FILENO);
       execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "1280x1024x24",
-             "-nolisten", "tcp", nullptr);
+             "-noreset", "-nolisten", "tcp", nullptr);
       _exit(127);
     }
     close(ends[1]);

@@ -1,0 +1,96 @@
+// What cardprint sends to a real print server.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/PrivatePrintServer.h"
+#include "tests/support/Process.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace cardpanels {
+namespace {
+
+using testing::Contains;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Key;
+using testing::Not;
+using testing::Pair;
+
+class CardprintQueueTest : public testing::Test {
+ protected:
+  CardprintQueueTest() {
+    server_.addQueue("card",
+                     test::fileContent(CARDPANELS_SOURCE_DIR "/resources/ppd/card-laminate.ppd"));
+  }
+
+  static test::Finished cardprint(const std::string& arguments) {
+    return test::runCommand("env -u DISPLAY -u WAYLAND_DISPLAY " CARDPANELS_BUILD_DIR
+                            "/bin/cardprint --no-dialog " +
+                            arguments);
+  }
+
+  test::PrivatePrintServer server_;
+  test::TemporaryFolder folder_;
+  std::string picture_ = folder_.write("badge.txt", "Ada Lovelace\n");
+};
+
+TEST_F(CardprintQueueTest, SendsTheFilesWithTheChosenOptionsAndTellsTheJob) {
+  const auto finished = cardprint("-d card -o cardLaminate=Front " + picture_ + " " + picture_);
+  EXPECT_EQ(finished.status, 0) << finished.errors;
+  EXPECT_THAT(finished.output, EndsWith("\nrequest id is card-1 (2 file(s))\n"));
+  EXPECT_THAT(server_.job(1), Contains(Pair("cardLaminate", "Front")));
+  EXPECT_THAT(server_.job(1), Contains(Pair("job-name", "badge.txt")));
+}
+
+TEST_F(CardprintQueueTest, PrintsOnTheDefaultQueue) {
+  server_.setDefault("card");
+  EXPECT_THAT(cardprint(picture_).output, EndsWith("\nrequest id is card-1 (1 file(s))\n"));
+}
+
+TEST_F(CardprintQueueTest, StartsFromTheOptionsSavedForAnInstance) {
+  server_.saveOptions("card/visitors", "cardLaminate=Back");
+  const auto finished = cardprint("-d card/visitors " + picture_);
+  EXPECT_EQ(finished.status, 0) << finished.errors;
+  EXPECT_THAT(finished.output, HasSubstr("Thermal Laminate: Back Side"));
+  EXPECT_THAT(server_.job(1), Contains(Pair("cardLaminate", "Back")));
+}
+
+TEST_F(CardprintQueueTest, WithoutFilesItOnlyTellsTheOptions) {
+  EXPECT_THAT(cardprint("-d card -o cardLaminate=Front").output,
+              EndsWith("\n-o cardLaminate=Front\n"));
+  EXPECT_EQ(server_.jobCount(), 0);
+}
+
+TEST_F(CardprintQueueTest, NamesAQueueThatIsNotThere) {
+  const auto finished = cardprint("-d nowhere " + picture_);
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_THAT(finished.errors, HasSubstr("nowhere"));
+}
+
+TEST_F(CardprintQueueTest, SendsWhatAPersonChoosesInTheDialog) {
+  const auto finished =
+      test::runCommand("/usr/bin/python3 -B " CARDPANELS_SOURCE_DIR
+                       "/tests/apps/cardprint/choose_laminate.py " CARDPANELS_BUILD_DIR
+                       "/bin/cardprint 'Both Sides' -d card " +
+                       picture_);
+  EXPECT_EQ(finished.status, 0) << finished.output << finished.errors;
+  EXPECT_THAT(finished.output, EndsWith("\nrequest id is card-1 (1 file(s))\n"));
+  EXPECT_THAT(server_.job(1), Contains(Pair("cardLaminate", "Both")));
+  EXPECT_THAT(server_.job(1), Not(Contains(Key("frontPO"))));
+}
+
+TEST_F(CardprintQueueTest, TellsInTheDialogThatAJobCannotBeSentAndStays) {
+  const auto finished = test::runCommand("/usr/bin/python3 -B " CARDPANELS_SOURCE_DIR
+                                         "/tests/apps/cardprint/lose_file.py " CARDPANELS_BUILD_DIR
+                                         "/bin/cardprint card " +
+                                         picture_);
+  EXPECT_EQ(finished.status, 1) << finished.output << finished.errors;
+  EXPECT_THAT(finished.output, HasSubstr(picture_));
+  EXPECT_THAT(finished.errors, HasSubstr("cardprint: " + picture_));
+  EXPECT_EQ(server_.jobCount(), 0);
+}
+
+}  // namespace
+}  // namespace cardpanels
