@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <filesystem>
@@ -149,14 +150,37 @@ std::span<const cups_option_t> optionsOf(const cups_dest_t& dest) {
   return {dest.options, static_cast<std::size_t>(dest.num_options)};
 }
 
-PPDFile ppdOf(http_t* http, const QueueName& name) {
-  std::array<char, 1024> path{};
+/// Fetches the queue's PPD into a new file, whose path it answers in `path`.
+http_status_t fetchPPD(http_t* http, const std::string& queue, std::string& path) {
+  path = (std::filesystem::temp_directory_path() / "cardpanels-XXXXXX").string();
+  const int file = mkstemp(path.data());
+  if (file < 0) throw Error(path + ": " + std::generic_category().message(errno));
+  const http_status_t status = cupsGetFd(http, ("/printers/" + queue + ".ppd").c_str(), file);
+  close(file);
+  return status;
+}
+
+/// The same for a class, which has the PPD of one of its printers. libcups makes a connection of
+/// its own for that, without a time limit.
+http_status_t fetchClassPPD(http_t* http, const std::string& queue, std::string& path) {
+  std::array<char, 1024> found{};
   time_t modified = 0;
   const http_status_t status =
-      cupsGetPPD3(http, name.queue.c_str(), &modified, path.data(), path.size());
-  const TemporaryFile file(path.data());
+      cupsGetPPD3(http, queue.c_str(), &modified, found.data(), found.size());
+  path = found.data();
+  return status;
+}
+
+PPDFile ppdOf(http_t* http, const QueueName& name) {
+  std::string path;
+  http_status_t status = fetchPPD(http, name.queue, path);
+  const TemporaryFile file(path);
+  std::string classPath;
+  if (status == HTTP_STATUS_NOT_FOUND) status = fetchClassPPD(http, name.queue, classPath);
+  const TemporaryFile classFile(classPath);
   if (status == HTTP_STATUS_OK) {
-    return openPPD(file.path(), filled(_("queue {queue}"), {{"queue", name.queue}}));
+    return openPPD(classPath.empty() ? path : classPath,
+                   filled(_("queue {queue}"), {{"queue", name.queue}}));
   }
   if (status == HTTP_STATUS_NOT_FOUND) {
     throw Error(filled(_("The queue {queue} has no PPD."), {{"queue", name.queue}}));

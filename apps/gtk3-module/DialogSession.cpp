@@ -28,10 +28,15 @@ void DialogSession::leave() {
   reading_.reset();
   if (panels_) panels_->setObserver(nullptr);
   dialog_.removePage();
+  forget();
+}
+
+void DialogSession::forget() {
   panels_.reset();
   job_.reset();
   leftAlone_.clear();
   notes_.clear();
+  insisted_.reset();
 }
 
 void DialogSession::selectPrinter(const std::string& queue) {
@@ -46,8 +51,9 @@ void DialogSession::queueRead(QueueRead read) {
     if (!read.ppd) throw host::Error(read.error);
     startPanels(std::move(read.ppd));
   } catch (const std::exception& error) {
-    leave();
+    if (panels_) panels_->setObserver(nullptr);
     dialog_.showText(error.what());
+    forget();
   }
 }
 
@@ -72,7 +78,7 @@ void DialogSession::startPanels(host::PPDFile ppd) {
   note(job_->conflicts());
   panels_->setObserver(this);
   dialog_.showPanels(*panels_);
-  tell(std::exchange(notes_, {}));
+  tellNotes();
   bringToDialog();
 }
 
@@ -110,7 +116,7 @@ void DialogSession::dialogChanged() {
   for (const Option& each : changes) follow(each);
   following_ = false;
   if (changes.empty() && notes_.empty()) return;
-  tell(std::exchange(notes_, {}));
+  tellNotes();
   optionsChanged();
 }
 
@@ -133,7 +139,7 @@ void DialogSession::print() {
   try {
     panels_->print();
   } catch (const std::exception& error) {
-    dialog_.tell(error.what());
+    dialog_.tell(error.what(), {});
   }
   bringToDialog();
 }
@@ -152,7 +158,7 @@ void DialogSession::bringToDialog() {
   }
   std::string told;
   for (const Option& kept : differences()) told += (told.empty() ? "" : "\n") + setBack(kept);
-  if (!told.empty()) dialog_.tell(told);
+  if (!told.empty()) dialog_.tell(told, {});
 }
 
 /// The dialog hides choices that do not go with what is installed in the printer.
@@ -162,16 +168,26 @@ std::string DialogSession::setBack(const Option& kept) {
   panels_->change(kept.key, kept.value);
   following_ = false;
   notes_.clear();
+  insisted_.reset();
   return host::filled(
       _("“{option}” cannot be “{choice}” in this dialog."),
       {{"option", job_->optionTitle(kept.key)}, {"choice", job_->choiceTitle(kept.key, wanted)}});
 }
 
-void DialogSession::tell(const std::string& message) {
-  if (following_) {
-    note(message);
+void DialogSession::tell(const std::string& message, const std::optional<Option>& insisted) {
+  note(message);
+  if (insisted) insisted_ = insisted;
+  if (!following_) tellNotes();
+}
+
+void DialogSession::tellNotes() {
+  const std::string message = std::exchange(notes_, {});
+  const auto insisted = std::exchange(insisted_, std::nullopt);
+  if (insisted) {
+    dialog_.tell(message,
+                 [this, change = *insisted] { panels_->insist(change.key, change.value); });
   } else {
-    dialog_.tell(message);
+    dialog_.tell(message, {});
   }
 }
 

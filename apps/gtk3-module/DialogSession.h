@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -49,6 +50,7 @@ class DialogSession : private host::PanelObserver {
 
  private:
   void leave();
+  void forget();
   void queueRead(QueueRead read);
   void startPanels(host::PPDFile ppd);
   bool isMarked(const host::Option& option) const;
@@ -60,7 +62,8 @@ class DialogSession : private host::PanelObserver {
   void bringToDialog();
   std::string setBack(const host::Option& kept);
   void optionsChanged() override;
-  void tell(const std::string& message) override;
+  void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
+  void tellNotes();
   void note(const std::string& message);
 
   PrintDialog& dialog_;
@@ -72,6 +75,7 @@ class DialogSession : private host::PanelObserver {
   std::set<std::string> leftAlone_;  // typed in the dialog, and no value of the printer's
   bool following_ = false;           // changes are on their way here
   std::string notes_;                // what the user is told meanwhile
+  std::optional<host::Option> insisted_;
 };
 
 }  // namespace cardpanels::gtk3module

@@ -271,8 +271,8 @@ void GtkPrintDialog::panelsChanged() {
   if (cardPage_) cardPage_->optionsChanged();
 }
 
-void GtkPrintDialog::tell(const std::string& message) {
-  if (cardPage_) cardPage_->tell(message);
+void GtkPrintDialog::tell(const std::string& message, const std::function<void()>& insist) {
+  if (cardPage_) cardPage_->tell(message, insist);
 }
 
 void GtkPrintDialog::removePage() {

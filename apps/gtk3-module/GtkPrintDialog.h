@@ -36,7 +36,7 @@ class GtkPrintDialog final : public PrintDialog {
   void showText(const std::string& text) override;
   void showPanels(host::PanelHost& panels) override;
   void panelsChanged() override;
-  void tell(const std::string& message) override;
+  void tell(const std::string& message, const std::function<void()>& insist) override;
   void removePage() override;
 
  private:

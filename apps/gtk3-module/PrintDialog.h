@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,8 +38,9 @@ class PrintDialog {
   /// What the panels tell of themselves has changed.
   virtual void panelsChanged() = 0;
 
-  /// Tells the user `message` on the page with panels, in place of what was told last.
-  virtual void tell(const std::string& message) = 0;
+  /// Tells the user `message` on the page with panels, in place of what was told last, and offers
+  /// to do `insist` when it is given.
+  virtual void tell(const std::string& message, const std::function<void()>& insist) = 0;
 
   /// Takes the page away, if there is one.
   virtual void removePage() = 0;

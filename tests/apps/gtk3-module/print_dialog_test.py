@@ -17,9 +17,7 @@ CARD_PPD = SOURCE / "resources" / "ppd" / "card-duplex.ppd"
 MODULE = BUILD / "lib" / "libcardpanels-gtk3-module.so"
 PROGRAM = BUILD / "tests" / "print-program"
 DEMO = ["gtk3-demo", "--run=printing"]
-SANITIZED = "-fsanitize" in (BUILD / "CMakeCache.txt").read_text() or bool(
-    re.search(r"CARDPANELS_SANITIZE:\w+=ON", (BUILD / "CMakeCache.txt").read_text())
-)
+SANITIZED = "CARDPANELS_SANITIZE:BOOL=ON" in (BUILD / "CMakeCache.txt").read_text()
 
 ORDINARY_PPD = """\
 *PPD-Adobe: "4.3"
@@ -158,7 +156,7 @@ class PanelsTestCase(PrintDialogTestCase):
         for name, text in (("X", "1in"), ("Y", "0.5in"), ("width", "2in"), ("height", "1in")):
             dialog.type(f"Back include area 1, {name}", text)
         dialog.open_panel("Ultraviolet")
-        dialog.choose("Front UV", "Whole Card")
+        dialog.choose("Front ultraviolet", "Whole Card")
         dialog.open_panel("Peel-Off")
         dialog.choose("Front peel-off", "Defined Areas")
         for name, text in (("X", "0in"), ("Y", "0in"), ("width", "10mm"), ("height", "10mm")):
@@ -353,7 +351,9 @@ class TroubleTestCase(PrintDialogTestCase):
     def reading(self, *commands):
         """A dialog whose page waits for the print server, and the server's door."""
         door = self.slow_server()
-        dialog = self.start_program(*commands, CUPS_SERVER=door.address)
+        # Not the server's own folder, where libcups would read the PPD without asking the server.
+        env = {"CUPS_SERVER": door.address, "CUPS_SERVERROOT": self.desktop.home}
+        dialog = self.start_program(*commands, **env)
         cell = dialog.program.find("table cell", "card")
         self.assertTrue(cell)
         door.hold.set()
@@ -371,18 +371,17 @@ class TroubleTestCase(PrintDialogTestCase):
     def test_a_server_that_does_not_answer_leaves_the_dialog_usable(self):
         dialog, door = self.reading("dialog")
         dialog.open_tab("Advanced")
-        dialog.choose("Thermal Laminate:", "Front Side")
+        dialog.choose("Front Ribbon:", "Metallic Silver")
         door.release()
         dialog.open_card()
-        dialog.open_panel("Thermal Laminate")
-        self.assertEqual(user.chosen(dialog.combo("Laminate")), "Front Side")
+        self.assertEqual(user.chosen(dialog.combo("Front ribbon")), "Metallic Silver")
         self.assertFalse(dialog.has_tab("Advanced"))
 
     def test_the_page_gives_up_on_a_silent_server(self):
         dialog, _ = self.reading("dialog")
         dialog.wait_for_text("queue card")
         dialog.open_tab("Advanced")
-        dialog.combo("Thermal Laminate:")
+        dialog.combo("Front Ribbon:")
 
     def test_the_dialog_is_destroyed_while_the_ppd_is_fetched(self):
         _, door = self.reading("dialog")
