@@ -1,7 +1,10 @@
+#include <glib-unix.h>
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
 
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -28,8 +31,8 @@ void runOperation() {
   gtk_print_operation_set_n_pages(operation, 1);
   if (settings != nullptr) gtk_print_operation_set_print_settings(operation, settings);
   g_signal_connect(operation, "draw-page", G_CALLBACK(drawPage), nullptr);
-  const auto result = gtk_print_operation_run(operation, GTK_PRINT_OPERATION_ACTION_PRINT_DIALOG,
-                                              nullptr, nullptr);
+  const auto result =
+      gtk_print_operation_run(operation, GTK_PRINT_OPERATION_ACTION_PRINT_DIALOG, nullptr, nullptr);
   if (result == GTK_PRINT_OPERATION_RESULT_APPLY) {
     g_clear_object(&settings);
     settings = GTK_PRINT_SETTINGS(g_object_ref(gtk_print_operation_get_print_settings(operation)));
@@ -82,6 +85,9 @@ gboolean command(GIOChannel* channel, GIOCondition /*condition*/, gpointer /*dat
   return TRUE;
 }
 
+/// Ends as programs do on their last menu item, whatever dialogs are open.
+gboolean terminated(gpointer /*data*/) { std::exit(0); }
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -92,6 +98,7 @@ int main(int argc, char** argv) {
   // Read and write: the pipe stays open while nobody writes.
   GIOChannel* const input = g_io_channel_new_file(argv[1], "r+", nullptr);
   g_io_add_watch(input, G_IO_IN, command, nullptr);
+  g_unix_signal_add(SIGTERM, terminated, nullptr);
   gtk_main();
   return 0;
 }
