@@ -57,7 +57,7 @@ std::string nonEmpty(const char* value, const std::string& name) {
 }
 
 host::QueueName queueName(const char* text) {
-  const auto name = host::QueueName::parse(nonEmpty(text, "-d"));
+  auto name = host::QueueName::parse(nonEmpty(text, "-d"));
   if (name.queue.empty()) throw UsageError(std::string("-d ") + text + ": no queue is named");
   return name;
 }

@@ -31,7 +31,7 @@ CardJob::Printer CardJob::openPrinter(const Arguments& arguments) {
 
 CardJob::CardJob(const Arguments& arguments) : CardJob(arguments, openPrinter(arguments)) {}
 
-CardJob::CardJob(const Arguments& arguments, Printer printer)
+CardJob::CardJob(const Arguments& arguments, Printer&& printer)
     : files_(arguments.files),
       queue_(printer.queue),
       printerName_(printer.name),

@@ -33,7 +33,7 @@ class CardJob {
   /// Where the PPD comes from.
   struct Printer;
 
-  CardJob(const Arguments& arguments, Printer printer);
+  CardJob(const Arguments& arguments, Printer&& printer);
   static Printer openPrinter(const Arguments& arguments);
   void choose(const host::Option& option);
   std::string summary();

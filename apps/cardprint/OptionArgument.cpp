@@ -51,8 +51,9 @@ class Reader {
     std::string value;
     for (std::size_t i = 1; i < rest_.size(); ++i) {
       if (rest_[i] == quote) {
-        rest_.remove_prefix(i + 1);
-        if (!rest_.empty() && kBlanks.find(rest_.front()) == std::string_view::npos) fail();
+        const std::string_view after = rest_.substr(i + 1);
+        if (!after.empty() && kBlanks.find(after.front()) == std::string_view::npos) fail();
+        rest_ = after;
         return value;
       }
       const bool escaped = rest_[i] == '\\' && i + 1 < rest_.size();

@@ -1,10 +1,22 @@
 #include "apps/pde-drive/StableAddresses.h"
 
+#include <array>
+#include <charconv>
 #include <cstddef>
 
 #include "platform/Format.h"
 
 namespace cardpanels::drive {
+namespace {
+
+std::string hexadecimal(std::uintptr_t number) {
+  std::array<char, 2 * sizeof number> digits{};
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, 16).ptr - digits.data();
+  return "0x" + std::string(digits.data(), static_cast<std::size_t>(end));
+}
+
+}  // namespace
 
 StableAddresses* StableAddresses::newest_ = nullptr;
 
@@ -37,7 +49,7 @@ std::string StableAddresses::renamed(std::string_view line) {
       result.append(address);
     } else {
       const auto [entry, isNew] = names_.try_emplace(std::string(address));
-      if (isNew) entry->second = platform::addressText(reinterpret_cast<const void*>(++count_));
+      if (isNew) entry->second = hexadecimal(++count_);
       result.append(entry->second);
     }
     line.remove_prefix(end);

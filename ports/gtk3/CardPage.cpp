@@ -15,7 +15,10 @@ namespace {
 
 constexpr int kRowPadding = 8;
 constexpr int kBorder = 18;
+constexpr int kMinimumMessageHeight = 54;
 constexpr int kMaximumMessageHeight = 120;
+constexpr int kMinimumContentWidth = 300;
+constexpr int kMinimumContentHeight = 150;
 
 Gtk::Label* newText(const Glib::ustring& text) {
   auto* const label = Gtk::make_managed<Gtk::Label>(text);
@@ -53,14 +56,16 @@ void CardPage::addMessageBar() {
   messageLabel_.show();
   auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
   scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
+  scroller->set_overlay_scrolling(false);  // a bar that always shows tells that there is more
   scroller->set_propagate_natural_height(true);
+  scroller->set_min_content_height(kMinimumMessageHeight);
   scroller->set_max_content_height(kMaximumMessageHeight);
   scroller->set_hexpand();
   scroller->add(messageLabel_);
   scroller->show();
   dynamic_cast<Gtk::Container&>(*messageBar_.get_content_area()).add(*scroller);
-  insistButton_ = messageBar_.add_button(tr("Change _Anyway"), Gtk::RESPONSE_ACCEPT);
-  for (auto* button : {insistButton_, messageBar_.add_button(tr("C_lose"), Gtk::RESPONSE_CLOSE)}) {
+  insistButton_ = messageBar_.add_button(tr("Change An_yway"), Gtk::RESPONSE_ACCEPT);
+  for (auto* button : {insistButton_, messageBar_.add_button(tr("Cl_ose"), Gtk::RESPONSE_CLOSE)}) {
     button->set_valign(Gtk::ALIGN_CENTER);
   }
   messageBar_.signal_response().connect(sigc::mem_fun(*this, &CardPage::answerMessage));
@@ -105,6 +110,9 @@ void CardPage::addSection(const std::string& name, const PanelDriver::Panel& pan
   row->get_accessible()->set_name(name);
   sidebar_.append(*row);
   auto* const frame = Gtk::make_managed<Gtk::ScrolledWindow>();
+  frame->set_min_content_width(kMinimumContentWidth);
+  frame->set_min_content_height(kMinimumContentHeight);
+  frame->set_overlay_scrolling(false);
   stack_.add(*frame);
   sections_.push_back({panel, frame, nullptr});
 }

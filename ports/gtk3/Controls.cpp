@@ -1,6 +1,7 @@
 #include "ports/gtk3/Controls.h"
 
 #include <gtkmm/cellrenderertext.h>
+#include <gtkmm/cssprovider.h>
 #include <gtkmm/notebook.h>
 #include <gtkmm/stack.h>
 
@@ -11,10 +12,21 @@ namespace cardpanels::gtk3 {
 namespace {
 
 constexpr int kTitleColumn = 0;
+constexpr int kFewestCharacters = 8;
 
 bool leaveToParent(GdkEventScroll* /*event*/, Gtk::Widget* widget) {
   g_signal_stop_emission_by_name(widget->gobj(), "scroll-event");
   return false;
+}
+
+/// A marked field is told by its frame and icon; the theme's red on a dark ground is hard to read.
+Glib::RefPtr<Gtk::CssProvider> readableText() {
+  static const auto provider = [] {
+    auto made = Gtk::CssProvider::create();
+    made->load_from_data("entry.error { color: @theme_text_color; }");
+    return made;
+  }();
+  return provider;
 }
 
 }  // namespace
@@ -32,6 +44,8 @@ TabView::TabView(const Glib::RefPtr<Gtk::Widget>& tabs) : Viewed(tabs) {
 EntryField::EntryField(const Glib::RefPtr<Gtk::Widget>& entry_) : Viewed(entry_) {
   ownTooltip_ = entry().get_tooltip_text();
   if (entry().get_max_length() == 0) entry().set_max_length(kMaximumLength);
+  entry().get_style_context()->add_provider(readableText(),
+                                            GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   entry().signal_changed().connect(sigc::mem_fun(*this, &EntryField::changed));
   entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::endEdit));
   entry().signal_focus_out_event().connect(sigc::mem_fun(*this, &EntryField::focusLeft));
@@ -100,10 +114,11 @@ void Menu::clear() {
 PopUpButton::PopUpButton(const Glib::RefPtr<Gtk::Widget>& comboBox_) : Viewed(comboBox_) {
   const auto rows = Glib::RefPtr<Gtk::ListStore>::cast_dynamic(comboBox().get_model());
   menu_ = std::make_shared<Menu>(rows);
-  // A long title does not keep the window from becoming small.
+  // A long title is cut where the window is small.
   for (auto* cell : comboBox().get_cells()) {
     if (auto* text = dynamic_cast<Gtk::CellRendererText*>(cell)) {
       text->property_ellipsize() = Pango::ELLIPSIZE_END;
+      text->property_width_chars() = kFewestCharacters;
     }
   }
   // Turning the wheel over a pop-up scrolls the page and does not change the job.

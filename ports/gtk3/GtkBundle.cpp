@@ -24,7 +24,7 @@ std::shared_ptr<platform::View> GtkBundle::loadNibNamed_owner(
 
 Text GtkBundle::localizedStringForKey_value_table(const std::string& key, const Text& value,
                                                   const Text& /*table*/) {
-  const Text text = strings_.text(key);
+  Text text = strings_.text(key);
   if (text) return text;
   return value ? value : key;
 }

@@ -2,6 +2,7 @@
 
 #include <gdkmm/display.h>
 #include <gtkmm/builder.h>
+#include <gtkmm/grid.h>
 
 #include <map>
 #include <stdexcept>
@@ -51,6 +52,23 @@ void nameByCaption(Gtk::Widget& control) {
   }
 }
 
+/// Assistive technology reads a grid's children backwards: puts them so that it reads them in the
+/// order of the file. Tab follows where they stand.
+void readForwards(Gtk::Grid& grid) {
+  struct Place {
+    int left, top, width, height;
+  };
+  for (auto* const child : grid.get_children()) {
+    const Place place{grid.child_property_left_attach(*child),
+                      grid.child_property_top_attach(*child), grid.child_property_width(*child),
+                      grid.child_property_height(*child)};
+    child->reference();
+    grid.remove(*child);
+    grid.attach(*child, place.left, place.top, place.width, place.height);
+    child->unreference();
+  }
+}
+
 /// A file's widgets and their views, on their way to an owner.
 class Nib {
  public:
@@ -96,6 +114,7 @@ class Nib {
         anyWindow = true;
       } else {
         nameByCaption(*widget.operator->());
+        if (auto* const grid = dynamic_cast<Gtk::Grid*>(widget.operator->())) readForwards(*grid);
         const ViewPointer view = viewOver(widget);
         views_[object->gobj()] = view;
         if (!id.empty()) contents_.viewsById[std::string(id)] = view;

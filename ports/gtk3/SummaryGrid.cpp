@@ -3,6 +3,8 @@
 #include <gtkmm/label.h>
 #include <pangomm/attributes.h>
 
+#include <algorithm>
+
 namespace cardpanels::gtk3 {
 namespace {
 
@@ -57,17 +59,15 @@ void SummaryGrid::display(const std::vector<Group>& groups) {
   int row = 0;
   for (const auto& group : groups) row += groupHeight(group);
   // From the end to the start: assistive technology reads a grid's last child first.
-  for (auto group = groups.rbegin(); group != groups.rend(); ++group) {
-    if (group->entries->empty()) continue;
-    const std::vector<platform::Dictionary::Entry> entries(group->entries->begin(),
-                                                           group->entries->end());
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-      attachRow(--row, entry->first, entry->second);
-    }
-    auto* const heading = newHeading(group->name);
+  std::for_each(groups.rbegin(), groups.rend(), [&](const Group& group) {
+    if (group.entries->empty()) return;
+    std::vector<platform::Dictionary::Entry> entries(group.entries->begin(), group.entries->end());
+    std::reverse(entries.begin(), entries.end());
+    for (const auto& [title, value] : entries) attachRow(--row, title, value);
+    auto* const heading = newHeading(group.name);
     if (--row > 0) heading->set_margin_top(kGroupSpacing);
     attach(*heading, 0, row, 2, 1);
-  }
+  });
   show_all_children();
 }
 

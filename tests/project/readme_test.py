@@ -3,10 +3,12 @@
 import os
 import pathlib
 import re
+import subprocess
 import sys
 import unittest
 
 ROOT = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
+README = ROOT / "README.md"
 sys.path.insert(0, str(ROOT / "tools" / "lint"))
 import sources  # noqa: E402 (found by the path)
 
@@ -15,7 +17,7 @@ ROW = re.compile(r"^\| (.+?) \|", re.MULTILINE)
 
 def names_in_first_columns():
     """What stands in backticks in the first column of any table."""
-    cells = ROW.findall((ROOT / "README.md").read_text(encoding="utf-8"))
+    cells = ROW.findall(README.read_text(encoding="utf-8"))
     return {name for cell in cells for name in re.findall(r"`([^`]+)`", cell)}
 
 
@@ -46,6 +48,16 @@ class Readme(unittest.TestCase):
 
     def test_lists_every_package(self):
         self.assertEqual(sorted(set(packages()) - names_in_first_columns()), [])
+
+    def test_its_script_for_pde_drive_runs(self):
+        blocks = re.findall(r"^```sh\n(.*?)^```", README.read_text(encoding="utf-8"), re.M | re.S)
+        block = next(each for each in blocks if "pde-drive --ppd" in each)
+        command = block.replace("build/bin/", os.environ["CARDPANELS_BUILD_DIR"] + "/bin/")
+        done = subprocess.run(
+            ["sh", "-c", command], cwd=ROOT, capture_output=True, text=True, check=False
+        )
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        self.assertIn("\n= cardLaminate=Front granted\n", done.stdout)
 
 
 if __name__ == "__main__":

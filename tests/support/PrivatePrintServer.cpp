@@ -22,6 +22,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
+constexpr std::chrono::seconds kPatience(20);
+
 struct HttpCloser {
   void operator()(http_t* http) const { httpClose(http); }
 };
@@ -143,7 +145,7 @@ void PrivatePrintServer::start() {
 }
 
 void PrivatePrintServer::waitUntilItAnswers() {
-  for (const auto limit = std::chrono::steady_clock::now() + 20s;
+  for (const auto limit = std::chrono::steady_clock::now() + kPatience;
        std::chrono::steady_clock::now() < limit; std::this_thread::sleep_for(20ms)) {
     if (waitpid(process_, nullptr, WNOHANG) != 0) {
       process_ = 0;
@@ -196,7 +198,7 @@ std::map<std::string, std::string> PrivatePrintServer::job(int id) const {
 
 std::string PrivatePrintServer::filterOptions(int id) const {
   const std::string start = "[Job " + std::to_string(id) + "] argv[5]=\"";
-  for (const auto limit = std::chrono::steady_clock::now() + 20s;
+  for (const auto limit = std::chrono::steady_clock::now() + kPatience;
        std::chrono::steady_clock::now() < limit; std::this_thread::sleep_for(20ms)) {
     const std::string text = log();
     const std::size_t found = text.find(start);

@@ -17,6 +17,7 @@ using testing::IsEmpty;
 Arguments parsed(std::vector<std::string> words) {
   words.insert(words.begin(), "cardprint");
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   optind = 0;  // getopt starts anew

@@ -1,59 +1,298 @@
+// The panels with the user-interface files that are shipped, as keyboard and assistive technology
+// find them.
 #include <cups/ppd.h>
+#include <gdk/gdkkeysyms.h>
 #include <gtest/gtest.h>
-#include <gtkmm/comboboxtext.h>
+#include <gtkmm/combobox.h>
+#include <gtkmm/entry.h>
+#include <gtkmm/label.h>
+#include <gtkmm/notebook.h>
+#include <gtkmm/window.h>
 
+#include <algorithm>
+#include <clocale>
 #include <memory>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <tuple>
+#include <vector>
 
-#include "panels/ThermalLaminatePDE.h"
 #include "platform/CallbackObject.h"
+#include "platform/PlugIn.h"
+#include "plugin/ORBPDEPlugIn.h"
 #include "ports/gtk3/GtkBundle.h"
+#include "ports/gtk3/Translation.h"
 #include "ports/gtk3/WidgetView.h"
+#include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/support/RecordedLog.h"
-#include "tests/support/TemporaryFolder.h"
-#include "tests/support/TestPPD.h"
 
 namespace cardpanels::gtk3 {
 namespace {
 
-class TestHost final : public platform::CallbackObject {
+using Controls = std::vector<Gtk::Widget*>;
+
+constexpr const char* kEnglish = "en_US.UTF-8";
+
+/// A panel by its place, and what stands in it.
+struct PanelFile {
+  const char* name;
+  std::size_t index;
+  std::size_t popUps;
+  std::size_t fields;  // those that show at a time: one page of each tab view
+  std::size_t tabs;
+};
+
+constexpr PanelFile kPanels[] = {{"RibbonAndResin", 0, 4, 24, 2},
+                                 {"Ultraviolet", 1, 4, 0, 0},
+                                 {"PeelOff", 2, 2, 24, 2},
+                                 {"ThermalLaminate", 3, 1, 0, 0},
+                                 {"CardHandling", 4, 4, 0, 0}};
+
+/// The printer with everything, set so that all areas are open.
+class OpenHost final : public platform::CallbackObject {
  public:
-  explicit TestHost(const std::string& ppd) : ppd_(ppdOpenFile(ppd.c_str())) {}
-  ~TestHost() override { ppdClose(ppd_); }
+  OpenHost() : ppd_(ppdOpenFile(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd")) {
+    ppdMarkDefaults(ppd_);
+    for (const std::string side : {"front", "back"}) {
+      ppdMarkOption(ppd_, (side + "Ribbon").c_str(), "YMCK");
+      ppdMarkOption(ppd_, (side + "Resin").c_str(), "DefinedAreas");
+      ppdMarkOption(ppd_, (side + "PO").c_str(), "DefinedAreas");
+    }
+  }
+  ~OpenHost() override { ppdClose(ppd_); }
   ppd_file_t* ppdFile() override { return ppd_; }
-  std::string className() const override { return "TestHost"; }
+  std::string className() const override { return "OpenHost"; }
 
  private:
   ppd_file_t* ppd_;
 };
 
-/// The panels with the user-interface files that are shipped.
-class ViewFilesTest : public testing::Test {
- protected:
-  ViewFilesTest()
-      : host_(std::make_shared<TestHost>(
-            folder_.write("card.ppd", test::testPPD({test::laminateOption()})))),
-        bundle_(std::make_shared<GtkBundle>(CARDPANELS_SOURCE_DIR)) {}
+/// All widgets of these types inside `widget`, in the order that assistive technology reads.
+template <class... Types>
+void collect(Gtk::Widget& widget, Controls& found) {
+  if ((... || (dynamic_cast<Types*>(&widget) != nullptr))) found.push_back(&widget);
+  auto* const container = dynamic_cast<Gtk::Container*>(&widget);
+  if (container == nullptr) return;
+  for (auto* child : container->get_children()) collect<Types...>(*child, found);
+}
 
+template <class... Types>
+Controls all(Gtk::Widget& widget) {
+  Controls found;
+  collect<Types...>(widget, found);
+  return found;
+}
+
+template <class... Types>
+Controls shown(Gtk::Widget& widget) {
+  Controls found = all<Types...>(widget);
+  std::erase_if(found, [](const Gtk::Widget* each) { return !each->get_mapped(); });
+  return found;
+}
+
+std::string nameOf(Gtk::Widget& widget) { return widget.get_accessible()->get_name(); }
+
+std::vector<std::string> namesOf(const Controls& controls) {
+  std::vector<std::string> names;
+  names.reserve(controls.size());
+  for (auto* each : controls) names.push_back(nameOf(*each));
+  return names;
+}
+
+/// The control that `widget` is a part of.
+Gtk::Widget* controlOf(Gtk::Widget* widget) {
+  auto* const comboBox = widget->get_ancestor(GTK_TYPE_COMBO_BOX);
+  return comboBox != nullptr ? comboBox : widget;
+}
+
+/// The lines that people read top down, and each from the left.
+Controls inReadingOrder(Controls controls, Gtk::Widget& around) {
+  const auto place = [&](Gtk::Widget* control) {
+    int x = 0;
+    int y = 0;
+    control->translate_coordinates(around, 0, 0, x, y);
+    return std::pair(y, x);
+  };
+  std::stable_sort(controls.begin(), controls.end(),
+                   [&](Gtk::Widget* a, Gtk::Widget* b) { return place(a) < place(b); });
+  return controls;
+}
+
+/// A panel in a window, in the language of `locale`.
+class ShownPanel {
+ public:
+  ShownPanel(const PanelFile& file, const char* locale) {
+    unsetenv("LANGUAGE");
+    std::setlocale(LC_ALL, locale);
+    bundle_ = std::make_shared<GtkBundle>(CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle");
+    plugIn_->initWithBundle(bundle_);
+    const auto panels = plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType,
+                                                               std::make_shared<OpenHost>());
+    panel_ = (*panels)[file.index];
+    panel_->restoreValuesAndReturnError(nullptr);
+    view_ = panel_->panelView();
+    if (!view_) throw std::runtime_error(bundle_->loadError().value_or(""));
+    panel_->willShow();
+    window_.add(widget());
+    window_.show_all();
+    test::handleEvents();
+  }
+  ~ShownPanel() {
+    window_.remove();
+    std::setlocale(LC_ALL, "C");
+  }
+  ShownPanel(const ShownPanel&) = delete;
+  ShownPanel& operator=(const ShownPanel&) = delete;
+
+  Gtk::Widget& widget() { return dynamic_cast<WidgetView&>(*view_).widget(); }
+  Gtk::Window& window() { return window_; }
+
+  /// All texts that a user sees or hears, but those of the PPD.
+  std::vector<std::string> texts() {
+    auto texts = namesOf(all<Gtk::Label, Gtk::ComboBox, Gtk::Entry, Gtk::Notebook>(widget()));
+    for (auto* tabs : all<Gtk::Notebook>(widget())) {
+      auto& notebook = dynamic_cast<Gtk::Notebook&>(*tabs);
+      for (auto* page : notebook.get_children()) {
+        texts.emplace_back(notebook.get_tab_label_text(*page));
+      }
+    }
+    return texts;
+  }
+
+ private:
   test::RecordedLog log_;
-  test::TemporaryFolder folder_;
-  std::shared_ptr<TestHost> host_;
+  std::shared_ptr<platform::PlugIn> plugIn_ = std::make_shared<ORBPDEPlugIn>();
   std::shared_ptr<GtkBundle> bundle_;
+  std::shared_ptr<platform::PrintPanel> panel_;
+  std::shared_ptr<platform::View> view_;
+  Gtk::Window window_;
 };
 
-TEST_F(ViewFilesTest, TheLaminatePanelFindsItsControls) {
-  const auto panel = ThermalLaminatePDE::initWithCallback_andBundle(host_, bundle_);
-  ASSERT_TRUE(panel);
-  EXPECT_TRUE(panel->panelView()) << bundle_->loadError().value_or("");
-  EXPECT_TRUE(panel->frontLaminatePopUp);
+class ViewFile : public testing::TestWithParam<std::tuple<PanelFile, const char*>> {
+ protected:
+  static const PanelFile& file() { return std::get<0>(GetParam()); }
+  static const char* locale() { return std::get<1>(GetParam()); }
+
+  Gtk::Widget& widget() { return panel_.widget(); }
+  Controls controls() { return shown<Gtk::ComboBox, Gtk::Entry, Gtk::Notebook>(widget()); }
+
+  /// Calls `check` for every combination of pages that can show.
+  template <class Check>
+  void forAllPages(const Check& check) {
+    const Controls tabs = all<Gtk::Notebook>(widget());
+    for (unsigned pages = 0; pages < 1U << tabs.size(); ++pages) {
+      for (std::size_t i = 0; i < tabs.size(); ++i) {
+        dynamic_cast<Gtk::Notebook&>(*tabs[i]).set_current_page(static_cast<int>(pages >> i & 1U));
+      }
+      test::handleEvents();
+      SCOPED_TRACE("pages " + std::to_string(pages));
+      check();
+    }
+  }
+
+  /// Where Tab leads, from the first control on until it is there again.
+  Controls tabOrder() {
+    Gtk::Window& window = panel_.window();
+    window.get_window()->focus(GDK_CURRENT_TIME);
+    EXPECT_TRUE(test::handleEventsUntil([&] { return window.has_toplevel_focus(); }));
+    Controls order;
+    window.unset_focus();
+    while (window.child_focus(Gtk::DIR_TAB_FORWARD)) {
+      auto* const reached = controlOf(window.get_focus());
+      if (std::find(order.begin(), order.end(), reached) != order.end()) break;
+      order.push_back(reached);
+    }
+    return order;
+  }
+
+ private:
+  ShownPanel panel_{file(), locale()};
+};
+
+TEST_P(ViewFile, HasItsControls) {
+  EXPECT_EQ(shown<Gtk::ComboBox>(widget()).size(), file().popUps);
+  EXPECT_EQ(shown<Gtk::Entry>(widget()).size(), file().fields);
+  EXPECT_EQ(all<Gtk::Entry>(widget()).size(), 2 * file().fields);
+  EXPECT_EQ(shown<Gtk::Notebook>(widget()).size(), file().tabs);
 }
 
-TEST_F(ViewFilesTest, TheLaminatePopUpIsNamedByItsCaption) {
-  const auto panel = ThermalLaminatePDE::initWithCallback_andBundle(host_, bundle_);
-  ASSERT_TRUE(panel && panel->panelView());
-  auto& comboBox = dynamic_cast<WidgetView&>(*panel->frontLaminatePopUp).widget();
-  EXPECT_EQ(comboBox.get_accessible()->get_name(), "Laminate");
-  EXPECT_EQ(comboBox.list_mnemonic_labels().size(), 1U);
+TEST_P(ViewFile, TabReachesEveryControlInReadingOrder) {
+  forAllPages(
+      [this] { EXPECT_EQ(namesOf(tabOrder()), namesOf(inReadingOrder(controls(), widget()))); });
 }
+
+TEST_P(ViewFile, AssistiveTechnologyReadsControlsInReadingOrder) {
+  forAllPages(
+      [this] { EXPECT_EQ(namesOf(controls()), namesOf(inReadingOrder(controls(), widget()))); });
+}
+
+TEST_P(ViewFile, EveryControlHasANameOfItsOwn) {
+  const auto names = namesOf(all<Gtk::ComboBox, Gtk::Entry, Gtk::Notebook>(widget()));
+  const std::set<std::string> different(names.begin(), names.end());
+  EXPECT_EQ(different.size(), names.size());
+  EXPECT_FALSE(different.contains(""));
+}
+
+TEST_P(ViewFile, EachMnemonicThatShowsIsThereOnce) {
+  forAllPages([this] {
+    // The dialog's buttons, and those of the message bar, show with every panel.
+    std::vector<guint> keys;
+    for (const char* text : {"_Cancel", "_Print", "Change An_yway", "Cl_ose"}) {
+      keys.push_back(Gtk::Label(tr(text), true).get_mnemonic_keyval());
+    }
+    for (auto* label : shown<Gtk::Label>(widget())) {
+      keys.push_back(dynamic_cast<Gtk::Label&>(*label).get_mnemonic_keyval());
+    }
+    std::erase(keys, guint{GDK_KEY_VoidSymbol});
+    const std::set<guint> different(keys.begin(), keys.end());
+    EXPECT_EQ(different.size(), keys.size()) << std::string(keys.begin(), keys.end());
+  });
+}
+
+TEST_P(ViewFile, EveryPopUpAndEveryAreaHasAMnemonic) {
+  forAllPages([this] {
+    std::size_t reached = 0;
+    for (auto* control : shown<Gtk::ComboBox, Gtk::Entry>(widget())) {
+      const auto captions = control->list_mnemonic_labels();
+      reached += std::any_of(captions.begin(), captions.end(), [](Gtk::Widget* each) {
+        return dynamic_cast<Gtk::Label&>(*each).get_mnemonic_keyval() != GDK_KEY_VoidSymbol;
+      });
+    }
+    EXPECT_EQ(reached, file().popUps + file().fields / 4);
+  });
+}
+
+std::string nameOfFile(const testing::TestParamInfo<ViewFile::ParamType>& info) {
+  return std::get<0>(info.param).name + std::string("_") +
+         std::string(std::get<1>(info.param)).substr(0, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachPanel, ViewFile,
+                         testing::Combine(testing::ValuesIn(kPanels),
+                                          testing::Values(kEnglish, "de_DE.UTF-8", "fr_FR.UTF-8",
+                                                          "ja_JP.UTF-8")),
+                         nameOfFile);
+
+/// A panel in another language than English.
+class TranslatedViewFile : public testing::TestWithParam<ViewFile::ParamType> {};
+
+TEST_P(TranslatedViewFile, HasNoEnglishTextOrName) {
+  const std::set<std::string> international{"X", "Y"};
+  const auto english = ShownPanel(std::get<0>(GetParam()), kEnglish).texts();
+  const auto translated = ShownPanel(std::get<0>(GetParam()), std::get<1>(GetParam())).texts();
+  ASSERT_EQ(translated.size(), english.size());
+  for (std::size_t i = 0; i < english.size(); ++i) {
+    if (international.contains(english[i])) continue;
+    EXPECT_NE(translated[i], english[i]);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachPanel, TranslatedViewFile,
+                         testing::Combine(testing::ValuesIn(kPanels),
+                                          testing::Values("de_DE.UTF-8", "fr_FR.UTF-8",
+                                                          "ja_JP.UTF-8")),
+                         nameOfFile);
 
 }  // namespace
 }  // namespace cardpanels::gtk3

@@ -1,0 +1,148 @@
+#!/usr/bin/python3
+"""screenshots.py [FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
+(build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
+marked with its tooltip: light and dark, in the smallest and in a large window, in four languages.
+Needs what tools/visit.py needs, and xdotool, xprop, and fonts and locales of these languages."""
+
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(ROOT / "tests" / "support"))
+import atspi_driver as user  # noqa: E402 (found by the path)
+
+BUILD = pathlib.Path(os.environ.get("CARDPANELS_BUILD_DIR", ROOT / "build"))
+CARDPRINT = BUILD / "bin" / "cardprint"
+PPD = ROOT / "resources" / "ppd" / "card-duplex.ppd"
+
+SECTIONS = ("ribbon", "ultraviolet", "peel-off", "laminate", "handling", "summary")
+RIBBON, LAMINATE = SECTIONS.index("ribbon"), SECTIONS.index("laminate")
+
+OPTIONS = (
+    "frontRibbon=YMCK frontResin=DefinedAreas frontResinInclude1='0.5in 0.25in 1in 0.5in' "
+    "backRibbon=YMCK backResin=DefinedAreas backResinInclude2='12mm 5mm 25.4mm 8mm' "
+    "frontPO=DefinedAreas CustomfrontPeelOff1='1in 0.4in 0.55in 0.5in' backPO=DefinedAreas"
+)
+
+SMALLEST, LARGE = "smallest", "1200x900"
+LOOKS = {  # name: language, theme, size
+    "light": ("en_US.UTF-8", "Adwaita", None),
+    "dark": ("en_US.UTF-8", "Adwaita:dark", None),
+    "smallest": ("en_US.UTF-8", "Adwaita", SMALLEST),
+    "large": ("en_US.UTF-8", "Adwaita", LARGE),
+    "german": ("de_DE.UTF-8", "Adwaita", None),
+    "german-smallest": ("de_DE.UTF-8", "Adwaita", SMALLEST),
+    "french": ("fr_FR.UTF-8", "Adwaita", None),
+    "japanese": ("ja_JP.UTF-8", "Adwaita", None),
+    "japanese-smallest": ("ja_JP.UTF-8", "Adwaita:dark", SMALLEST),
+}
+
+
+class Photographer:
+    """Takes the pictures of one look."""
+
+    def __init__(self, desktop, program, folder, look):
+        self._desktop = desktop
+        self._program = program
+        self._folder = folder
+        self._look = look
+        self._window = program.window()
+        name = re.escape(self._window.get_name())
+        self._id = self._run("xdotool", "search", "--name", f"^{name}$").split()[-1]
+
+    def take_all(self):
+        self.put_mouse_away()
+        for index, section in enumerate(SECTIONS):
+            self.select(index)
+            self.picture(section)
+        self.select(LAMINATE)
+        user.press(self.all("combo box")[0])
+        user.press(user.wait_for(lambda: self.all("menu item"), "the pop-up stays closed")[1])
+        user.wait_for(lambda: self.all("info bar"), "no conflict is told")
+        self.picture("conflict")
+
+    def take_marked_field(self):
+        self.select(RIBBON)
+        field = user.wait_for(lambda: self.all("text", hidden=True), "no field is there")[1]
+        field.get_component_iface().grab_focus()
+        user.wait_for(lambda: user.is_showing(field), "the field does not scroll into view")
+        user.type_text(field, "a little")
+        self.point_at(field)
+        self.picture("marked-field")
+        self.put_mouse_away()
+
+    def resize(self, size):
+        if size == SMALLEST:
+            hints = self._run("xprop", "-id", self._id, "WM_NORMAL_HINTS")
+            size = "x".join(re.search(r"minimum size: (\d+) by (\d+)", hints).groups())
+        self._run("xdotool", "windowsize", "--sync", self._id, *size.split("x"))
+        user.wait_for(lambda: self.size() == size, f"the window does not become {size}")
+
+    def size(self):
+        box = self._window.get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
+        return f"{box.width}x{box.height}"
+
+    def select(self, index):
+        rows = self.all("list item", hidden=True)
+        rows[index].get_parent().get_selection_iface().select_child(index)
+
+    def all(self, role, hidden=False):
+        """The controls of that role that show, in reading order; with `hidden` also the others."""
+        nodes = [each for each in user.descendants(self._window) if each.get_role_name() == role]
+        return [each for each in nodes if hidden or user.is_showing(each)]
+
+    def point_at(self, node):
+        """Moves the mouse onto a control until its tooltip shows, which it does once that rests."""
+        box = node.get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
+        for x in range(box.x + 20, box.x + 30):
+            self._run("xdotool", "mousemove", str(x), str(box.y + box.height // 2))
+            try:
+                return user.wait_for(lambda: self.windows() > 1, "no tooltip shows", limit=2)
+            except user.NotSeen as error:
+                missing = error
+        raise missing
+
+    def put_mouse_away(self):
+        self._run("xdotool", "mousemove", "9999", "9999")
+
+    def windows(self):
+        pid = str(self._window.get_process_id())
+        return len(self._run("xdotool", "search", "--onlyvisible", "--pid", pid).split())
+
+    def leave(self):
+        user.press(self.all("push button")[-2])  # Cancel
+
+    def picture(self, name):
+        path = self._folder / f"{self._look}-{name}.png"
+        self._desktop.picture(str(path), self._window)
+        print(path)
+
+    def _run(self, *command):
+        done = subprocess.run(
+            command, env=self._desktop.env, check=True, capture_output=True, text=True
+        )
+        return done.stdout
+
+
+def main(folder):
+    folder.mkdir(parents=True, exist_ok=True)
+    with user.Desktop() as desktop:
+        for look, (language, theme, size) in LOOKS.items():
+            program = desktop.start(
+                [str(CARDPRINT), "--ppd", str(PPD), "-o", OPTIONS], LANG=language, GTK_THEME=theme
+            )
+            photographer = Photographer(desktop, program, folder, look)
+            if size:
+                photographer.resize(size)
+            photographer.take_all()
+            if not size:
+                photographer.take_marked_field()
+            photographer.leave()
+            program.finish()
+
+
+if __name__ == "__main__":
+    main(pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else BUILD / "screenshots"))
