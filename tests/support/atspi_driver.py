@@ -10,6 +10,7 @@ One desktop a process: the accessibility client connects once. Needs Xvfb, dbus-
 at-spi2-core, python3-gi with Atspi, and ImageMagick for pictures.
 """
 
+import contextlib
 import os
 import shutil
 import signal
@@ -280,6 +281,17 @@ class Desktop:
             command, env, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True
         )
         return Program(process)
+
+    @contextlib.contextmanager
+    def wayland(self):
+        """A Wayland compositor, with pointer and keyboard; gives its display. Needs weston."""
+        name = "wayland-test"
+        command = ["weston", "--backend=x11-backend.so", "--use-pixman", f"--socket={name}"]
+        compositor = self._spawn(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        socket = os.path.join(self.env["XDG_RUNTIME_DIR"], name)
+        wait_for(lambda: os.path.exists(socket) or compositor.poll() is not None, "no compositor")
+        yield name
+        compositor.terminate()
 
     def picture(self, path, node=None):
         """Writes a picture of the screen, or of the place of one control, as PNG, once it rests."""

@@ -109,11 +109,11 @@ class PrintDialogTestCase(unittest.TestCase):
         self.program = self.desktop.start(command, **env)
         return PrintDialog(self.program)
 
-    def start_demo(self, module=True):
+    def start_demo(self, module=True, **env):
         """Starts GTK's own example of printing, unmodified; answers its dialog."""
         if SANITIZED:  # gtk3-demo hangs inside gettext when the sanitizer is loaded before it
-            return self.start_program("operation", module=module)
-        return self.start(["gtk3-demo", "--run=printing"], module)
+            return self.start_program("operation", module=module, **env)
+        return self.start(["gtk3-demo", "--run=printing"], module, **env)
 
     def start_program(self, *commands, **env):
         """Starts the tests' own program; answers its dialog after `commands`."""
@@ -312,6 +312,37 @@ class PrintersTestCase(PrintDialogTestCase):
         dialog.open_tab("Advanced")
         dialog.combo("Coating:")
         self.assertIsNone(user.find_now(dialog.program.root, "combo box", "Thermal Laminate:"))
+
+
+class InstalledTestCase(PrintDialogTestCase):
+    def test_what_is_installed_works_from_the_settings_file(self):
+        prefix = os.path.join(self.desktop.home, "installed")
+        install = ["cmake", "--install", str(BUILD), "--prefix", prefix]
+        subprocess.run(install, check=True, capture_output=True)
+        settings = pathlib.Path(self.desktop.home, ".config", "gtk-3.0", "settings.ini")
+        with settings.open("a", encoding="utf-8") as file:
+            file.write(f"gtk-modules={prefix}/lib/libcardpanels-gtk3-module.so\n")
+        dialog = self.start_demo(module=False)
+        dialog.select_printer("card")
+        dialog.open_card()
+        for library in ("lib/libcardpanels-gtk3-page.so", "lib/cardpanels.bundle/cardpanels.so"):
+            self.assertTrue(self.maps(f"{prefix}/{library}"), library)
+        self.assertFalse(self.maps(str(BUILD)))
+        dialog.choose("Front ribbon", "Metallic Silver")
+        dialog.press("Print")
+        self.assert_job(self.job(), frontRibbon="Silver")
+
+    def test_the_page_works_on_wayland(self):
+        display = self.enterContext(self.desktop.wayland())
+        dialog = self.start_demo(WAYLAND_DISPLAY=display, GDK_BACKEND="wayland")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        for name in ("X", "Y", "width", "height"):
+            dialog.type(f"Front include area 1, {name}", "1in")
+        dialog.press("Print")
+        area = "Custom.1in 1in 1in 1in"
+        self.assert_job(self.job(), frontResin="DefinedAreas", frontResinInclude1=area)
 
 
 class ConflictsTestCase(PrintDialogTestCase):
