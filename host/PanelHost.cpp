@@ -34,6 +34,8 @@ class PanelHost::Telling {
 
   void note(const Option& option, const ChangeResult& result) {
     ++requests_;
+    // Panels save areas also for a side that the printer lacks; the user has no part in that.
+    if (!host_.job_.hasOption(option.key)) return;
     add(result.message);
     if (result.losesValues) insisted_ = option;
   }

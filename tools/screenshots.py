@@ -2,7 +2,8 @@
 """screenshots.py [FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
 (build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
 marked with its tooltip: light and dark, in the smallest and in a large window, in four languages.
-Needs what tools/visit.py needs, and xdotool, xprop, and fonts and locales of these languages."""
+CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup installs, and the
+packages xdotool and x11-utils."""
 
 import os
 import pathlib

@@ -24,8 +24,8 @@ class OptionRecord {
     for (int i = 0; i < count; ++i) {
       ppd_choice_t& choice = choices_[static_cast<std::size_t>(i)];
       choice.option = &option_;
-      std::snprintf(choice.choice, sizeof choice.choice, "Choice%d", i);
-      std::snprintf(choice.text, sizeof choice.text, "Choice %d", i);
+      std::snprintf(choice.choice, sizeof choice.choice, "Choice%05d", i);
+      std::snprintf(choice.text, sizeof choice.text, "Choice %05d", i);
     }
   }
   OptionRecord(const OptionRecord&) = delete;

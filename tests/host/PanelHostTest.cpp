@@ -150,6 +150,14 @@ TEST_F(Host, ManyRequestsOfOneOperationAreToldOnce) {
   EXPECT_EQ(dialog.messages.size(), before + 1);
 }
 
+// The PPD has two of the twelve options.
+TEST_F(Host, AreasThatThePrinterLacksAreNotTold) {
+  show("PeelOffPanelPDE");
+  dialog.messages.clear();
+  host.print();
+  EXPECT_EQ(dialog.messages, std::vector<std::string>{""});
+}
+
 TEST_F(Host, EmptyFieldsMarkTheDefaultChoice) {
   show("PeelOffPanelPDE");
   host.print();
