@@ -25,9 +25,15 @@ std::string bundlePath() {
   return (std::filesystem::absolute(self.dli_fname).parent_path() / "cardpanels.bundle").string();
 }
 
+/// The bundle, which also brings the translations of the page's own texts.
+const std::shared_ptr<gtk3::GtkBundle>& bundle() {
+  static const auto* const shared =
+      new std::shared_ptr<gtk3::GtkBundle>(std::make_shared<gtk3::GtkBundle>(bundlePath()));
+  return *shared;
+}
+
 std::unique_ptr<host::PanelHost> makePanels(host::JobOptions& job) {
-  const std::string path = bundlePath();
-  return std::make_unique<host::PanelHost>(path, std::make_shared<gtk3::GtkBundle>(path), job);
+  return std::make_unique<host::PanelHost>(bundlePath(), bundle(), job);
 }
 
 /// A print dialog that has shown a card printer.
@@ -35,6 +41,7 @@ class WatchedDialog {
  public:
   explicit WatchedDialog(GtkPrintUnixDialog* dialog)
       : dialog_(dialog), session_(dialog_, readQueueOnThread, makePanels) {
+    bundle();
     dialog_.setChanged([this] { session_.dialogChanged(); });
     dialog_.setConflictDenied([this] { return session_.knowsNoConflict(); });
   }

@@ -1,5 +1,6 @@
 #include "apps/gtk3-module/QueueReading.h"
 
+#include <cups/cups.h>
 #include <glib.h>
 #include <pthread.h>
 
@@ -25,6 +26,8 @@ constexpr auto kFarewell = std::chrono::milliseconds(500);
 /// What the thread and the main loop share.
 struct Reading {
   std::string queue;
+  std::string server;  // libcups' settings are each thread's own
+  std::string user;
   std::function<void(QueueRead)> done;  // the main loop's
   QueueRead read;                       // the thread's, then the main loop's
   std::atomic<bool> abandoned = false;
@@ -67,6 +70,8 @@ class Running {
 };
 
 QueueRead read(const Reading& reading) {
+  cupsSetServer(reading.server.c_str());
+  cupsSetUser(reading.user.c_str());
   try {
     return {host::openQueue({reading.queue, ""}, kLimitSeconds, reading.abandoned).ppd, {}};
   } catch (const std::exception& error) {
@@ -113,6 +118,8 @@ std::shared_ptr<void> readQueueOnThread(const std::string& queue,
                                         std::function<void(QueueRead)> done) {
   auto reading = std::make_shared<Reading>();
   reading->queue = queue;
+  reading->server = cupsServer();
+  reading->user = cupsUser();
   reading->done = std::move(done);
   Running::all().add(*reading);
   const BlockedSignals blocked;
