@@ -68,6 +68,9 @@ void CardPage::addMessageBar() {
   for (auto* button : {insistButton_, messageBar_.add_button(tr("Cl_ose"), Gtk::RESPONSE_CLOSE)}) {
     button->set_valign(Gtk::ALIGN_CENTER);
   }
+  // Below each other, so that the message has room in a small window.
+  dynamic_cast<Gtk::Box&>(*messageBar_.get_action_area())
+      .set_orientation(Gtk::ORIENTATION_VERTICAL);
   messageBar_.signal_response().connect(sigc::mem_fun(*this, &CardPage::answerMessage));
   messageBar_.set_no_show_all();
   pack_start(messageBar_, Gtk::PACK_SHRINK);
