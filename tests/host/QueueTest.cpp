@@ -257,7 +257,9 @@ TEST_F(WithoutAServer, AServerThatAcceptsAndSaysNothingIsGivenUp) {
   EXPECT_THAT(errorOf([] { openQueue({}, 1); }), HasSubstr("cannot be asked: "));
   constexpr int kLongerThanATest = 3600;
   const std::atomic<bool> abandoned = true;
-  EXPECT_THAT(errorOf([&] { openQueue({"card", ""}, kLongerThanATest, abandoned); }),
+  EXPECT_THAT(errorOf([&] {
+                openQueue({"card", ""}, kLongerThanATest, abandoned);
+              }),
               HasSubstr("cannot be asked: "));
   close(silent);
 }
