@@ -2,7 +2,9 @@
 #include <gmodule.h>
 #include <gtk/gtk.h>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "apps/gtk3-module/CardKeys.h"
 #include "apps/gtk3-module/PageLibrary.h"
@@ -16,10 +18,9 @@ namespace {
 
 bool isCardKey(const char* name) {
   if (name == nullptr || !g_str_has_prefix(name, kOptionPrefix)) return false;
-  for (const char* key : kCardKeys) {
-    if (std::strcmp(name + std::strlen(kOptionPrefix), key) == 0) return true;
-  }
-  return false;
+  const char* const keyword = name + std::strlen(kOptionPrefix);
+  return std::any_of(std::begin(kCardKeys), std::end(kCardKeys),
+                     [keyword](const char* key) { return std::strcmp(keyword, key) == 0; });
 }
 
 bool hasCardOptions(GtkWidget* dialog) {

@@ -11,9 +11,8 @@
 // A program that prints, for the tests: each line of the pipe that it is started with is a command.
 //
 //   operation   a GtkPrintOperation, which starts from the settings of the one before
-//   dialog      a GtkPrintUnixDialog; on Print its settings are written as KEY=VALUE lines
-//   hide, show, destroy   do that to the dialog opened last
-//   quit        ends the main loop
+//   dialog      a GtkPrintUnixDialog; on Print and Preview its settings are written as KEY=VALUE
+//   lines hide, show, destroy   do that to the dialog opened last quit        ends the main loop
 
 namespace {
 
@@ -43,7 +42,7 @@ void runOperation() {
 }
 
 void responded(GtkDialog* dialog, int response, gpointer /*data*/) {
-  if (response == GTK_RESPONSE_OK) {
+  if (response == GTK_RESPONSE_OK || response == GTK_RESPONSE_APPLY) {
     GtkPrintSettings* const chosen =
         gtk_print_unix_dialog_get_settings(GTK_PRINT_UNIX_DIALOG(dialog));
     gtk_print_settings_foreach(
@@ -60,6 +59,8 @@ void responded(GtkDialog* dialog, int response, gpointer /*data*/) {
 void openDialog() {
   const std::string title = "Dialog " + std::to_string(dialogs.size() + 1);
   GtkWidget* const dialog = gtk_print_unix_dialog_new(title.c_str(), nullptr);
+  gtk_print_unix_dialog_set_manual_capabilities(GTK_PRINT_UNIX_DIALOG(dialog),
+                                                GTK_PRINT_CAPABILITY_PREVIEW);
   g_signal_connect(dialog, "response", G_CALLBACK(responded), nullptr);
   dialogs.push_back(dialog);
   gtk_widget_show(dialog);

@@ -68,6 +68,12 @@ COATING = """\
 OF_ONE_JOB = re.compile("time|date|uuid|job-id|job-k-octets|job-state|job-name")
 
 
+def sanitizer():
+    """The library that a program needs when a sanitized module is loaded into it."""
+    command = ["gcc", "-print-file-name=libasan.so"]
+    return subprocess.run(command, capture_output=True, text=True, check=True).stdout.strip()
+
+
 def defaults(ppd):
     """The PPD's default choices by keyword."""
     return dict(re.findall(r"^\*Default(\w+): (\w+)$", pathlib.Path(ppd).read_text(), re.MULTILINE))
@@ -102,8 +108,7 @@ class PrintDialogTestCase(unittest.TestCase):
         if module:
             env["GTK_MODULES"] = str(MODULE)
         if SANITIZED:
-            found = subprocess.run(["gcc", "-print-file-name=libasan.so"], capture_output=True)
-            env["LD_PRELOAD"] = found.stdout.decode().strip()
+            env["LD_PRELOAD"] = sanitizer()
             # Programs and GTK have leaks of their own; ours are looked for in the report.
             env["LSAN_OPTIONS"] = "exitcode=0"
         self.program = self.desktop.start(command, **env)
@@ -246,20 +251,30 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog.press("Print")
         self.assert_job(self.job(2), cardLaminate="Both", frontResinInclude1="Custom.1in 1in 1in 1in")
 
-    def test_a_program_that_reads_the_settings_itself_gets_all(self):
+    def settings_after(self, button):
+        """What a program reads from the dialog when an area was typed and `button` pressed."""
         dialog = self.start_program("dialog")
         dialog.select_printer("card")
         dialog.open_card()
         dialog.choose("Front resin", "Defined Areas")
         for name in ("X", "Y", "width", "height"):
             dialog.type(f"Front include area 3, {name}", "1in")
-        dialog.press("Print")
+        dialog.press(button)
         self.send("quit")
         _, out, errors = self.program.finish()
         self.program = None
-        self.assertIn("cups-frontResin=DefinedAreas\n", out)
-        self.assertRegex(out, r"cups-frontResinInclude3=(Custom\.)?1in 1in 1in 1in\n")
         self.assertEqual(criticals(errors), [])
+        return out.splitlines()
+
+    def test_a_program_that_reads_the_settings_on_print_gets_all(self):
+        settings = self.settings_after("Print")
+        self.assertIn("cups-frontResin=DefinedAreas", settings)
+        self.assertIn("cups-frontResinInclude3=Custom.1in 1in 1in 1in", settings)
+
+    def test_a_program_that_reads_the_settings_on_preview_gets_all(self):
+        settings = self.settings_after("Preview")
+        self.assertIn("cups-frontResin=DefinedAreas", settings)
+        self.assertIn("cups-frontResinInclude3=Custom.1in 1in 1in 1in", settings)
 
     def test_cancel_prints_nothing(self):
         dialog = self.start_program("operation")
@@ -343,6 +358,30 @@ class InstalledTestCase(PrintDialogTestCase):
         dialog.press("Print")
         area = "Custom.1in 1in 1in 1in"
         self.assert_job(self.job(), frontResin="DefinedAreas", frontResinInclude1=area)
+
+
+class ModuleTestCase(unittest.TestCase):
+    @unittest.skipIf(SANITIZED, "the sanitizers bring libraries of their own")
+    def test_the_module_needs_nothing_that_a_gtk_program_has_not(self):
+        dynamic = subprocess.run(["readelf", "-d", MODULE], capture_output=True, text=True).stdout
+        needed = re.findall(r"NEEDED.*\[(.*)\]", dynamic)
+        self.assertIn("libgtk-3.so.0", needed)
+        allowed = r"libgtk-3|libgobject-2\.0|libgmodule-2\.0|libglib-2\.0|libc\."
+        self.assertEqual([each for each in needed if not re.match(allowed, each)], [])
+
+    def test_the_module_stays_when_a_setting_lets_it_go(self):
+        script = (
+            "import ctypes, sys; "
+            "glib = ctypes.CDLL('libgmodule-2.0.so.0'); glib.g_module_open.restype = ctypes.c_void_p; "
+            "module = ctypes.c_void_p(glib.g_module_open(sys.argv[1].encode(), 0)); "
+            "glib.g_module_close(module); print('gtk3-module' in open('/proc/self/maps').read())"
+        )
+        command = ["/usr/bin/python3", "-c", script, str(MODULE)]
+        env = {"LD_PRELOAD": sanitizer()} if SANITIZED else {}
+        done = subprocess.run(
+            command, env={**os.environ, **env, "LSAN_OPTIONS": "exitcode=0"}, capture_output=True, text=True
+        )
+        self.assertEqual(done.stdout, "True\n", done.stderr)
 
 
 class ConflictsTestCase(PrintDialogTestCase):
