@@ -73,7 +73,7 @@ void DialogSession::startPanels(host::PPDFile ppd) {
     return;
   }
   for (const Option& each : differences()) {
-    if (!panels_->claimedKeys().contains(each.key)) leftAlone_.insert(each.key);
+    if (!panels_->claimedKeys().contains(each.key)) leftAlone_[each.key] = each.value;
   }
   note(job_->conflicts());
   panels_->setObserver(this);
@@ -96,7 +96,9 @@ bool DialogSession::isTyped(const Option& option) const {
 
 bool DialogSession::differs(const Option& option) const {
   if (!job_->hasOption(option.key) || option.value == kLeftOut) return false;
-  return !leftAlone_.contains(option.key) && job_->marked(option.key) && !isMarked(option);
+  const auto left = leftAlone_.find(option.key);
+  if (left != leftAlone_.end() && left->second == option.value) return false;
+  return job_->marked(option.key) && !isMarked(option);
 }
 
 std::vector<Option> DialogSession::differences() const {
@@ -109,7 +111,6 @@ std::vector<Option> DialogSession::differences() const {
 
 void DialogSession::dialogChanged() {
   if (!panels_) return;
-  leftAlone_.clear();
   following_ = true;
   const auto changes = differences();
   followPageSize();
@@ -123,7 +124,7 @@ void DialogSession::dialogChanged() {
 void DialogSession::follow(const Option& option) {
   const auto result = panels_->change(option.key, option.value);
   const bool claimed = panels_->claimedKeys().contains(option.key);
-  if (!result.granted && !claimed && isTyped(option)) leftAlone_.insert(option.key);
+  if (!result.granted && !claimed && isTyped(option)) leftAlone_[option.key] = option.value;
 }
 
 /// The dialog's page size cannot be set back, so a conflict with it stays, and is told.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -72,9 +72,9 @@ class DialogSession : private host::PanelObserver {
   std::shared_ptr<void> reading_;
   std::unique_ptr<host::JobOptions> job_;
   std::unique_ptr<host::PanelHost> panels_;
-  std::set<std::string> leftAlone_;  // typed in the dialog, and no value of the printer's
-  bool following_ = false;           // changes are on their way here
-  std::string notes_;                // what the user is told meanwhile
+  std::map<std::string, std::string> leftAlone_;  // typed in the dialog, no value of the printer's
+  bool following_ = false;                        // changes are on their way here
+  std::string notes_;                             // what the user is told meanwhile
   std::optional<host::Option> insisted_;
 };
 

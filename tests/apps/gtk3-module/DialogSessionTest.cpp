@@ -201,6 +201,10 @@ TEST_F(Sessions, ValuesThatAreNoChoicesAreLeftAloneUnlessAPanelClaimsThem) {
   dialog.choose("coating", "typed more");
   session.dialogChanged();
   EXPECT_EQ(dialog.value("coating"), "typed more");
+  EXPECT_THAT(dialog.told, HasSubstr("typed more"));
+  dialog.tell("", {});
+  session.dialogChanged();
+  EXPECT_EQ(dialog.told, "");
 }
 
 TEST_F(Sessions, NothingReachesADialogThatHasAnotherPrinter) {
