@@ -187,6 +187,20 @@ std::vector<Option> JobOptions::options() const {
   return all;
 }
 
+std::string JobOptions::conflicts() const {
+  const OwnNames names(*this);
+  std::string sentences;
+  std::set<const ppd_option_t*> told;
+  for (auto* option : conflictedOptions(ppd_.get())) {
+    const auto partners = conflictsWith(ppd_.get(), *option);
+    if (partners.empty() || told.contains(option)) continue;
+    told.insert(partners.begin(), partners.end());
+    if (!sentences.empty()) sentences += ' ';
+    sentences += refusal(*option, value(*option).value_or(kNothingMarked), partners);
+  }
+  return sentences;
+}
+
 bool JobOptions::hasOption(const std::string& key) const { return find(key) != nullptr; }
 
 std::string JobOptions::optionTitle(const std::string& key) const {

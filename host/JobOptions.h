@@ -78,6 +78,9 @@ class JobOptions {
   /// saved options set, in the PPD's order. Asking for no area where there is none sets nothing.
   std::vector<Option> options() const;
 
+  /// The conflicts among the marks as they are, a sentence each, by titles; empty without any.
+  std::string conflicts() const;
+
   bool hasOption(const std::string& key) const;
 
   /// The titles for people; the keywords when there are none, and a custom value as it was typed.

@@ -6,6 +6,8 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <filesystem>
@@ -57,6 +59,19 @@ class TemporaryFile {
 };
 
 int giveUp(http_t* /*http*/, void* /*data*/) { return 0; }
+
+/// How long a thread waits for the server; asked whenever `kInterval` has passed in vain.
+struct Waiting {
+  static constexpr double kInterval = 0.1;  // seconds
+
+  std::chrono::steady_clock::time_point end;
+  const std::atomic<bool>& abandoned;
+
+  static int goesOn(http_t* /*http*/, void* data) {
+    const auto& waiting = *static_cast<const Waiting*>(data);
+    return !waiting.abandoned && std::chrono::steady_clock::now() < waiting.end ? 1 : 0;
+  }
+};
 
 [[noreturn]] void failAtServer(const std::string& reason) {
   throw Error(filled(_("The print server {server} cannot be asked: {reason}"),
@@ -135,20 +150,54 @@ std::span<const cups_option_t> optionsOf(const cups_dest_t& dest) {
   return {dest.options, static_cast<std::size_t>(dest.num_options)};
 }
 
-PPDFile ppdOf(http_t* http, const QueueName& name) {
-  std::array<char, 1024> path{};
+/// Fetches the queue's PPD into a new file, whose path it answers in `path`.
+http_status_t fetchPPD(http_t* http, const std::string& queue, std::string& path) {
+  path = (std::filesystem::temp_directory_path() / "cardpanels-XXXXXX").string();
+  const int file = mkstemp(path.data());
+  if (file < 0) throw Error(path + ": " + std::generic_category().message(errno));
+  const http_status_t status = cupsGetFd(http, ("/printers/" + queue + ".ppd").c_str(), file);
+  close(file);
+  return status;
+}
+
+/// The same for a class, which has the PPD of one of its printers. libcups makes a connection of
+/// its own for that, without a time limit.
+http_status_t fetchClassPPD(http_t* http, const std::string& queue, std::string& path) {
+  std::array<char, 1024> found{};
   time_t modified = 0;
   const http_status_t status =
-      cupsGetPPD3(http, name.queue.c_str(), &modified, path.data(), path.size());
-  const TemporaryFile file(path.data());
+      cupsGetPPD3(http, queue.c_str(), &modified, found.data(), found.size());
+  path = found.data();
+  return status;
+}
+
+PPDFile ppdOf(http_t* http, const QueueName& name) {
+  std::string path;
+  http_status_t status = fetchPPD(http, name.queue, path);
+  const TemporaryFile file(path);
+  std::string classPath;
+  if (status == HTTP_STATUS_NOT_FOUND) status = fetchClassPPD(http, name.queue, classPath);
+  const TemporaryFile classFile(classPath);
   if (status == HTTP_STATUS_OK) {
-    return openPPD(file.path(), filled(_("queue {queue}"), {{"queue", name.queue}}));
+    return openPPD(classPath.empty() ? path : classPath,
+                   filled(_("queue {queue}"), {{"queue", name.queue}}));
   }
   if (status == HTTP_STATUS_NOT_FOUND) {
     throw Error(filled(_("The queue {queue} has no PPD."), {{"queue", name.queue}}));
   }
   throw Error(filled(_("The PPD of the queue {queue} cannot be had: {reason}"),
                      {{"queue", name.queue}, {"reason", cupsLastErrorString()}}));
+}
+
+Queue queueAt(http_t* http, const QueueName& name) {
+  const Dest dest = destOf(http, name);
+  Queue queue{nameOf(*dest), {}, ppdOf(http, nameOf(*dest))};
+  for (const cups_option_t& each : optionsOf(*dest)) {
+    if (ppdFindOption(queue.ppd.get(), each.name) != nullptr) {
+      queue.savedOptions.push_back({each.name, each.value});
+    }
+  }
+  return queue;
 }
 
 struct OpenFile {
@@ -277,15 +326,14 @@ QueueName QueueName::parse(const std::string& text) {
 std::string QueueName::text() const { return instance.empty() ? queue : queue + "/" + instance; }
 
 Queue openQueue(const QueueName& name, int seconds) {
+  return queueAt(connected(seconds).get(), name);
+}
+
+Queue openQueue(const QueueName& name, int seconds, const std::atomic<bool>& abandoned) {
+  Waiting waiting{std::chrono::steady_clock::now() + std::chrono::seconds(seconds), abandoned};
   const Http http = connected(seconds);
-  const Dest dest = destOf(http.get(), name);
-  Queue queue{nameOf(*dest), {}, ppdOf(http.get(), nameOf(*dest))};
-  for (const cups_option_t& each : optionsOf(*dest)) {
-    if (ppdFindOption(queue.ppd.get(), each.name) != nullptr) {
-      queue.savedOptions.push_back({each.name, each.value});
-    }
-  }
-  return queue;
+  httpSetTimeout(http.get(), Waiting::kInterval, Waiting::goesOn, &waiting);
+  return queueAt(http.get(), name);
 }
 
 int submitJob(const QueueName& name, const std::string& title,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,10 @@ struct Queue {
 /// queue when its queue is empty. Gives up on a server that is silent for `seconds`. Blocks
 /// meanwhile. Throws `Error` with the queue's or the server's name.
 Queue openQueue(const QueueName& name, int seconds = 10);
+
+/// The same for a thread that somebody may stop waiting for: gives up after `seconds` of waiting in
+/// all, and soon after `abandoned` has become true.
+Queue openQueue(const QueueName& name, int seconds, const std::atomic<bool>& abandoned);
 
 /// Sends `files` with `options`, and those saved options of the queue that are not among them, as
 /// one job and answers its id. Throws `Error` as `openQueue` does, and for a file that cannot be

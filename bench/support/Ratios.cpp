@@ -21,13 +21,16 @@ class Collector final : public benchmark::ConsoleReporter {
       if (run.run_type == Run::RT_Aggregate) {
         aggregates.push_back(run);
       } else {
-        times_[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
+        const bool isManual = run.run_name.time_type == "manual_time";
+        times_[run.run_name.function_name].push_back(isManual ? run.GetAdjustedRealTime()
+                                                              : run.GetAdjustedCPUTime());
       }
     }
     ConsoleReporter::ReportRuns(aggregates);
   }
 
-  /// The median processor time of a benchmark's runs, 0 when it did not run.
+  /// The median time of a benchmark's runs, the processor's unless it measures by itself; 0 when it
+  /// did not run.
   double median(const std::string& name) {
     auto& times = times_[name];
     if (times.empty()) return 0;

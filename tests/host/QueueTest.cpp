@@ -4,6 +4,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cstring>
 #include <filesystem>
 
@@ -254,6 +255,12 @@ TEST_F(WithoutAServer, AServerThatAcceptsAndSaysNothingIsGivenUp) {
   ASSERT_EQ(listen(silent, 8), 0);
   EXPECT_THAT(errorOf([] { openQueue({"card", ""}, 1); }), HasSubstr("cannot be asked: "));
   EXPECT_THAT(errorOf([] { openQueue({}, 1); }), HasSubstr("cannot be asked: "));
+  constexpr int kLongerThanATest = 3600;
+  const std::atomic<bool> abandoned = true;
+  EXPECT_THAT(errorOf([&] {
+                openQueue({"card", ""}, kLongerThanATest, abandoned);
+              }),
+              HasSubstr("cannot be asked: "));
   close(silent);
 }
 

@@ -10,6 +10,7 @@ One desktop a process: the accessibility client connects once. Needs Xvfb, dbus-
 at-spi2-core, python3-gi with Atspi, and ImageMagick for pictures.
 """
 
+import contextlib
 import os
 import shutil
 import signal
@@ -199,10 +200,34 @@ class Program:
 
         return wait_for(look, "the program shows no window")
 
+    @property
+    def pid(self):
+        return self._process.pid
+
+    def runs(self):
+        return self._process.poll() is None
+
+    def end(self, limit=LIMIT_SECONDS):
+        """Asks the program to end if it runs. Answers exit status and standard error."""
+        if self.runs():
+            self._process.terminate()
+        _, err = self._process.communicate(timeout=limit)
+        return self._process.returncode, err
+
     def finish(self, limit=LIMIT_SECONDS):
         """Waits for the end. Answers exit status, standard output and standard error."""
         out, err = self._process.communicate(timeout=limit)
         return self._process.returncode, out, err
+
+
+class Part:
+    """A part of a program, a window for example, in which controls are found."""
+
+    def __init__(self, root):
+        self.root = root
+
+    def find(self, role, name=None, limit=LIMIT_SECONDS):
+        return find(self.root, role, name, limit)
 
 
 class Desktop:
@@ -256,6 +281,17 @@ class Desktop:
             command, env, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True
         )
         return Program(process)
+
+    @contextlib.contextmanager
+    def wayland(self):
+        """A Wayland compositor, with pointer and keyboard; gives its display. Needs weston."""
+        name = "wayland-test"
+        command = ["weston", "--backend=x11-backend.so", "--use-pixman", f"--socket={name}"]
+        compositor = self._spawn(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        socket = os.path.join(self.env["XDG_RUNTIME_DIR"], name)
+        wait_for(lambda: os.path.exists(socket) or compositor.poll() is not None, "no compositor")
+        yield name
+        compositor.terminate()
 
     def picture(self, path, node=None):
         """Writes a picture of the screen, or of the place of one control, as PNG, once it rests."""

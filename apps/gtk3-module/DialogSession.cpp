@@ -1,0 +1,200 @@
+#include "apps/gtk3-module/DialogSession.h"
+
+#include <utility>
+
+#include "host/ASCII.h"
+#include "host/Error.h"
+#include "host/Messages.h"
+
+namespace cardpanels::gtk3module {
+namespace {
+
+using host::_;
+using host::Option;
+
+constexpr const char* kPageSize = "PageSize";
+constexpr const char* kCustomPrefix = "Custom.";
+// The dialog's value for leaving an option out of the job.
+constexpr const char* kLeftOut = "gtk-ignore-value";
+
+}  // namespace
+
+DialogSession::DialogSession(PrintDialog& dialog, ReadQueue readQueue, MakePanels makePanels)
+    : dialog_(dialog), readQueue_(std::move(readQueue)), makePanels_(std::move(makePanels)) {}
+
+DialogSession::~DialogSession() { leave(); }
+
+void DialogSession::leave() {
+  reading_.reset();
+  if (panels_) panels_->setObserver(nullptr);
+  dialog_.removePage();
+  forget();
+}
+
+void DialogSession::forget() {
+  panels_.reset();
+  job_.reset();
+  leftAlone_.clear();
+  notes_.clear();
+  insisted_.reset();
+}
+
+void DialogSession::selectPrinter(const std::string& queue) {
+  leave();
+  if (queue.empty()) return;
+  dialog_.showText(_("Reading the printer's options…"));
+  reading_ = readQueue_(queue, [this](QueueRead read) { queueRead(std::move(read)); });
+}
+
+void DialogSession::queueRead(QueueRead read) {
+  try {
+    if (!read.ppd) throw host::Error(read.error);
+    startPanels(std::move(read.ppd));
+  } catch (const std::exception& error) {
+    if (panels_) panels_->setObserver(nullptr);
+    dialog_.showText(error.what());
+    forget();
+  }
+}
+
+void DialogSession::startPanels(host::PPDFile ppd) {
+  job_ = std::make_unique<host::JobOptions>(std::move(ppd));
+  std::vector<Option> values;
+  for (const Option& each : dialog_.options()) {
+    if (job_->hasOption(each.key) && !each.value.empty() && each.value != kLeftOut) {
+      values.push_back(each);
+    }
+  }
+  for (const std::string& leftOut : job_->markSaved(values)) note(leftOut);
+  job_->markSaved({{kPageSize, dialog_.pageSize()}});
+  panels_ = makePanels_(*job_);
+  if (panels_->panels().empty()) {
+    leave();
+    return;
+  }
+  for (const Option& each : differences()) {
+    if (!panels_->claimedKeys().contains(each.key)) leftAlone_.insert(each.key);
+  }
+  note(job_->conflicts());
+  panels_->setObserver(this);
+  dialog_.showPanels(*panels_);
+  tellNotes();
+  bringToDialog();
+}
+
+bool DialogSession::isMarked(const Option& option) const {
+  const auto marked = job_->marked(option.key);
+  return marked && (host::equalIgnoringCase(*marked, option.value) ||
+                    *marked == kCustomPrefix + option.value);
+}
+
+/// Whether the value is none that the PPD lists.
+bool DialogSession::isTyped(const Option& option) const {
+  ppd_option_t* const record = ppdFindOption(job_->ppd(), option.key.c_str());
+  return ppdFindChoice(record, option.value.c_str()) == nullptr;
+}
+
+bool DialogSession::differs(const Option& option) const {
+  if (!job_->hasOption(option.key) || option.value == kLeftOut) return false;
+  return !leftAlone_.contains(option.key) && job_->marked(option.key) && !isMarked(option);
+}
+
+std::vector<Option> DialogSession::differences() const {
+  std::vector<Option> all;
+  for (const Option& each : dialog_.options()) {
+    if (differs(each)) all.push_back(each);
+  }
+  return all;
+}
+
+void DialogSession::dialogChanged() {
+  if (!panels_) return;
+  leftAlone_.clear();
+  following_ = true;
+  const auto changes = differences();
+  followPageSize();
+  for (const Option& each : changes) follow(each);
+  following_ = false;
+  if (changes.empty() && notes_.empty()) return;
+  tellNotes();
+  optionsChanged();
+}
+
+void DialogSession::follow(const Option& option) {
+  const auto result = panels_->change(option.key, option.value);
+  const bool claimed = panels_->claimedKeys().contains(option.key);
+  if (!result.granted && !claimed && isTyped(option)) leftAlone_.insert(option.key);
+}
+
+/// The dialog's page size cannot be set back, so a conflict with it stays, and is told.
+void DialogSession::followPageSize() {
+  const Option size{kPageSize, dialog_.pageSize()};
+  if (!job_->hasOption(size.key) || isTyped(size) || isMarked(size)) return;
+  if (!panels_->change(size.key, size.value).granted) job_->mark(size.key, size.value);
+}
+
+void DialogSession::print() {
+  if (!panels_) return;
+  dialogChanged();
+  try {
+    panels_->print();
+  } catch (const std::exception& error) {
+    dialog_.tell(error.what(), {});
+  }
+  bringToDialog();
+}
+
+bool DialogSession::knowsNoConflict() const { return panels_ && job_->conflicts().empty(); }
+
+void DialogSession::optionsChanged() {
+  if (following_) return;
+  bringToDialog();
+  dialog_.panelsChanged();
+}
+
+void DialogSession::bringToDialog() {
+  for (const Option& each : differences()) {
+    dialog_.set({each.key, job_->marked(each.key).value_or("")});
+  }
+  std::string told;
+  for (const Option& kept : differences()) told += (told.empty() ? "" : "\n") + setBack(kept);
+  if (!told.empty()) dialog_.tell(told, {});
+}
+
+/// The dialog hides choices that do not go with what is installed in the printer.
+std::string DialogSession::setBack(const Option& kept) {
+  const std::string wanted = job_->marked(kept.key).value_or("");
+  following_ = true;
+  panels_->change(kept.key, kept.value);
+  following_ = false;
+  notes_.clear();
+  insisted_.reset();
+  return host::filled(
+      _("“{option}” cannot be “{choice}” in this dialog."),
+      {{"option", job_->optionTitle(kept.key)}, {"choice", job_->choiceTitle(kept.key, wanted)}});
+}
+
+void DialogSession::tell(const std::string& message, const std::optional<Option>& insisted) {
+  note(message);
+  if (insisted) insisted_ = insisted;
+  if (!following_) tellNotes();
+}
+
+void DialogSession::tellNotes() {
+  const std::string message = std::exchange(notes_, {});
+  const auto insisted = std::exchange(insisted_, std::nullopt);
+  if (insisted) {
+    dialog_.tell(message,
+                 [this, change = *insisted] { panels_->insist(change.key, change.value); });
+  } else {
+    dialog_.tell(message, {});
+  }
+}
+
+void DialogSession::note(const std::string& message) {
+  if (message.empty()) return;
+  if (!notes_.empty()) notes_ += '\n';
+  notes_ += message;
+}
+
+}  // namespace cardpanels::gtk3module

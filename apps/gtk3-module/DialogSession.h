@@ -1,0 +1,81 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "apps/gtk3-module/PrintDialog.h"
+#include "host/JobOptions.h"
+#include "host/PPDFile.h"
+#include "host/PanelHost.h"
+
+namespace cardpanels::gtk3module {
+
+/// What came of reading a queue: its PPD, or why there is none.
+struct QueueRead {
+  host::PPDFile ppd;
+  std::string error;
+};
+
+/// Begins to read a queue's PPD, and calls back once, later and on the caller's thread, unless what
+/// it answers was destroyed before.
+using ReadQueue = std::function<std::shared_ptr<void>(const std::string& queue,
+                                                      std::function<void(QueueRead)> done)>;
+
+using MakePanels = std::function<std::unique_ptr<host::PanelHost>(host::JobOptions& job)>;
+
+/// Keeps the panels of a print dialog's printer and the dialog's own options in step, for as long
+/// as the dialog lives.
+class DialogSession : private host::PanelObserver {
+ public:
+  /// `dialog` must outlive this.
+  DialogSession(PrintDialog& dialog, ReadQueue readQueue, MakePanels makePanels);
+  ~DialogSession() override;
+
+  /// The dialog shows the options of `queue` from now on, which has card options; empty for none.
+  void selectPrinter(const std::string& queue);
+
+  /// Options or the page size may have changed in the dialog: panels follow where the printer's
+  /// rules allow it, else the dialog is set back and the user is told.
+  void dialogChanged();
+
+  /// The dialog is about to print: stores what was typed, and brings all to the dialog's options.
+  void print();
+
+  /// Whether panels are there and nothing that is chosen conflicts.
+  bool knowsNoConflict() const;
+
+ private:
+  void leave();
+  void forget();
+  void queueRead(QueueRead read);
+  void startPanels(host::PPDFile ppd);
+  bool isMarked(const host::Option& option) const;
+  bool isTyped(const host::Option& option) const;
+  bool differs(const host::Option& option) const;
+  std::vector<host::Option> differences() const;
+  void follow(const host::Option& option);
+  void followPageSize();
+  void bringToDialog();
+  std::string setBack(const host::Option& kept);
+  void optionsChanged() override;
+  void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
+  void tellNotes();
+  void note(const std::string& message);
+
+  PrintDialog& dialog_;
+  ReadQueue readQueue_;
+  MakePanels makePanels_;
+  std::shared_ptr<void> reading_;
+  std::unique_ptr<host::JobOptions> job_;
+  std::unique_ptr<host::PanelHost> panels_;
+  std::set<std::string> leftAlone_;  // typed in the dialog, and no value of the printer's
+  bool following_ = false;           // changes are on their way here
+  std::string notes_;                // what the user is told meanwhile
+  std::optional<host::Option> insisted_;
+};
+
+}  // namespace cardpanels::gtk3module

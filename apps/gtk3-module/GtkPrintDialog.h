@@ -1,0 +1,65 @@
+#pragma once
+
+#include <gtk/gtk.h>
+#include <gtk/gtkunixprint.h>
+
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "apps/gtk3-module/PrintDialog.h"
+#include "ports/gtk3/CardPage.h"
+
+namespace cardpanels::gtk3module {
+
+/// GTK 3's print dialog.
+class GtkPrintDialog final : public PrintDialog {
+ public:
+  /// Over `dialog`, which must outlive this, or emit `destroy` no later than this is destroyed.
+  explicit GtkPrintDialog(GtkPrintUnixDialog* dialog);
+  ~GtkPrintDialog() override;
+
+  /// Called from the main loop, some time after options or the page size have changed.
+  void setChanged(std::function<void()> changed) { changed_ = std::move(changed); }
+
+  /// Whether GTK's own sign that options conflict is wrong, asked when it appears.
+  void setConflictDenied(std::function<bool()> denied) { conflictDenied_ = std::move(denied); }
+
+  /// To be called when the dialog has made the controls of another printer.
+  void controlsReplaced();
+
+  std::vector<host::Option> options() const override;
+  std::string pageSize() const override;
+  void set(const host::Option& option) override;
+  void showText(const std::string& text) override;
+  void showPanels(host::PanelHost& panels) override;
+  void panelsChanged() override;
+  void tell(const std::string& message, const std::function<void()>& insist) override;
+  void removePage() override;
+
+ private:
+  class Panels;
+  /// One of the dialog's options.
+  class Control;
+
+  void forgetControls();
+  GtkWidget* emptyPage();
+  void hideControls(const std::set<std::string>& keys);
+  void changeLater();
+  void denyConflict();
+
+  GtkPrintUnixDialog* dialog_;
+  std::vector<std::unique_ptr<Control>> controls_;
+  GtkWidget* conflictSign_ = nullptr;
+  GtkWidget* paperSizes_ = nullptr;
+  GtkWidget* page_ = nullptr;  // the notebook's child
+  std::unique_ptr<Panels> panels_;
+  std::unique_ptr<gtk3::CardPage> cardPage_;
+  std::function<void()> changed_;
+  std::function<bool()> conflictDenied_;
+  guint changeSource_ = 0;
+};
+
+}  // namespace cardpanels::gtk3module

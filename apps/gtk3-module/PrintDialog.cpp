@@ -1,0 +1,7 @@
+#include "apps/gtk3-module/PrintDialog.h"
+
+namespace cardpanels::gtk3module {
+
+PrintDialog::~PrintDialog() = default;
+
+}  // namespace cardpanels::gtk3module

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/JobOption.h"
+#include "host/PanelHost.h"
+
+namespace cardpanels::gtk3module {
+
+/// A print dialog of the system's toolkit, which shows the options of one printer at a time and has
+/// room for a page of ours. Option keys are the PPD's keywords.
+class PrintDialog {
+ public:
+  PrintDialog() = default;
+  PrintDialog(const PrintDialog&) = delete;
+  PrintDialog& operator=(const PrintDialog&) = delete;
+  virtual ~PrintDialog();
+
+  /// The printer's options that the dialog has controls for, with the values that it would print
+  /// with. A custom value may stand there with or without `Custom.` in front.
+  virtual std::vector<host::Option> options() const = 0;
+
+  /// The PPD's keyword of the chosen page size; empty when there is none.
+  virtual std::string pageSize() const = 0;
+
+  /// Sets an option. The dialog may ignore it: `options` tells.
+  virtual void set(const host::Option& option) = 0;
+
+  /// Shows the page with nothing but `text`.
+  virtual void showText(const std::string& text) = 0;
+
+  /// Shows the page with `panels`, which live until `removePage`, and hides the dialog's own
+  /// controls of what they claim until the dialog makes new ones for another printer.
+  virtual void showPanels(host::PanelHost& panels) = 0;
+
+  /// What the panels tell of themselves has changed.
+  virtual void panelsChanged() = 0;
+
+  /// Tells the user `message` on the page with panels, in place of what was told last, and offers
+  /// to do `insist` when it is given.
+  virtual void tell(const std::string& message, const std::function<void()>& insist) = 0;
+
+  /// Takes the page away, if there is one.
+  virtual void removePage() = 0;
+};
+
+}  // namespace cardpanels::gtk3module

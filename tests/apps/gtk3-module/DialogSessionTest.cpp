@@ -1,0 +1,234 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "apps/gtk3-module/CardKeys.h"
+#include "apps/gtk3-module/DialogSession.h"
+#include "ports/headless/HeadlessBundle.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestPPD.h"
+
+namespace cardpanels::gtk3module {
+namespace {
+
+using host::Option;
+using testing::HasSubstr;
+
+const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
+
+/// A dialog in memory that notes what it is told.
+class FakeDialog : public PrintDialog {
+ public:
+  std::vector<Option> options() const override { return values; }
+  std::string pageSize() const override { return size; }
+  void set(const Option& option) override {
+    if (option.value == hidden) return;
+    for (Option& each : values) {
+      if (each.key == option.key) each.value = option.value;
+    }
+  }
+  void showText(const std::string& shown) override { text = shown; }
+  void showPanels(host::PanelHost& shown) override {
+    text.clear();
+    panels = &shown;
+  }
+  void panelsChanged() override { ++changes; }
+  void tell(const std::string& message, const std::function<void()>& offered) override {
+    told = message;
+    insist = offered;
+  }
+  void removePage() override {
+    text.clear();
+    panels = nullptr;
+  }
+
+  std::string value(const std::string& key) const {
+    const auto found = std::find_if(values.begin(), values.end(),
+                                    [&key](const Option& each) { return each.key == key; });
+    return found == values.end() ? "none" : found->value;
+  }
+  void choose(const std::string& key, const std::string& value) { set({key, value}); }
+
+  std::vector<Option> values;
+  std::string size = "CR80";
+  std::string hidden;  // a choice that the dialog does not offer
+  std::string text;
+  host::PanelHost* panels = nullptr;
+  int changes = 0;
+  std::string told;
+  std::function<void()> insist;
+};
+
+class Sessions : public testing::Test {
+ protected:
+  /// Opens the session on a printer with laminate, an area and a coating that excludes laminates.
+  void open(std::vector<Option> values) {
+    dialog.values = std::move(values);
+    session.selectPrinter("card");
+    answer(kConstraints);
+  }
+
+  void answer(const std::string& lines) {
+    const std::string path = folder.write(
+        "card.ppd",
+        test::testPPD({test::laminateOption(), test::testOption("coating", "Coating", 2),
+                       test::testOption("frontRotation", "Rotation", 2)},
+                      lines + test::testAreaOption("frontResinInclude1")));
+    done({host::openPPD(path), {}});
+  }
+
+  static constexpr const char* kConstraints =
+      "*cupsUIConstraints Coat: \"*coating Choice1 *cardLaminate\"\n"
+      "*cupsUIResolver Coat: \"*cardLaminate None\"\n"
+      "*cupsUIConstraints: \"*PageSize CR79 *cardLaminate Both\"\n";
+
+  test::TemporaryFolder folder;
+  FakeDialog dialog;
+  std::weak_ptr<int> reading;
+  std::function<void(QueueRead)> done;
+  std::string readQueue;
+  DialogSession session{dialog,
+                        [this](const std::string& queue, std::function<void(QueueRead)> then) {
+                          auto token = std::make_shared<int>();
+                          reading = token;
+                          readQueue = queue;
+                          done = std::move(then);
+                          return token;
+                        },
+                        [](host::JobOptions& job) {
+                          return std::make_unique<host::PanelHost>(
+                              kBundle, std::make_shared<headless::HeadlessBundle>(kBundle), job);
+                        }};
+};
+
+TEST_F(Sessions, APageTellsThatThePrinterIsBeingRead) {
+  session.selectPrinter("card");
+  EXPECT_EQ(readQueue, "card");
+  EXPECT_EQ(dialog.text, "Reading the printer's options…");
+  answer("");
+  ASSERT_NE(dialog.panels, nullptr);
+  EXPECT_EQ(dialog.panels->panels().size(), 2U);
+}
+
+TEST_F(Sessions, AnotherPrinterEndsTheReading) {
+  session.selectPrinter("card");
+  session.selectPrinter("");
+  EXPECT_TRUE(reading.expired());
+  EXPECT_EQ(dialog.text, "");
+}
+
+TEST_F(Sessions, AQueueThatCannotBeReadIsTold) {
+  session.selectPrinter("card");
+  done({nullptr, "no answer"});
+  EXPECT_EQ(dialog.text, "no answer");
+  EXPECT_EQ(dialog.panels, nullptr);
+}
+
+TEST_F(Sessions, APrinterWithoutPanelsHasNoPage) {
+  session.selectPrinter("plain");
+  done({host::openPPD(folder.write("plain.ppd", test::testPPD({}))), {}});
+  EXPECT_EQ(dialog.text, "");
+  EXPECT_EQ(dialog.panels, nullptr);
+  session.dialogChanged();
+  session.print();
+}
+
+TEST_F(Sessions, PanelsStartFromWhatTheDialogWouldPrint) {
+  open({{"cardLaminate", "Back"}, {"frontResinInclude1", "1in 1in 2in 2in"}});
+  const auto summary = dialog.panels->summary(dialog.panels->panels().front());
+  EXPECT_EQ(summary->valueForKey("Card Laminate"), "Back Side");
+  EXPECT_EQ(dialog.told, "");
+  EXPECT_EQ(dialog.value("frontResinInclude1"), "1in 1in 2in 2in");
+}
+
+TEST_F(Sessions, AChoiceOnThePageReachesTheDialog) {
+  open({{"cardLaminate", "None"}, {"frontResinInclude1", "Default"}});
+  dialog.panels->change("cardLaminate", "Front");
+  dialog.panels->change("frontResinInclude1", "1in 1in 2in 2in");
+  EXPECT_EQ(dialog.value("cardLaminate"), "Front");
+  EXPECT_EQ(dialog.value("frontResinInclude1"), "Custom.1in 1in 2in 2in");
+  EXPECT_GT(dialog.changes, 0);
+}
+
+TEST_F(Sessions, AChangeInTheDialogReachesThePanels) {
+  open({{"cardLaminate", "None"}, {"coating", "Choice0"}});
+  dialog.choose("cardLaminate", "Both");
+  session.dialogChanged();
+  EXPECT_EQ(dialog.panels->summary(dialog.panels->panels().front())->valueForKey("Card Laminate"),
+            "Both Sides");
+}
+
+TEST_F(Sessions, AConflictingChangeInTheDialogIsSetBackOrResolvedAndTold) {
+  open({{"cardLaminate", "Both"}, {"coating", "Choice0"}});
+  dialog.choose("coating", "Choice1");
+  session.dialogChanged();
+  EXPECT_THAT(dialog.told, HasSubstr("“Card Laminate”"));
+  EXPECT_THAT(dialog.told, HasSubstr("“Coating”"));
+  EXPECT_TRUE(session.knowsNoConflict());
+  EXPECT_TRUE(dialog.value("coating") == "Choice0" || dialog.value("cardLaminate") == "None");
+}
+
+TEST_F(Sessions, ConflictsThatAreThereAtFirstAreTold) {
+  open({{"cardLaminate", "Both"}, {"coating", "Choice1"}});
+  EXPECT_THAT(dialog.told, HasSubstr("“Coating” is “Choice 1”"));
+  EXPECT_FALSE(session.knowsNoConflict());
+}
+
+TEST_F(Sessions, ThePageSizeTakesPartInConflicts) {
+  dialog.size = "CR79";
+  open({{"cardLaminate", "None"}});
+  dialog.panels->change("cardLaminate", "Both");
+  EXPECT_THAT(dialog.told, HasSubstr("“Card Size” is “CR-79”"));
+  EXPECT_EQ(dialog.value("cardLaminate"), "None");
+}
+
+TEST_F(Sessions, AChoiceThatTheDialogDoesNotOfferIsSetBackAndTold) {
+  dialog.hidden = "Back";
+  open({{"cardLaminate", "None"}});
+  dialog.panels->change("cardLaminate", "Back");
+  EXPECT_EQ(dialog.told, "“Card Laminate” cannot be “Back Side” in this dialog.");
+  EXPECT_EQ(dialog.panels->summary(dialog.panels->panels().front())->valueForKey("Card Laminate"),
+            "None");
+}
+
+TEST_F(Sessions, ValuesThatAreNoChoicesAreLeftAloneUnlessAPanelClaimsThem) {
+  open({{"cardLaminate", "Gold"}, {"coating", "typed"}, {"frontRotation", "gtk-ignore-value"}});
+  EXPECT_EQ(dialog.value("cardLaminate"), "None");
+  EXPECT_THAT(dialog.told, HasSubstr("cardLaminate=Gold"));
+  EXPECT_EQ(dialog.value("coating"), "typed");
+  EXPECT_EQ(dialog.value("frontRotation"), "gtk-ignore-value");
+  dialog.choose("coating", "typed more");
+  session.dialogChanged();
+  EXPECT_EQ(dialog.value("coating"), "typed more");
+}
+
+TEST_F(Sessions, NothingReachesADialogThatHasAnotherPrinter) {
+  open({{"cardLaminate", "None"}});
+  session.selectPrinter("");
+  EXPECT_EQ(dialog.panels, nullptr);
+  session.print();
+  EXPECT_EQ(dialog.value("cardLaminate"), "None");
+}
+
+TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
+  for (const char* key : kCardKeys) {
+    session.selectPrinter("card");
+    const auto ppd = test::testPPD({test::testOption(key, key, 13)});
+    done({host::openPPD(folder.write("one.ppd", ppd)), {}});
+    EXPECT_NE(dialog.panels, nullptr) << key;
+  }
+  session.selectPrinter("card");
+  done({host::openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd"), {}});
+  ASSERT_NE(dialog.panels, nullptr);
+  std::vector<std::string> known(std::begin(kCardKeys), std::end(kCardKeys));
+  for (const std::string& key : dialog.panels->claimedKeys()) {
+    const bool isArea = key.find("Peel") != std::string::npos ||
+                        key.find("Include") != std::string::npos ||
+                        key.find("Exclude") != std::string::npos;
+    EXPECT_TRUE(isArea || std::find(known.begin(), known.end(), key) != known.end()) << key;
+  }
+}
+
+}  // namespace
+}  // namespace cardpanels::gtk3module

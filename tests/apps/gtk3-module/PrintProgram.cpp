@@ -1,0 +1,105 @@
+#include <glib-unix.h>
+#include <gtk/gtk.h>
+#include <gtk/gtkunixprint.h>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+// A program that prints, for the tests: each line of the pipe that it is started with is a command.
+//
+//   operation   a GtkPrintOperation, which starts from the settings of the one before
+//   dialog      a GtkPrintUnixDialog; on Print and Preview its settings are written as KEY=VALUE
+//   lines hide, show, destroy   do that to the dialog opened last quit        ends the main loop
+
+namespace {
+
+GtkPrintSettings* settings = nullptr;
+std::vector<GtkWidget*> dialogs;
+
+void drawPage(GtkPrintOperation* /*operation*/, GtkPrintContext* context, int /*page*/) {
+  cairo_t* const cairo = gtk_print_context_get_cairo_context(context);
+  cairo_rectangle(cairo, 10, 10, 50, 50);
+  cairo_fill(cairo);
+}
+
+void runOperation() {
+  GtkPrintOperation* const operation = gtk_print_operation_new();
+  gtk_print_operation_set_n_pages(operation, 1);
+  if (settings != nullptr) gtk_print_operation_set_print_settings(operation, settings);
+  g_signal_connect(operation, "draw-page", G_CALLBACK(drawPage), nullptr);
+  const auto result =
+      gtk_print_operation_run(operation, GTK_PRINT_OPERATION_ACTION_PRINT_DIALOG, nullptr, nullptr);
+  if (result == GTK_PRINT_OPERATION_RESULT_APPLY) {
+    g_clear_object(&settings);
+    settings = GTK_PRINT_SETTINGS(g_object_ref(gtk_print_operation_get_print_settings(operation)));
+  }
+  std::printf("result %d\n", result);
+  std::fflush(stdout);
+  g_object_unref(operation);
+}
+
+void responded(GtkDialog* dialog, int response, gpointer /*data*/) {
+  if (response == GTK_RESPONSE_OK || response == GTK_RESPONSE_APPLY) {
+    GtkPrintSettings* const chosen =
+        gtk_print_unix_dialog_get_settings(GTK_PRINT_UNIX_DIALOG(dialog));
+    gtk_print_settings_foreach(
+        chosen,
+        [](const char* key, const char* value, gpointer) { std::printf("%s=%s\n", key, value); },
+        nullptr);
+    g_object_unref(chosen);
+  }
+  std::printf("response %d\n", response);
+  std::fflush(stdout);
+  gtk_widget_hide(GTK_WIDGET(dialog));
+}
+
+void openDialog() {
+  const std::string title = "Dialog " + std::to_string(dialogs.size() + 1);
+  GtkWidget* const dialog = gtk_print_unix_dialog_new(title.c_str(), nullptr);
+  gtk_print_unix_dialog_set_manual_capabilities(GTK_PRINT_UNIX_DIALOG(dialog),
+                                                GTK_PRINT_CAPABILITY_PREVIEW);
+  g_signal_connect(dialog, "response", G_CALLBACK(responded), nullptr);
+  dialogs.push_back(dialog);
+  gtk_widget_show(dialog);
+}
+
+gboolean command(GIOChannel* channel, GIOCondition /*condition*/, gpointer /*data*/) {
+  char* line = nullptr;
+  if (g_io_channel_read_line(channel, &line, nullptr, nullptr, nullptr) != G_IO_STATUS_NORMAL) {
+    gtk_main_quit();
+    return FALSE;
+  }
+  const std::string name = g_strstrip(line);
+  g_free(line);
+  if (name == "operation") runOperation();
+  if (name == "dialog") openDialog();
+  if (name == "hide") gtk_widget_hide(dialogs.back());
+  if (name == "show") gtk_widget_show(dialogs.back());
+  if (name == "destroy") {
+    gtk_widget_destroy(dialogs.back());
+    dialogs.pop_back();
+  }
+  if (name == "quit") gtk_main_quit();
+  return TRUE;
+}
+
+/// Ends as programs do on their last menu item, whatever dialogs are open.
+gboolean terminated(gpointer /*data*/) { std::exit(0); }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  gtk_init(&argc, &argv);
+  GtkWidget* const window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+  gtk_window_set_title(GTK_WINDOW(window), "Print program");
+  gtk_widget_show_all(window);
+  // Read and write: the pipe stays open while nobody writes.
+  GIOChannel* const input = g_io_channel_new_file(argv[1], "r+", nullptr);
+  g_io_add_watch(input, G_IO_IN, command, nullptr);
+  g_unix_signal_add(SIGTERM, terminated, nullptr);
+  gtk_main();
+  return 0;
+}

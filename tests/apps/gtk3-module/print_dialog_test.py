@@ -1,0 +1,531 @@
+"""The page Card in the print dialog of unmodified programs, used as a person would."""
+
+import os
+import pathlib
+import re
+import subprocess
+import unittest
+
+import atspi_driver as user
+from print_dialog import PrintDialog, criticals
+from print_server import PrintServer
+from slow_server import SlowServer
+
+SOURCE = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
+BUILD = pathlib.Path(os.environ["CARDPANELS_BUILD_DIR"])
+CARD_PPD = SOURCE / "resources" / "ppd" / "card-duplex.ppd"
+MODULE = BUILD / "lib" / "libcardpanels-gtk3-module.so"
+PROGRAM = BUILD / "tests" / "print-program"
+SANITIZED = "CARDPANELS_SANITIZE:BOOL=ON" in (BUILD / "CMakeCache.txt").read_text()
+
+ORDINARY_PPD = """\
+*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: UTF-8
+*PCFileName: "PLAIN.PPD"
+*Manufacturer: "Example"
+*Product: "(Example Plain)"
+*ModelName: "Example Plain"
+*ShortNickName: "Example Plain"
+*NickName: "Example Plain"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: True
+*DefaultColorSpace: RGB
+*OpenUI *PageSize/Paper: PickOne
+*DefaultPageSize: A4
+*PageSize A4/A4: ""
+*CloseUI: *PageSize
+*OpenUI *PageRegion/Paper: PickOne
+*DefaultPageRegion: A4
+*PageRegion A4/A4: ""
+*CloseUI: *PageRegion
+*DefaultImageableArea: A4
+*ImageableArea A4/A4: "0 0 595 842"
+*DefaultPaperDimension: A4
+*PaperDimension A4/A4: "595 842"
+*OpenUI *Toner/Toner: PickOne
+*DefaultToner: Much
+*Toner Much/Much: ""
+*Toner Little/Little: ""
+*CloseUI: *Toner
+"""
+# An option that no panel claims, in conflict with the laminate: only turning that off resolves it.
+COATING = """\
+*cupsUIConstraints Coating: "*coating Gloss *cardLaminate"
+*cupsUIResolver Coating: "*cardLaminate None"
+*cupsUIConstraints: "*coating Matte *frontRotation Rotate180 *backRotation Rotate180"
+*OpenUI *coating/Coating: PickOne
+*Defaultcoating: None
+*coating None/No Coating: ""
+*coating Gloss/Glossy: ""
+*coating Matte/Matt: ""
+*CloseUI: *coating
+"""
+# What differs between any two jobs.
+OF_ONE_JOB = re.compile("time|date|uuid|job-id|job-k-octets|job-state|job-name")
+
+
+def sanitizer():
+    """The library that a program needs when a sanitized module is loaded into it."""
+    command = ["gcc", "-print-file-name=libasan.so"]
+    return subprocess.run(command, capture_output=True, text=True, check=True).stdout.strip()
+
+
+def defaults(ppd):
+    """The PPD's default choices by keyword."""
+    return dict(re.findall(r"^\*Default(\w+): (\w+)$", pathlib.Path(ppd).read_text(), re.MULTILINE))
+
+
+class PrintDialogTestCase(unittest.TestCase):
+    """With a print server that has the queues `card`, `coated` and `plain`, and a desktop."""
+
+    def setUp(self):
+        self.server = self.enterContext(PrintServer())
+        self.desktop = self.enterContext(user.Desktop())
+        self.server.add_queue("card", CARD_PPD)
+        self.server.add_queue("coated", self.write("coated.ppd", CARD_PPD.read_text() + COATING))
+        self.server.add_queue("plain", self.write("plain.ppd", ORDINARY_PPD))
+        self.commands = os.path.join(self.desktop.home, "commands")
+        os.mkfifo(self.commands)
+        self.program = None
+
+    def tearDown(self):
+        if self.program is not None:
+            self.check_end()
+
+    def write(self, name, text):
+        path = os.path.join(self.desktop.home, name)
+        pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)
+        pathlib.Path(path).write_text(text)
+        return path
+
+    def start(self, command, module=True, **env):
+        """Starts a program that prints; answers its dialog."""
+        env = {**self.server.env, **env}
+        if module:
+            env["GTK_MODULES"] = str(MODULE)
+        if SANITIZED:
+            env["LD_PRELOAD"] = sanitizer()
+            # Programs and GTK have leaks of their own; ours are looked for in the report.
+            env["LSAN_OPTIONS"] = "exitcode=0"
+        self.program = self.desktop.start(command, **env)
+        return PrintDialog(self.program)
+
+    def start_demo(self, module=True, **env):
+        """Starts GTK's own example of printing, unmodified; answers its dialog."""
+        if SANITIZED:  # gtk3-demo hangs inside gettext when the sanitizer is loaded before it
+            return self.start_program("operation", module=module, **env)
+        return self.start(["gtk3-demo", "--run=printing"], module, **env)
+
+    def start_program(self, *commands, **env):
+        """Starts the tests' own program; answers its dialog after `commands`."""
+        dialog = self.start([str(PROGRAM), self.commands], **env)
+        for each in commands:
+            self.send(each)
+        return dialog
+
+    def send(self, command):
+        with open(self.commands, "w", encoding="utf-8") as pipe:
+            pipe.write(command + "\n")
+
+    def job(self, number=1):
+        return user.wait_for(lambda: self.server.job(number), f"there is no job {number}")
+
+    def check_end(self):
+        """The program still runs, or ended well, and nothing critical was said."""
+        status, errors = self.program.end()
+        self.program = None
+        self.assertIn(status, (0, -15), errors)
+        self.assertEqual(criticals(errors), [], errors)
+        self.assertNotIn("ERROR: AddressSanitizer", errors)
+        self.assertNotIn("runtime error", errors)
+        self.assertNotRegex(errors, r"#\d+ .*(cardpanels|apps/gtk3-module)")
+
+    def assert_job(self, job, ppd=CARD_PPD, **chosen):
+        """The job carries `chosen`, and the PPD's defaults for all else that it carries."""
+        expected = {key: value for key, value in defaults(ppd).items() if key in job} | chosen
+        self.assertEqual({key: job.get(key) for key in expected}, expected)
+
+    def maps(self, library):
+        with open(f"/proc/{self.program.pid}/maps", encoding="utf-8") as file:
+            return library in file.read()
+
+
+class PanelsTestCase(PrintDialogTestCase):
+    def test_choices_on_all_five_panels_and_two_areas_reach_the_job(self):
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        self.assertFalse(dialog.has_tab("Advanced"))
+        dialog.choose("Front ribbon", "Color and UV (YMCF)")
+        dialog.choose("Back ribbon", "Color and Black Resin (YMCK)")
+        dialog.choose("Back resin", "Defined Areas")
+        for name, text in (("X", "1in"), ("Y", "0.5in"), ("width", "2in"), ("height", "1in")):
+            dialog.type(f"Back include area 1, {name}", text)
+        dialog.open_panel("Ultraviolet")
+        dialog.choose("Front ultraviolet", "Whole Card")
+        dialog.open_panel("Peel-Off")
+        dialog.choose("Front peel-off", "Defined Areas")
+        for name, text in (("X", "0in"), ("Y", "0in"), ("width", "10mm"), ("height", "10mm")):
+            dialog.type(f"Front peel-off area 1, {name}", text)
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Laminate", "Back Side")
+        dialog.open_panel("Card Handling")
+        dialog.choose("Front rotation", "180 Degrees")
+        dialog.press("Print")
+        self.assert_job(
+            self.job(),
+            frontRibbon="YMCF",
+            backRibbon="YMCK",
+            backResin="DefinedAreas",
+            backResinInclude1="Custom.1in 0.5in 2in 1in",
+            frontUV="WholeCard",
+            frontPO="DefinedAreas",
+            CustomfrontPeelOff1="Custom.0in 0in 10mm 10mm",
+            cardLaminate="Back",
+            frontRotation="Rotate180",
+        )
+
+    def test_an_area_that_is_still_being_typed_reaches_the_job(self):
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        for name, text in (("X", "1in"), ("Y", "1in"), ("width", "2.125in"), ("height", "1.0625in")):
+            dialog.type(f"Front include area 2, {name}", text)
+        dialog.press("Print")
+        self.assert_job(
+            self.job(),
+            frontResin="DefinedAreas",
+            frontResinInclude2="Custom.1in 1in 2.125in 1.0625in",
+        )
+
+    def test_saved_options_are_shown_and_printed(self):
+        saved = "cardLaminate=Back frontResin=DefinedAreas coating=Gloss"
+        area = 'frontResinInclude1="Custom.1in 1in 2in 2in"'
+        self.write(".cups/lpoptions", f"Dest card {saved} {area} frontRotation=Rotate180\n")
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        field = dialog.program.find("text", "Front include area 1, width")
+        self.assertEqual(user.text_of(field), "2in")
+        dialog.open_panel("Card Handling")
+        dialog.choose("Front rotation", "No Rotation")
+        dialog.open_panel("Thermal Laminate")
+        self.assertEqual(user.chosen(dialog.combo("Laminate")), "Back Side")
+        dialog.press("Print")
+        self.assert_job(
+            self.job(),
+            cardLaminate="Back",
+            frontResin="DefinedAreas",
+            frontResinInclude1="Custom.1in 1in 2in 2in",
+            frontRotation="None",
+        )
+
+    def test_a_second_print_starts_from_the_settings_of_the_first(self):
+        dialog = self.start_program("operation")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        dialog.type("Front include area 1, X", "1in")
+        dialog.type("Front include area 1, Y", "1in")
+        dialog.type("Front include area 1, width", "1in")
+        dialog.type("Front include area 1, height", "1in")
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Laminate", "Both Sides")
+        dialog.press("Print")
+        self.assert_job(
+            self.job(1),
+            cardLaminate="Both",
+            frontResin="DefinedAreas",
+            frontResinInclude1="Custom.1in 1in 1in 1in",
+        )
+        self.send("operation")
+        dialog.select_printer("card")
+        dialog.open_card()
+        field = dialog.program.find("text", "Front include area 1, height")
+        self.assertEqual(user.text_of(field), "1in")
+        dialog.choose("Front resin", "Black Text")
+        dialog.press("Print")
+        area = "Custom.1in 1in 1in 1in"
+        self.assert_job(self.job(2), cardLaminate="Both", frontResinInclude1=area)
+
+    def settings_after(self, button):
+        """What a program reads from the dialog when an area was typed and `button` pressed."""
+        dialog = self.start_program("dialog")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        for name in ("X", "Y", "width", "height"):
+            dialog.type(f"Front include area 3, {name}", "1in")
+        dialog.press(button)
+        self.send("quit")
+        _, out, errors = self.program.finish()
+        self.program = None
+        self.assertEqual(criticals(errors), [])
+        return out.splitlines()
+
+    def test_a_program_that_reads_the_settings_on_print_gets_all(self):
+        settings = self.settings_after("Print")
+        self.assertIn("cups-frontResin=DefinedAreas", settings)
+        self.assertIn("cups-frontResinInclude3=Custom.1in 1in 1in 1in", settings)
+
+    def test_a_program_that_reads_the_settings_on_preview_gets_all(self):
+        settings = self.settings_after("Preview")
+        self.assertIn("cups-frontResin=DefinedAreas", settings)
+        self.assertIn("cups-frontResinInclude3=Custom.1in 1in 1in 1in", settings)
+
+    def test_cancel_prints_nothing(self):
+        dialog = self.start_program("operation")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        dialog.type("Front include area 1, X", "1in")
+        dialog.press("Cancel")
+        self.send("operation")
+        dialog.select_printer("card")
+        dialog.open_card()
+        self.assertEqual(user.chosen(dialog.combo("Front resin")), "Black Text")
+        dialog.press("Print")
+        self.assert_job(self.job(1))
+
+
+class PrintersTestCase(PrintDialogTestCase):
+    def plain_job(self, module):
+        dialog = self.start_demo(module)
+        dialog.select_printer("plain")
+        dialog.open_tab("Advanced")
+        self.assertFalse(dialog.has_tab("Card"))
+        self.assertFalse(self.maps("libcardpanels-gtk3-page"))
+        self.assertEqual(self.maps("libcardpanels-gtk3-module"), module)
+        dialog.press("Print")
+        number = 2 if module else 1
+        job = self.job(number)
+        self.check_end()
+        return {key: value for key, value in job.items() if not OF_ONE_JOB.search(key)}
+
+    def test_an_ordinary_printer_has_no_page_and_gets_the_same_job(self):
+        without = self.plain_job(module=False)
+        self.assertEqual(self.plain_job(module=True), without)
+        self.assertEqual(without["Toner"], "Much")
+
+    def test_the_page_goes_and_comes_with_the_printer(self):
+        dialog = self.start_program("dialog")
+        for _ in range(2):
+            dialog.select_printer("card")
+            dialog.open_card()
+            user.wait_for(lambda: not dialog.has_tab("Advanced"), "Advanced stays")
+            dialog.open_tab("General")
+            dialog.select_printer("plain")
+            user.wait_for(lambda: not dialog.has_tab("Card"), "the page stays")
+            dialog.open_tab("Advanced")
+            self.assertEqual(user.chosen(dialog.combo("Toner:")), "Much")
+            dialog.open_tab("General")
+        dialog.select_printer("coated")
+        dialog.open_card()
+        dialog.open_tab("Advanced")
+        dialog.combo("Coating:")
+        self.assertIsNone(user.find_now(dialog.program.root, "combo box", "Thermal Laminate:"))
+
+
+class InstalledTestCase(PrintDialogTestCase):
+    def test_what_is_installed_works_from_the_settings_file(self):
+        prefix = os.path.join(self.desktop.home, "installed")
+        install = ["cmake", "--install", str(BUILD), "--prefix", prefix]
+        subprocess.run(install, check=True, capture_output=True)
+        settings = pathlib.Path(self.desktop.home, ".config", "gtk-3.0", "settings.ini")
+        with settings.open("a", encoding="utf-8") as file:
+            file.write(f"gtk-modules={prefix}/lib/libcardpanels-gtk3-module.so\n")
+        dialog = self.start_demo(module=False)
+        dialog.select_printer("card")
+        dialog.open_card()
+        for library in ("lib/libcardpanels-gtk3-page.so", "lib/cardpanels.bundle/cardpanels.so"):
+            self.assertTrue(self.maps(f"{prefix}/{library}"), library)
+        self.assertFalse(self.maps(f"{BUILD}/lib"))
+        dialog.choose("Front ribbon", "Metallic Silver")
+        dialog.press("Print")
+        self.assert_job(self.job(), frontRibbon="Silver")
+
+    def test_the_page_works_on_wayland(self):
+        display = self.enterContext(self.desktop.wayland())
+        dialog = self.start_demo(WAYLAND_DISPLAY=display, GDK_BACKEND="wayland")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        for name in ("X", "Y", "width", "height"):
+            dialog.type(f"Front include area 1, {name}", "1in")
+        dialog.press("Print")
+        area = "Custom.1in 1in 1in 1in"
+        self.assert_job(self.job(), frontResin="DefinedAreas", frontResinInclude1=area)
+
+
+class ModuleTestCase(unittest.TestCase):
+    @unittest.skipIf(SANITIZED, "the sanitizers bring libraries of their own")
+    def test_the_module_needs_nothing_that_a_gtk_program_has_not(self):
+        dynamic = subprocess.run(["readelf", "-d", MODULE], capture_output=True, text=True).stdout
+        needed = re.findall(r"NEEDED.*\[(.*)\]", dynamic)
+        self.assertIn("libgtk-3.so.0", needed)
+        allowed = r"libgtk-3|libgobject-2\.0|libgmodule-2\.0|libglib-2\.0|libc\."
+        self.assertEqual([each for each in needed if not re.match(allowed, each)], [])
+
+    def test_the_module_stays_when_a_setting_lets_it_go(self):
+        script = (
+            "import ctypes, sys; "
+            "glib = ctypes.CDLL('libgmodule-2.0.so.0'); "
+            "glib.g_module_open.restype = ctypes.c_void_p; "
+            "module = ctypes.c_void_p(glib.g_module_open(sys.argv[1].encode(), 0)); "
+            "glib.g_module_close(module); print('gtk3-module' in open('/proc/self/maps').read())"
+        )
+        command = ["/usr/bin/python3", "-c", script, str(MODULE)]
+        env = {**os.environ, "LSAN_OPTIONS": "exitcode=0"}
+        if SANITIZED:
+            env["LD_PRELOAD"] = sanitizer()
+        done = subprocess.run(command, env=env, capture_output=True, text=True)
+        self.assertEqual(done.stdout, "True\n", done.stderr)
+
+
+class ConflictsTestCase(PrintDialogTestCase):
+    def test_a_conflicting_change_on_the_advanced_page_is_resolved_and_told(self):
+        dialog = self.start_demo()
+        dialog.select_printer("coated")
+        dialog.open_card()
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Laminate", "Both Sides")
+        dialog.open_tab("Advanced")
+        dialog.choose("Coating:", "Glossy")
+        dialog.open_tab("Card")
+        self.assertEqual(
+            dialog.wait_for_text("was changed"),
+            "“Thermal Laminate” was changed from “Both Sides” to “No Laminate”, because “Coating” "
+            "is now “Glossy”.",
+        )
+        self.assertEqual(user.chosen(dialog.combo("Laminate")), "No Laminate")
+        sign = "Some of the settings in the dialog conflict"
+        self.assertIsNone(user.find_now(dialog.program.root, "label", sign))
+        dialog.press("Print")
+        self.assert_job(self.job(), coating="Gloss", cardLaminate="None")
+
+    def test_a_conflict_on_the_page_changes_the_advanced_page(self):
+        dialog = self.start_demo()
+        dialog.select_printer("coated")
+        dialog.open_card()
+        dialog.open_panel("Peel-Off")
+        dialog.choose("Front peel-off", "Chip")
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Laminate", "Both Sides")
+        dialog.wait_for_text("“Front Peel-Off” was changed from “Chip” to “No Peel-Off”")
+        dialog.press("Print")
+        self.assert_job(self.job(), cardLaminate="Both", frontPO="None")
+
+
+class TroubleTestCase(PrintDialogTestCase):
+    def slow_server(self):
+        door = SlowServer(self.server.address, self.desktop.home, "GET /printers/card.ppd")
+        self.addCleanup(door.release)
+        return door
+
+    def reading(self, *commands):
+        """A dialog whose page waits for the print server, and the server's door."""
+        door = self.slow_server()
+        # Not the server's own folder, where libcups would read the PPD without asking the server.
+        env = {"CUPS_SERVER": door.address, "CUPS_SERVERROOT": self.desktop.home}
+        dialog = self.start_program(*commands, **env)
+        cell = dialog.program.find("table cell", "card")
+        self.assertTrue(cell)
+        door.hold.set()
+        # GTK's own request comes first.
+        table = cell.get_parent().get_table_iface()
+        table.add_row_selection(table.get_row_at_index(cell.get_index_in_parent()))
+        user.wait_for(door.asked.is_set, "GTK asks for no PPD")
+        door.asked.clear()
+        door.pass_one()
+        user.wait_for(door.asked.is_set, "the page asks for no PPD")
+        dialog.open_tab("Card")
+        dialog.wait_for_text("Reading the printer's options…")
+        return dialog, door
+
+    def test_a_server_that_does_not_answer_leaves_the_dialog_usable(self):
+        dialog, door = self.reading("dialog")
+        dialog.open_tab("Advanced")
+        dialog.choose("Front Ribbon:", "Metallic Silver")
+        door.release()
+        dialog.open_card()
+        self.assertEqual(user.chosen(dialog.combo("Front ribbon")), "Metallic Silver")
+        self.assertFalse(dialog.has_tab("Advanced"))
+
+    def test_the_page_gives_up_on_a_silent_server(self):
+        dialog, _ = self.reading("dialog")
+        dialog.wait_for_text("queue card")
+        dialog.open_tab("Advanced")
+        dialog.combo("Front Ribbon:")
+
+    def test_the_dialog_is_destroyed_while_the_ppd_is_fetched(self):
+        _, door = self.reading("dialog")
+        self.send("destroy")
+        door.release()
+        self.send("dialog")
+        self.program.find("table cell", "plain")
+        self.send("quit")
+        user.wait_for(lambda: not self.program.runs(), "the program does not end")
+
+    def test_the_program_ends_while_the_ppd_is_fetched(self):
+        self.reading("dialog")
+        self.send("quit")
+        user.wait_for(lambda: not self.program.runs(), "the program does not end")
+
+    def test_a_server_that_stops_before_printing_harms_nobody(self):
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        self.server.stop()
+        dialog.press("Print")
+        user.wait_for(lambda: not dialog.has_tab("Card"), "the dialog stays")
+        self.assertTrue(self.program.runs())
+        self.assertIsNone(self.server.job(1))
+
+    def test_dialogs_hide_and_show_and_go_at_any_time(self):
+        dialog = self.start_program("dialog")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        dialog.type("Front include area 1, X", "1in")
+        self.send("hide")
+        user.wait_for(lambda: not dialog.has_tab("Card"), "the dialog stays")
+        self.send("show")
+        self.assertEqual(user.chosen(dialog.combo("Front resin")), "Defined Areas")
+        self.send("destroy")
+        user.wait_for(lambda: not dialog.has_tab("Card"), "the dialog stays")
+        self.send("dialog")
+        dialog.select_printer("card")
+        dialog.open_card()
+        self.assertEqual(user.chosen(dialog.combo("Front resin")), "Black Text")
+        self.send("quit")
+        user.wait_for(lambda: not self.program.runs(), "the program does not end")
+
+    def test_two_dialogs_at_once_keep_apart(self):
+        first = self.start_program("dialog")
+        first.select_printer("card")
+        first.open_card()
+        first.choose("Front resin", "Defined Areas")
+        second = self.second_dialog()
+        second.select_printer("card")
+        second.open_card()
+        self.assertEqual(user.chosen(second.combo("Front resin")), "Black Text")
+        second.choose("Front resin", "Bar Codes")
+        self.send("destroy")
+        user.wait_for(
+            lambda: user.find_now(self.program.root, "dialog", "Dialog 2") is None, "it stays"
+        )
+        self.assertEqual(user.chosen(first.combo("Front resin")), "Defined Areas")
+
+    def second_dialog(self):
+        self.send("dialog")
+        return PrintDialog(user.Part(self.program.find("dialog", "Dialog 2")))
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,150 @@
+"""A print server of a test's own, with all its files in a temporary folder.
+
+    with PrintServer() as server:
+        server.add_queue("card", "card.ppd")
+        ... a program with server.env prints ...
+        options = server.job(1)
+"""
+
+import os
+import pwd
+import shutil
+import signal
+import socket
+import struct
+import subprocess
+import tempfile
+import time
+
+LIMIT_SECONDS = 20
+CONFIGURATION = """\
+Listen {root}/cups.sock
+Browsing Off
+LogLevel debug
+WebInterface No
+DefaultAuthType None
+DirtyCleanInterval 0
+<Location />
+Order allow,deny
+Allow all
+</Location>
+<Policy default>
+JobPrivateValues none
+SubscriptionPrivateValues none
+<Limit All>
+Order allow,deny
+Allow all
+</Limit>
+</Policy>
+"""
+FILES = """\
+ServerRoot {root}
+RequestRoot {root}/spool
+CacheDir {root}/cache
+StateDir {root}/state
+TempDir {root}/tmp
+ErrorLog {root}/log/error_log
+AccessLog {root}/log/access_log
+PageLog {root}/log/page_log
+DataDir /usr/share/cups
+ServerBin /usr/lib/cups
+FileDevice Yes
+SystemGroup root
+"""
+
+
+class PrintServer:
+    """A real cupsd. Its queues keep their jobs: nothing is sent anywhere."""
+
+    def __init__(self):
+        self.root = None
+        self.address = None
+        self.env = {}
+        self._process = None
+
+    def __enter__(self):
+        self.root = tempfile.mkdtemp(prefix="cups-")
+        for name in ("log", "spool", "cache", "state", "tmp"):
+            os.mkdir(os.path.join(self.root, name))
+        os.chmod(self.root, 0o755)
+        files = FILES if os.getuid() == 0 else FILES + f"User {pwd.getpwuid(os.getuid()).pw_name}\n"
+        self._write("cupsd.conf", CONFIGURATION)
+        self._write("cups-files.conf", files)
+        self.address = os.path.join(self.root, "cups.sock")
+        self.env = {"CUPS_SERVER": self.address, "CUPS_SERVERROOT": self.root}
+        self.start()
+        return self
+
+    def __exit__(self, *_):
+        self.stop()
+        shutil.rmtree(self.root, ignore_errors=True)
+
+    def start(self):
+        """Starts cupsd and waits until it listens."""
+        command = ["/usr/sbin/cupsd", "-f", "-c", f"{self.root}/cupsd.conf"]
+        self._process = subprocess.Popen([*command, "-s", f"{self.root}/cups-files.conf"])
+        end = time.monotonic() + LIMIT_SECONDS
+        while not self._listens():
+            if self._process.poll() is not None or time.monotonic() > end:
+                raise RuntimeError("cupsd does not answer: " + self.log())
+            time.sleep(0.02)
+
+    def stop(self):
+        """Ends cupsd; queues and jobs stay."""
+        if self._process is None:
+            return
+        self._process.send_signal(signal.SIGTERM)
+        self._process.wait()
+        self._process = None
+
+    def add_queue(self, name, ppd):
+        """Adds a queue with the PPD file `ppd`; a raw one without."""
+        model = ["-P", str(ppd)] if ppd else ["-m", "raw"]
+        self._run("lpadmin", "-p", name, "-v", "file:/dev/null", *model)
+        self._run("cupsaccept", name)
+
+    def job(self, number):
+        """The attributes of a job as the server keeps them, None before there is one."""
+        path = os.path.join(self.root, "spool", f"c{number:05}")
+        try:
+            with open(path, "rb") as file:
+                return ipp_attributes(file.read())
+        except (FileNotFoundError, struct.error, IndexError):
+            return None
+
+    def log(self):
+        try:
+            with open(f"{self.root}/log/error_log", encoding="utf-8", errors="replace") as file:
+                return file.read()
+        except FileNotFoundError:
+            return ""
+
+    def _listens(self):
+        with socket.socket(socket.AF_UNIX) as client:
+            return client.connect_ex(self.address) == 0
+
+    def _write(self, name, text):
+        with open(os.path.join(self.root, name), "w", encoding="utf-8") as file:
+            file.write(text.format(root=self.root))
+
+    def _run(self, program, *arguments):
+        env = {**os.environ, **self.env, "PATH": "/usr/sbin:/usr/bin:/sbin:/bin"}
+        subprocess.run([program, *arguments], env=env, check=True, capture_output=True)
+
+
+def ipp_attributes(message):
+    """The attributes in an IPP message: texts by name; of several values the last."""
+    attributes, name, at = {}, None, 8
+    while message[at] != 3:  # the end
+        tag = message[at]
+        at += 1
+        if tag < 0x10:  # a group begins
+            continue
+        parts = []
+        for _ in range(2):
+            (length,) = struct.unpack_from(">H", message, at)
+            parts.append(message[at + 2 : at + 2 + length])
+            at += 2 + length
+        name = parts[0].decode() or name
+        attributes[name] = parts[1].decode("utf-8", errors="replace")
+    return attributes

@@ -1,0 +1,51 @@
+#!/usr/bin/python3
+"""print_dialog_screenshots.py [FOLDER]: takes the pictures print-dialog.png and
+print-dialog-conflict.png of GTK's print dialog with the page Card, and leaves them in FOLDER
+(build/screenshots). CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup
+installs."""
+
+import os
+import pathlib
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(ROOT / "tests" / "support"))
+import atspi_driver as user  # noqa: E402 (found by the path)
+from print_dialog import PrintDialog  # noqa: E402
+from print_server import PrintServer  # noqa: E402
+
+BUILD = pathlib.Path(os.environ.get("CARDPANELS_BUILD_DIR", ROOT / "build"))
+MODULE = BUILD / "lib" / "libcardpanels-gtk3-module.so"
+PPD = ROOT / "resources" / "ppd" / "card-duplex.ppd"
+
+
+def main(folder):
+    folder.mkdir(parents=True, exist_ok=True)
+    with PrintServer() as server, user.Desktop() as desktop:
+        server.add_queue("Badges", PPD)
+        command = ["gtk3-demo", "--run=printing"]
+        program = desktop.start(command, GTK_MODULES=str(MODULE), **server.env)
+        dialog = PrintDialog(program)
+        dialog.select_printer("Badges")
+        window = program.find("dialog")
+
+        def picture(name):
+            desktop.picture(str(folder / name), window)
+            print(folder / name)
+
+        dialog.open_card()
+        dialog.choose("Front resin", "Defined Areas")
+        for name, text in (("X", "0.5in"), ("Y", "0.25in"), ("width", "2in"), ("height", "1in")):
+            dialog.type(f"Front include area 1, {name}", text)
+        picture("print-dialog.png")
+        dialog.open_panel("Peel-Off")
+        dialog.choose("Front peel-off", "Chip")
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Laminate", "Both Sides")
+        dialog.wait_for_text("was changed")
+        picture("print-dialog-conflict.png")
+        dialog.press("Cancel")
+
+
+if __name__ == "__main__":
+    main(pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else BUILD / "screenshots"))
