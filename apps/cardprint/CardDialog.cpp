@@ -69,7 +69,7 @@ std::optional<std::string> CardDialog::choose() {
 
 std::optional<std::string> CardDialog::print() {
   try {
-    if (!storedSilently()) return std::nullopt;
+    if (!page_.hasOnlyGoodTexts() || !storedSilently()) return std::nullopt;
     auto output = job_.send();
     error_.clear();
     return output;

@@ -7,6 +7,7 @@
 #include <exception>
 #include <utility>
 
+#include "platform/TextField.h"
 #include "ports/gtk3/Translation.h"
 #include "ports/gtk3/WidgetView.h"
 
@@ -124,6 +125,10 @@ void CardPage::rowSelected(Gtk::ListBoxRow* row) {
   if (row == nullptr) return;
   Section* const selected = &sections_[static_cast<std::size_t>(row->get_index())];
   if (selected == current_) return;  // the list box repeats itself when it gets the focus
+  if (!hasOnlyGoodTexts()) {
+    sidebar_.select_row(*sidebar_.get_row_at_index(static_cast<int>(current_ - sections_.data())));
+    return;
+  }
   disappear();
   current_ = selected;
   if (get_mapped()) appear();
@@ -168,7 +173,24 @@ void CardPage::load(Section& section) {
   section.frame->show_all();
 }
 
-void CardPage::editEnded(const Section* section) { driver_.storeTyped(section->panel); }
+void CardPage::editEnded(const Section* section) {
+  if (wrongText(*section) == nullptr) driver_.storeTyped(section->panel);
+}
+
+const WidgetView* CardPage::wrongText(const Section& section) {
+  const auto* const view = dynamic_cast<const WidgetView*>(section.view.get());
+  return view == nullptr ? nullptr : view->firstWithWrongText();
+}
+
+bool CardPage::hasOnlyGoodTexts() {
+  const WidgetView* const wrong = current_ == nullptr ? nullptr : wrongText(*current_);
+  if (wrong == nullptr) return true;
+  const auto text = dynamic_cast<const platform::TextField&>(*wrong).stringValue();
+  tellError(Glib::ustring::compose(tr("“%1” is no measurement: “%2”"),
+                                   wrong->widget().get_accessible()->get_name(), text));
+  wrong->widget().grab_focus();
+  return false;
+}
 
 void CardPage::optionsChanged() {
   if (summaryReading_.connected()) return;

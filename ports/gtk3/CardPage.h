@@ -18,6 +18,8 @@
 
 namespace cardpanels::gtk3 {
 
+class WidgetView;
+
 /// The page "Card" of a print dialog: the panels by name in a sidebar, a summary of all, and a bar
 /// that tells the user of conflicts.
 ///
@@ -39,6 +41,10 @@ class CardPage : public Gtk::Box {
 
   /// The same for an error.
   void tellError(const std::string& message);
+
+  /// Whether all that the user has typed can be stored. If not, the first field where it cannot is
+  /// told and gets the focus. Such a text is not stored, and its panel not left for another.
+  bool hasOnlyGoodTexts();
 
  protected:
   void on_map() override;
@@ -64,6 +70,7 @@ class CardPage : public Gtk::Box {
   void disappear();
   void load(Section& section);
   void editEnded(const Section* section);
+  static const WidgetView* wrongText(const Section& section);
 
   PanelDriver& driver_;
   Gtk::InfoBar messageBar_;

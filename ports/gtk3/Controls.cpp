@@ -62,9 +62,13 @@ void EntryField::changed() {
   markUnlessMeasurement();
 }
 
-void EntryField::markUnlessMeasurement() {
+bool EntryField::holdsWrongText() const {
   const std::string text = stringValue();
-  const bool wrong = entry().get_editable() && !text.empty() && !isMeasurement(text);
+  return entry().get_editable() && !text.empty() && !isMeasurement(text);
+}
+
+void EntryField::markUnlessMeasurement() {
+  const bool wrong = holdsWrongText();
   const Glib::ustring help =
       wrong ? Glib::ustring(tr("This is no measurement. Type a number, and a unit if you like: "
                                "in, cm, mm, px, or \" for inches. Examples: 0.5in, 12mm."))

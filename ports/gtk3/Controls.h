@@ -73,6 +73,7 @@ class EntryField final : public Viewed<platform::TextField> {
 
   std::string stringValue() const override { return entry().get_text(); }
   void setStringValue(const platform::Text& text) override;
+  bool holdsWrongText() const override;
   std::string className() const override { return "TextField"; }
 
  private:

@@ -31,6 +31,12 @@ class WidgetView : public sigc::trackable {
   /// Whether the program is setting something right now, so that signals are not the user's.
   bool programSets() const { return programSets_ > 0; }
 
+  /// Whether the user has typed here what nothing can be made of.
+  virtual bool holdsWrongText() const { return false; }
+
+  /// The first view that does, this one or one inside it, in the file's order; null for none.
+  const WidgetView* firstWithWrongText() const;
+
   /// Takes `view`, whose widget stands inside this one's.
   void addSubview(const std::shared_ptr<platform::View>& view);
 

@@ -86,6 +86,47 @@ class DialogTestCase(unittest.TestCase):
         user.press(program.find("push button", "Cancel"))
         program.finish()
 
+    def test_a_text_that_is_no_measurement_is_told_kept_and_not_printed(self):
+        program = self.start(
+            "-o", "frontRibbon=YMCK", "-o", "frontResin=DefinedAreas", sample="card-single"
+        )
+        window = program.window()
+        for column, text in (("X", "1in"), ("Y", "a little"), ("width", "2in"), ("height", "1in")):
+            user.type_text(program.find("text", f"Front include area 1, {column}"), text)
+        field = program.find("text", "Front include area 1, Y")
+
+        user.press(program.find("push button", "Print"))
+        bar = program.find("info bar")
+        told = "“Front include area 1, Y” is no measurement: “a little”"
+        user.wait_for(
+            lambda: any(user.text_of(each) == told for each in user.descendants(bar)),
+            lambda: user.outline(bar),
+        )
+        self.assertEqual(user.text_of(field), "a little")
+
+        user.type_text(field, "0.5in")
+        user.press(program.find("push button", "Print"))
+        status, out, _ = program.finish()
+        self.assertEqual(status, 0)
+        self.assertIn("-o 'frontResinInclude1=\"Custom.1in 0.5in 2in 1in\"'", out)
+        self.assertFalse(user.is_showing(window))
+
+    def test_a_panel_with_a_text_that_is_no_measurement_is_not_left(self):
+        program = self.start(
+            "-o", "frontRibbon=YMCK", "-o", "frontResin=DefinedAreas", sample="card-single"
+        )
+        field = program.find("text", "Front include area 1, X")
+        user.type_text(field, "1inch")
+        sections = program.find("list box", "Card options")
+        sections.get_selection_iface().select_child(sections.get_child_count() - 1)
+        program.find("info bar")
+        self.assertEqual(user.text_of(field), "1inch")
+        user.type_text(field, "1in")
+        user.select_row(program.window(), "Summary")
+        program.find("label", "Defined Areas")
+        user.press(program.find("push button", "Cancel"))
+        program.finish()
+
 
 if __name__ == "__main__":
     unittest.main()
