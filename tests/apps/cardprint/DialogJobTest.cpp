@@ -128,7 +128,8 @@ class DialogJob : public testing::Test {
 
   void saveChosenAs(const std::string& name) {
     std::string options;
-    for (const auto& [key, value] : kChosen) options += key + "=\"" + value + "\" ";
+    for (const auto& [key, value] : kChosen)
+      options.append(key).append("=\"").append(value).append("\" ");
     server_.saveOptions(name, options);
   }
 

@@ -57,8 +57,10 @@ std::vector<Given> areaOptions() {
     for (const std::string kind : {"ResinInclude", "ResinExclude", "PeelOff", "NonPeelOff"}) {
       for (const std::string number : {"1", "2", "3"}) {
         const std::string prefix = kind.starts_with("Resin") ? "" : "Custom";
-        const std::string value = number + "in 0.50cm 12mm 3" + number + "px";
-        options.push_back({prefix + side + kind + number, value, "", true});
+        const std::string value =
+            std::string(number).append("in 0.50cm 12mm 3").append(number) + "px";
+        const std::string key = std::string(prefix).append(side).append(kind).append(number);
+        options.push_back({key, value, "", true});
       }
     }
   }
