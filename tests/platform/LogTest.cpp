@@ -52,8 +52,18 @@ TEST(Log, AFileDescriptorGetsEveryLine) {
 }
 
 TEST(Log, ALogThatCannotBeWrittenStopsNothing) {
-  fileDescriptorSink(-1)->writeLine("lost");
-  SUCCEED() << "came back";
+  FILE* const full = std::fopen("/dev/full", "w");
+  ASSERT_NE(full, nullptr);
+  const auto before = setLogSink(fileDescriptorSink(fileno(full)));
+  NSLogv("lost", {});
+  {
+    test::RecordedLog log;
+    NSLogv("kept", {});
+    EXPECT_EQ(log.lines(), std::vector<std::string>{"kept"});
+  }
+  NSLogv("lost", {});
+  setLogSink(before);
+  std::fclose(full);
 }
 
 TEST(Log, GoesToStandardErrorOnRequest) {
