@@ -1,4 +1,4 @@
-#include "apps/gtk3-module/DialogSession.h"
+#include "dialog/DialogSession.h"
 
 #include <utility>
 
@@ -6,7 +6,7 @@
 #include "host/Error.h"
 #include "host/Messages.h"
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::dialog {
 namespace {
 
 using host::_;
@@ -14,8 +14,6 @@ using host::Option;
 
 constexpr const char* kPageSize = "PageSize";
 constexpr const char* kCustomPrefix = "Custom.";
-// The dialog's value for leaving an option out of the job.
-constexpr const char* kLeftOut = "gtk-ignore-value";
 
 }  // namespace
 
@@ -61,9 +59,7 @@ void DialogSession::startPanels(host::PPDFile ppd) {
   job_ = std::make_unique<host::JobOptions>(std::move(ppd));
   std::vector<Option> values;
   for (const Option& each : dialog_.options()) {
-    if (job_->hasOption(each.key) && !each.value.empty() && each.value != kLeftOut) {
-      values.push_back(each);
-    }
+    if (job_->hasOption(each.key) && !each.value.empty()) values.push_back(each);
   }
   for (const std::string& leftOut : job_->markSaved(values)) note(leftOut);
   job_->markSaved({{kPageSize, dialog_.pageSize()}});
@@ -95,7 +91,7 @@ bool DialogSession::isTyped(const Option& option) const {
 }
 
 bool DialogSession::differs(const Option& option) const {
-  if (!job_->hasOption(option.key) || option.value == kLeftOut) return false;
+  if (!job_->hasOption(option.key)) return false;
   const auto left = leftAlone_.find(option.key);
   if (left != leftAlone_.end() && left->second == option.value) return false;
   return job_->marked(option.key) && !isMarked(option);
@@ -198,4 +194,4 @@ void DialogSession::note(const std::string& message) {
   notes_ += message;
 }
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::dialog

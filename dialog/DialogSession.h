@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "apps/gtk3-module/PrintDialog.h"
+#include "dialog/PrintDialog.h"
 #include "host/JobOptions.h"
 #include "host/PPDFile.h"
 #include "host/PanelHost.h"
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::dialog {
 
 /// What came of reading a queue: its PPD, or why there is none.
 struct QueueRead {
@@ -78,4 +78,4 @@ class DialogSession : private host::PanelObserver {
   std::optional<host::Option> insisted_;
 };
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::dialog

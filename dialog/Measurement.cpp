@@ -1,10 +1,10 @@
-#include "ports/gtk3/Measurement.h"
+#include "dialog/Measurement.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 
-namespace cardpanels::gtk3 {
+namespace cardpanels::dialog {
 namespace {
 
 constexpr std::array<std::string_view, 6> kUnits{"", "\"", "in", "cm", "mm", "px"};
@@ -40,4 +40,4 @@ bool isMeasurement(std::string_view text) {
                      [&](std::string_view each) { return equalIgnoringCase(unit, each); });
 }
 
-}  // namespace cardpanels::gtk3
+}  // namespace cardpanels::dialog

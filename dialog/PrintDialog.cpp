@@ -1,7 +1,7 @@
-#include "apps/gtk3-module/PrintDialog.h"
+#include "dialog/PrintDialog.h"
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::dialog {
 
 PrintDialog::~PrintDialog() = default;
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::dialog

@@ -7,7 +7,7 @@
 #include "host/JobOption.h"
 #include "host/PanelHost.h"
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::dialog {
 
 /// A print dialog of the system's toolkit, which shows the options of one printer at a time and has
 /// room for a page of ours. Option keys are the PPD's keywords.
@@ -19,7 +19,8 @@ class PrintDialog {
   virtual ~PrintDialog();
 
   /// The printer's options that the dialog has controls for, with the values that it would print
-  /// with. A custom value may stand there with or without `Custom.` in front.
+  /// with; without those that it would leave out of the job. A custom value may stand there with or
+  /// without `Custom.` in front.
   virtual std::vector<host::Option> options() const = 0;
 
   /// The PPD's keyword of the chosen page size; empty when there is none.
@@ -46,4 +47,4 @@ class PrintDialog {
   virtual void removePage() = 0;
 };
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::dialog

@@ -1,7 +1,6 @@
-#include "apps/gtk3-module/QueueReading.h"
+#include "dialog/QueueReading.h"
 
 #include <cups/cups.h>
-#include <glib.h>
 #include <pthread.h>
 
 #include <atomic>
@@ -17,7 +16,7 @@
 
 #include "host/Queue.h"
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::dialog {
 namespace {
 
 constexpr int kLimitSeconds = 10;
@@ -81,18 +80,13 @@ QueueRead read(const Reading& reading) {
 
 using Shared = std::shared_ptr<Reading>;
 
-gboolean deliver(gpointer data) {
-  Reading& reading = **static_cast<Shared*>(data);
+void deliver(Reading& reading) {
   if (!reading.abandoned) std::exchange(reading.done, nullptr)(std::move(reading.read));
-  return G_SOURCE_REMOVE;
 }
 
-void runThread(const Shared& reading) {
+void runThread(const Shared& reading, const Post& post) {
   reading->read = read(*reading);
-  if (!reading->abandoned) {
-    g_idle_add_full(G_PRIORITY_DEFAULT, deliver, new Shared(reading),
-                    [](gpointer data) { delete static_cast<Shared*>(data); });
-  }
+  if (!reading->abandoned) post([reading] { deliver(*reading); });
   Running::all().remove(*reading);
 }
 
@@ -112,10 +106,8 @@ class BlockedSignals {
   sigset_t before_{};
 };
 
-}  // namespace
-
-std::shared_ptr<void> readQueueOnThread(const std::string& queue,
-                                        std::function<void(QueueRead)> done) {
+std::shared_ptr<void> start(const std::string& queue, std::function<void(QueueRead)> done,
+                            const Post& post) {
   auto reading = std::make_shared<Reading>();
   reading->queue = queue;
   reading->server = cupsServer();
@@ -123,9 +115,17 @@ std::shared_ptr<void> readQueueOnThread(const std::string& queue,
   reading->done = std::move(done);
   Running::all().add(*reading);
   const BlockedSignals blocked;
-  std::thread(runThread, reading).detach();
+  std::thread(runThread, reading, post).detach();
   // Dropping the answer abandons the reading, which the thread still holds.
   return {reading.get(), [reading](Reading* each) { each->abandoned = true; }};
 }
 
-}  // namespace cardpanels::gtk3module
+}  // namespace
+
+ReadQueue readQueueOnThread(Post post) {
+  return [post = std::move(post)](const std::string& queue, std::function<void(QueueRead)> done) {
+    return start(queue, std::move(done), post);
+  };
+}
+
+}  // namespace cardpanels::dialog

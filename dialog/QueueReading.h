@@ -4,14 +4,17 @@
 #include <memory>
 #include <string>
 
-#include "apps/gtk3-module/DialogSession.h"
+#include "dialog/DialogSession.h"
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::dialog {
+
+/// Has `task` run later on the dialog's thread, or never when its main loop has ended. To be called
+/// on any thread.
+using Post = std::function<void(std::function<void()> task)>;
 
 /// A `ReadQueue` that waits for the print server on a thread of its own, ten seconds at most, and
-/// calls back from GLib's main loop. Threads that nobody waits for any more end soon; the program's
-/// end gives them a moment.
-std::shared_ptr<void> readQueueOnThread(const std::string& queue,
-                                        std::function<void(QueueRead)> done);
+/// calls back by `post`. Threads that nobody waits for any more end soon; the program's end gives
+/// them a moment.
+ReadQueue readQueueOnThread(Post post);
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::dialog

@@ -7,10 +7,9 @@
 #include "platform/PrintPanel.h"
 #include "platform/View.h"
 
-namespace cardpanels::gtk3 {
+namespace cardpanels::host {
 
-/// Who drives the panels that a `CardPage` shows: the program's host, with the operations under the
-/// names that it has there.
+/// What a page needs of whoever drives its panels.
 class PanelDriver {
  public:
   using Panel = std::shared_ptr<platform::PrintPanel>;
@@ -18,12 +17,13 @@ class PanelDriver {
   PanelDriver() = default;
   PanelDriver(const PanelDriver&) = delete;
   PanelDriver& operator=(const PanelDriver&) = delete;
-  virtual ~PanelDriver();
+  virtual ~PanelDriver() = default;
 
   /// The panels in the order to show them; always the same.
   virtual const std::vector<Panel>& panels() const = 0;
 
-  /// The panel's view. Throws a `std::exception` that tells why there is none.
+  /// The panel's view, loaded when it is not. Throws a `std::exception` that tells why there is
+  /// none.
   virtual std::shared_ptr<platform::View> view(const Panel& panel) = 0;
 
   /// The panel is about to appear.
@@ -35,8 +35,8 @@ class PanelDriver {
   /// The user has typed into the panel and left the field: what was typed shall be kept.
   virtual void storeTyped(const Panel& panel) = 0;
 
-  /// Option titles and the titles of what is chosen; empty for nothing.
+  /// Option titles and the titles of what is chosen, a new dictionary a call; empty for nothing.
   virtual std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const = 0;
 };
 
-}  // namespace cardpanels::gtk3
+}  // namespace cardpanels::host

@@ -8,6 +8,7 @@
 
 #include "host/HostCallback.h"
 #include "host/JobOptions.h"
+#include "host/PanelDriver.h"
 #include "platform/Bundle.h"
 #include "platform/Dictionary.h"
 #include "platform/PlugIn.h"
@@ -33,35 +34,24 @@ class PanelObserver {
 };
 
 /// Drives a plug-in's panels through their life over one job's options.
-class PanelHost {
+class PanelHost final : public PanelDriver {
  public:
-  using Panel = std::shared_ptr<platform::PrintPanel>;
-
   /// Loads the plug-in of the bundle in folder `path`, hands it `bundle`, makes the panels for
   /// `job`, which must outlive this, and lets them restore their values. Throws `Error` when the
   /// plug-in cannot be loaded. A printer without panels is no error.
   PanelHost(const std::string& path, std::shared_ptr<platform::Bundle> bundle, JobOptions& job);
-  ~PanelHost();
-  PanelHost(const PanelHost&) = delete;
-  PanelHost& operator=(const PanelHost&) = delete;
+  ~PanelHost() override;
 
   /// Who learns of changes, null for nobody. The observer stays the caller's.
   void setObserver(PanelObserver* observer) { observer_ = observer; }
 
-  /// The panels in the order to show them.
-  const std::vector<Panel>& panels() const { return panels_; }
-
-  /// The panel's view, loaded when it is not. Throws `Error` with the file and id that fail.
-  std::shared_ptr<platform::View> view(const Panel& panel);
-
-  /// The panel's page is about to appear.
-  void show(const Panel& panel);
-
-  /// The panel's page is about to go.
-  void hide(const Panel& panel);
-
-  /// Stores what the user has typed into the panel's fields.
-  void storeTyped(const Panel& panel);
+  const std::vector<Panel>& panels() const override { return panels_; }
+  /// Throws `Error` with the file and id that fail.
+  std::shared_ptr<platform::View> view(const Panel& panel) override;
+  void show(const Panel& panel) override;
+  void hide(const Panel& panel) override;
+  void storeTyped(const Panel& panel) override;
+  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override;
 
   /// The user pressed Print: panels that want to know of it are told, then all save their values.
   /// Throws `Error` as `view` does.
@@ -72,9 +62,6 @@ class PanelHost {
 
   /// The same for a change that the user wants whatever other options lose by it.
   ChangeResult insist(const std::string& key, const std::string& choice);
-
-  /// The panel's summary, a new dictionary a call.
-  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const;
 
   /// The keywords that panels claim; a dialog does not offer these options a second time.
   const std::set<std::string>& claimedKeys() const { return claimedKeys_; }

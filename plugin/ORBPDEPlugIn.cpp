@@ -2,13 +2,13 @@
 
 #include <cups/ppd.h>
 
-#include "panels/AreaStrings.h"
-#include "panels/CardHandlingPDE.h"
-#include "panels/PeelOffPDE.h"
-#include "panels/RibbonPanelsPDE.h"
-#include "panels/ThermalLaminatePDE.h"
-#include "panels/UltravioletPDE.h"
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
+#include "plugin/panels/AreaStrings.h"
+#include "plugin/panels/CardHandlingPDE.h"
+#include "plugin/panels/PeelOffPDE.h"
+#include "plugin/panels/RibbonPanelsPDE.h"
+#include "plugin/panels/ThermalLaminatePDE.h"
+#include "plugin/panels/UltravioletPDE.h"
 
 namespace cardpanels {
 

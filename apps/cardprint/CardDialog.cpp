@@ -26,7 +26,7 @@ std::string joined(const std::vector<std::string>& lines) {
 CardDialog::CardDialog(CardJob& job)
     : Gtk::Dialog(Glib::ustring::compose(tr("Print on %1"), job.printerName())),
       job_(job),
-      page_(*this) {
+      page_(job.panels()) {
   get_content_area()->set_border_width(0);
   get_content_area()->pack_start(page_, Gtk::PACK_EXPAND_WIDGET);
   get_content_area()->pack_start(*Gtk::make_managed<Gtk::Separator>(), Gtk::PACK_SHRINK);
@@ -41,14 +41,6 @@ CardDialog::CardDialog(CardJob& job)
 }
 
 CardDialog::~CardDialog() { job_.panels().setObserver(nullptr); }
-
-std::shared_ptr<platform::View> CardDialog::view(const Panel& panel) {
-  return job_.panels().view(panel);
-}
-
-std::shared_ptr<platform::Dictionary> CardDialog::summary(const Panel& panel) const {
-  return job_.panels().summary(panel);
-}
 
 void CardDialog::tell(const std::string& message, const std::optional<host::Option>& insisted) {
   told_ = message;

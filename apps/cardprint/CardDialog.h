@@ -14,7 +14,7 @@
 namespace cardpanels::cardprint {
 
 /// The panels of a job in a dialog with Cancel and Print. Needs GTK to be initialised.
-class CardDialog : public Gtk::Dialog, private gtk3::PanelDriver, private host::PanelObserver {
+class CardDialog : public Gtk::Dialog, private host::PanelObserver {
  public:
   /// A dialog for `job`, which must outlive it.
   explicit CardDialog(CardJob& job);
@@ -28,13 +28,6 @@ class CardDialog : public Gtk::Dialog, private gtk3::PanelDriver, private host::
   const std::string& error() const { return error_; }
 
  private:
-  const std::vector<Panel>& panels() const override { return job_.panels().panels(); }
-  std::shared_ptr<platform::View> view(const Panel& panel) override;
-  void show(const Panel& panel) override { job_.panels().show(panel); }
-  void hide(const Panel& panel) override { job_.panels().hide(panel); }
-  void storeTyped(const Panel& panel) override { job_.panels().storeTyped(panel); }
-  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override;
-
   void optionsChanged() override { page_.optionsChanged(); }
   void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
 

@@ -14,6 +14,8 @@ namespace {
 using host::Option;
 
 constexpr int kBorder = 18;
+// The value of an option that is left out of the job.
+constexpr const char* kLeftOut = "gtk-ignore-value";
 
 /// Options that GTK gives names of its own.
 constexpr std::array<std::pair<const char*, const char*>, 4> kOwnNames = {{
@@ -106,24 +108,6 @@ void hideEmptyGroups(GtkWidget* widget) {
 
 }  // namespace
 
-/// The host's panels for the page.
-class GtkPrintDialog::Panels final : public gtk3::PanelDriver {
- public:
-  explicit Panels(host::PanelHost& host) : host_(host) {}
-
-  const std::vector<Panel>& panels() const override { return host_.panels(); }
-  std::shared_ptr<platform::View> view(const Panel& panel) override { return host_.view(panel); }
-  void show(const Panel& panel) override { host_.show(panel); }
-  void hide(const Panel& panel) override { host_.hide(panel); }
-  void storeTyped(const Panel& panel) override { host_.storeTyped(panel); }
-  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override {
-    return host_.summary(panel);
-  }
-
- private:
-  host::PanelHost& host_;
-};
-
 class GtkPrintDialog::Control {
  public:
   Control(std::string key, GObject* option, GtkPrintDialog& dialog)
@@ -211,7 +195,10 @@ void GtkPrintDialog::denyConflict() {
 
 std::vector<Option> GtkPrintDialog::options() const {
   std::vector<Option> all;
-  for (const auto& each : controls_) all.push_back({each->key(), each->value()});
+  for (const auto& each : controls_) {
+    Option option{each->key(), each->value()};
+    if (option.value != kLeftOut) all.push_back(std::move(option));
+  }
   return all;
 }
 
@@ -230,7 +217,6 @@ void GtkPrintDialog::set(const Option& option) {
 
 GtkWidget* GtkPrintDialog::emptyPage() {
   cardPage_.reset();
-  panels_.reset();
   if (page_ == nullptr) {
     page_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, 0);
     g_signal_connect(page_, "destroy", G_CALLBACK(gtk_widget_destroyed), &page_);
@@ -252,8 +238,7 @@ void GtkPrintDialog::showText(const std::string& text) {
 
 void GtkPrintDialog::showPanels(host::PanelHost& panels) {
   gtk_container_set_border_width(GTK_CONTAINER(emptyPage()), 0);
-  panels_ = std::make_unique<Panels>(panels);
-  cardPage_ = std::make_unique<gtk3::CardPage>(*panels_);
+  cardPage_ = std::make_unique<gtk3::CardPage>(panels);
   gtk_box_pack_start(GTK_BOX(page_), GTK_WIDGET(cardPage_->gobj()), TRUE, TRUE, 0);
   cardPage_->show();
   hideControls(panels.claimedKeys());
@@ -277,7 +262,6 @@ void GtkPrintDialog::tell(const std::string& message, const std::function<void()
 
 void GtkPrintDialog::removePage() {
   cardPage_.reset();
-  panels_.reset();
   // Taking a tab away while a screen reader listens is a critical warning of GTK 3.
   if (page_ != nullptr) gtk_widget_hide(page_);
 }

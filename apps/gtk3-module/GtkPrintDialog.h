@@ -9,13 +9,13 @@
 #include <string>
 #include <vector>
 
-#include "apps/gtk3-module/PrintDialog.h"
+#include "dialog/PrintDialog.h"
 #include "ports/gtk3/CardPage.h"
 
 namespace cardpanels::gtk3module {
 
 /// GTK 3's print dialog.
-class GtkPrintDialog final : public PrintDialog {
+class GtkPrintDialog final : public dialog::PrintDialog {
  public:
   /// Over `dialog`, which must outlive this, or emit `destroy` no later than this is destroyed.
   explicit GtkPrintDialog(GtkPrintUnixDialog* dialog);
@@ -40,7 +40,6 @@ class GtkPrintDialog final : public PrintDialog {
   void removePage() override;
 
  private:
-  class Panels;
   /// One of the dialog's options.
   class Control;
 
@@ -55,7 +54,6 @@ class GtkPrintDialog final : public PrintDialog {
   GtkWidget* conflictSign_ = nullptr;
   GtkWidget* paperSizes_ = nullptr;
   GtkWidget* page_ = nullptr;  // the notebook's child
-  std::unique_ptr<Panels> panels_;
   std::unique_ptr<gtk3::CardPage> cardPage_;
   std::function<void()> changed_;
   std::function<bool()> conflictDenied_;

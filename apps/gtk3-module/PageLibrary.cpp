@@ -9,10 +9,11 @@
 #include <memory>
 #include <string>
 
-#include "apps/gtk3-module/DialogSession.h"
 #include "apps/gtk3-module/GtkPrintDialog.h"
-#include "apps/gtk3-module/QueueReading.h"
+#include "dialog/DialogSession.h"
+#include "dialog/QueueReading.h"
 #include "ports/gtk3/GtkBundle.h"
+#include "ports/gtk3/MainLoop.h"
 
 namespace cardpanels::gtk3module {
 namespace {
@@ -40,7 +41,8 @@ std::unique_ptr<host::PanelHost> makePanels(host::JobOptions& job) {
 class WatchedDialog {
  public:
   explicit WatchedDialog(GtkPrintUnixDialog* dialog)
-      : dialog_(dialog), session_(dialog_, readQueueOnThread, makePanels) {
+      : dialog_(dialog),
+        session_(dialog_, dialog::readQueueOnThread(gtk3::postToMainLoop), makePanels) {
     bundle();
     dialog_.setChanged([this] { session_.dialogChanged(); });
     dialog_.setConflictDenied([this] { return session_.knowsNoConflict(); });
@@ -55,7 +57,7 @@ class WatchedDialog {
 
  private:
   GtkPrintDialog dialog_;
-  DialogSession session_;
+  dialog::DialogSession session_;
 };
 
 class WatchedDialogs {

@@ -1,10 +1,10 @@
-#include "ppd/PDEChoice.h"
+#include "plugin/choices/PDEChoice.h"
 
 #include <array>
 #include <cstring>
 
 #include "platform/Format.h"
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
 
 namespace cardpanels {
 namespace {

@@ -1,4 +1,4 @@
-#include "ppd/Utility.h"
+#include "plugin/choices/Utility.h"
 
 #include <algorithm>
 

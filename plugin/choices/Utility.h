@@ -6,7 +6,7 @@
 
 #include "platform/PopUpButton.h"
 #include "platform/Text.h"
-#include "ppd/PDEChoice.h"
+#include "plugin/choices/PDEChoice.h"
 
 namespace cardpanels {
 

@@ -1,4 +1,4 @@
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
 
 #include <strings.h>
 

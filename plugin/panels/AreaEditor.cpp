@@ -1,6 +1,6 @@
-#include "panels/AreaEditor.h"
+#include "plugin/panels/AreaEditor.h"
 
-#include "panels/AreaStrings.h"
+#include "plugin/panels/AreaStrings.h"
 
 namespace cardpanels::areas {
 namespace {

@@ -7,12 +7,12 @@
 #include <memory>
 #include <string_view>
 
-#include "panels/OptionSlots.h"
 #include "platform/ConstraintHandling.h"
 #include "platform/NibOwner.h"
 #include "platform/Text.h"
 #include "platform/TextField.h"
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
+#include "plugin/panels/OptionSlots.h"
 
 namespace cardpanels {
 

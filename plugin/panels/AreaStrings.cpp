@@ -1,4 +1,4 @@
-#include "panels/AreaStrings.h"
+#include "plugin/panels/AreaStrings.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -7,7 +7,7 @@
 #include <optional>
 #include <string_view>
 
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
 
 namespace cardpanels {
 namespace {

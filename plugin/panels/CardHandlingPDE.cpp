@@ -1,6 +1,6 @@
-#include "panels/CardHandlingPDE.h"
+#include "plugin/panels/CardHandlingPDE.h"
 
-#include "panels/PanelContract.h"
+#include "plugin/panels/PanelContract.h"
 
 namespace cardpanels {
 

@@ -8,13 +8,13 @@
 #include <span>
 #include <string>
 
-#include "panels/OptionSlots.h"
 #include "platform/Bundle.h"
 #include "platform/CallbackObject.h"
 #include "platform/NibOwner.h"
 #include "platform/PopUpButton.h"
 #include "platform/PrintPanel.h"
-#include "ppd/PDEChoice.h"
+#include "plugin/choices/PDEChoice.h"
+#include "plugin/panels/OptionSlots.h"
 
 namespace cardpanels {
 

@@ -16,9 +16,9 @@
 #include "platform/NibOwner.h"
 #include "platform/PopUpButton.h"
 #include "platform/TextField.h"
-#include "plugin/PDELogging.h"
-#include "ppd/PDEChoice.h"
-#include "ppd/Utility.h"
+#include "plugin/choices/PDEChoice.h"
+#include "plugin/choices/Utility.h"
+#include "plugin/log/PDELogging.h"
 
 namespace cardpanels {
 

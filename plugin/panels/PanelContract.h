@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "panels/OptionSlots.h"
 #include "platform/Array.h"
 #include "platform/Bundle.h"
 #include "platform/CallbackObject.h"
@@ -13,7 +12,8 @@
 #include "platform/Dictionary.h"
 #include "platform/Text.h"
 #include "platform/View.h"
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
+#include "plugin/panels/OptionSlots.h"
 
 /// What every panel does alike, over the fields that every panel has under the same names. A panel
 /// calls these where it does just that, and writes its own steps in the open where it does not.

@@ -1,5 +1,5 @@
 // The areas of the panel: their slots, and the area editor's operations with this panel's texts.
-#include "panels/PeelOffPDE.h"
+#include "plugin/panels/PeelOffPDE.h"
 
 namespace cardpanels {
 

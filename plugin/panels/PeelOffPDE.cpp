@@ -1,6 +1,6 @@
-#include "panels/PeelOffPDE.h"
+#include "plugin/panels/PeelOffPDE.h"
 
-#include "panels/PanelContract.h"
+#include "plugin/panels/PanelContract.h"
 
 namespace cardpanels {
 

@@ -1,5 +1,5 @@
 // The areas of the panel: their slots, and the area editor's operations with this panel's texts.
-#include "panels/RibbonPanelsPDE.h"
+#include "plugin/panels/RibbonPanelsPDE.h"
 
 namespace cardpanels {
 

@@ -1,6 +1,6 @@
-#include "panels/RibbonPanelsPDE.h"
+#include "plugin/panels/RibbonPanelsPDE.h"
 
-#include "panels/PanelContract.h"
+#include "plugin/panels/PanelContract.h"
 
 namespace cardpanels {
 

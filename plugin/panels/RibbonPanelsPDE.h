@@ -8,8 +8,6 @@
 #include <span>
 #include <string>
 
-#include "panels/AreaEditor.h"
-#include "panels/OptionSlots.h"
 #include "platform/Bundle.h"
 #include "platform/CallbackObject.h"
 #include "platform/NibOwner.h"
@@ -18,7 +16,9 @@
 #include "platform/TabView.h"
 #include "platform/TextField.h"
 #include "platform/WillPrint.h"
-#include "ppd/PDEChoice.h"
+#include "plugin/choices/PDEChoice.h"
+#include "plugin/panels/AreaEditor.h"
+#include "plugin/panels/OptionSlots.h"
 
 namespace cardpanels {
 

@@ -1,6 +1,6 @@
-#include "panels/ThermalLaminatePDE.h"
+#include "plugin/panels/ThermalLaminatePDE.h"
 
-#include "panels/PanelContract.h"
+#include "plugin/panels/PanelContract.h"
 
 namespace cardpanels {
 

@@ -1,6 +1,6 @@
-#include "panels/UltravioletPDE.h"
+#include "plugin/panels/UltravioletPDE.h"
 
-#include "panels/PanelContract.h"
+#include "plugin/panels/PanelContract.h"
 
 namespace cardpanels {
 

@@ -31,9 +31,8 @@ Gtk::Label* newText(const Glib::ustring& text) {
 
 }  // namespace
 
-PanelDriver::~PanelDriver() = default;
-
-CardPage::CardPage(PanelDriver& driver) : Gtk::Box(Gtk::ORIENTATION_VERTICAL), driver_(driver) {
+CardPage::CardPage(host::PanelDriver& driver)
+    : Gtk::Box(Gtk::ORIENTATION_VERTICAL), driver_(driver) {
   addMessageBar();
   if (driver_.panels().empty()) {
     addNothingToChoose();
@@ -105,7 +104,7 @@ void CardPage::addSections() {
   sidebar_.select_row(*sidebar_.get_row_at_index(0));
 }
 
-void CardPage::addSection(const std::string& name, const PanelDriver::Panel& panel) {
+void CardPage::addSection(const std::string& name, const host::PanelDriver::Panel& panel) {
   auto* const label = Gtk::make_managed<Gtk::Label>(name);
   label->set_xalign(0);
   label->property_margin() = kRowPadding;

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "ports/gtk3/PanelDriver.h"
+#include "host/PanelDriver.h"
 #include "ports/gtk3/SummaryGrid.h"
 
 namespace cardpanels::gtk3 {
@@ -28,7 +28,7 @@ class WidgetView;
 class CardPage : public Gtk::Box {
  public:
   /// A page on `driver`'s panels. The driver must outlive it.
-  explicit CardPage(PanelDriver& driver);
+  explicit CardPage(host::PanelDriver& driver);
   ~CardPage() override;
 
   /// To be called when options have changed: the summary is read again once this is done, since a
@@ -53,7 +53,7 @@ class CardPage : public Gtk::Box {
  private:
   /// One row of the sidebar, and what it shows.
   struct Section {
-    PanelDriver::Panel panel;  // empty for the summary
+    host::PanelDriver::Panel panel;  // empty for the summary
     Gtk::ScrolledWindow* frame;
     std::shared_ptr<platform::View> view;
   };
@@ -64,7 +64,7 @@ class CardPage : public Gtk::Box {
   void showMessage(const std::string& message, Gtk::MessageType type);
   void addNothingToChoose();
   void addSections();
-  void addSection(const std::string& name, const PanelDriver::Panel& panel);
+  void addSection(const std::string& name, const host::PanelDriver::Panel& panel);
   void rowSelected(Gtk::ListBoxRow* row);
   void appear();
   void disappear();
@@ -72,7 +72,7 @@ class CardPage : public Gtk::Box {
   void editEnded(const Section* section);
   static const WidgetView* wrongText(const Section& section);
 
-  PanelDriver& driver_;
+  host::PanelDriver& driver_;
   Gtk::InfoBar messageBar_;
   Gtk::Label messageLabel_;
   Gtk::Button* insistButton_ = nullptr;  // in the bar

@@ -5,7 +5,7 @@
 #include <gtkmm/notebook.h>
 #include <gtkmm/stack.h>
 
-#include "ports/gtk3/Measurement.h"
+#include "dialog/Measurement.h"
 #include "ports/gtk3/Translation.h"
 
 namespace cardpanels::gtk3 {
@@ -64,7 +64,7 @@ void EntryField::changed() {
 
 bool EntryField::holdsWrongText() const {
   const std::string text = stringValue();
-  return entry().get_editable() && !text.empty() && !isMeasurement(text);
+  return entry().get_editable() && !text.empty() && !dialog::isMeasurement(text);
 }
 
 void EntryField::markUnlessMeasurement() {

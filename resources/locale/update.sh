@@ -24,7 +24,7 @@ sed -n '/^#/d; s/[\\"]/\\&/g; s/^[^=]*=[[:blank:]]*\(.*[^[:blank:]]\)[[:blank:]]
   "$strings" >"$temporary/$strings"
 collect --directory="$temporary" --language=C --keyword=_ "$strings"
 
-find host ports/gtk3 apps -name '*.cpp' -o -name '*.h' | sort >"$temporary/sources"
+find host dialog ports/gtk3 apps -name '*.cpp' -o -name '*.h' | sort >"$temporary/sources"
 collect --language=C++ --keyword=_ --keyword=tr --files-from="$temporary/sources"
 
 find resources/ui -name '*.ui' | sort >"$temporary/views"

@@ -3,13 +3,13 @@
 
 #include <algorithm>
 
-#include "apps/gtk3-module/CardKeys.h"
-#include "apps/gtk3-module/DialogSession.h"
+#include "dialog/CardKeys.h"
+#include "dialog/DialogSession.h"
 #include "ports/headless/HeadlessBundle.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::dialog {
 namespace {
 
 using host::Option;
@@ -193,11 +193,10 @@ TEST_F(Sessions, AChoiceThatTheDialogDoesNotOfferIsSetBackAndTold) {
 }
 
 TEST_F(Sessions, ValuesThatAreNoChoicesAreLeftAloneUnlessAPanelClaimsThem) {
-  open({{"cardLaminate", "Gold"}, {"coating", "typed"}, {"frontRotation", "gtk-ignore-value"}});
+  open({{"cardLaminate", "Gold"}, {"coating", "typed"}});
   EXPECT_EQ(dialog.value("cardLaminate"), "None");
   EXPECT_THAT(dialog.told, HasSubstr("cardLaminate=Gold"));
   EXPECT_EQ(dialog.value("coating"), "typed");
-  EXPECT_EQ(dialog.value("frontRotation"), "gtk-ignore-value");
   dialog.choose("coating", "typed more");
   session.dialogChanged();
   EXPECT_EQ(dialog.value("coating"), "typed more");
@@ -235,4 +234,4 @@ TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
 }
 
 }  // namespace
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::dialog

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "ports/gtk3/Measurement.h"
+#include "dialog/Measurement.h"
 
-namespace cardpanels::gtk3 {
+namespace cardpanels::dialog {
 namespace {
 
 TEST(Measurement, TakesDecimalNumbers) {
@@ -31,4 +31,4 @@ TEST(Measurement, TakesNothingElse) {
 }
 
 }  // namespace
-}  // namespace cardpanels::gtk3
+}  // namespace cardpanels::dialog

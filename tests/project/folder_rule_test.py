@@ -18,12 +18,13 @@ class ThisCheckout(unittest.TestCase):
 
     def test_has_files_in_the_rooms_that_the_rule_names(self):
         rooms = {folder_rule.room_of(each) for each in sources.cpp_files(ROOT)} - {None}
-        for name in ("platform", "plugin/PDELogging", "plugin/ORBPDEPlugIn", "ppd", "panels", "host"):
+        for name in [row.name for row in folder_rule.TABLE]:
             self.assertIn(name, {room.name for room in rooms})
 
     def test_has_includes_that_the_checker_reads(self):
-        text = (ROOT / "panels" / "ThermalLaminatePDE.cpp").read_text()
-        self.assertIn("panels/ThermalLaminatePDE.h", [name for _, _, name in sources.includes(text)])
+        text = (ROOT / "plugin" / "panels" / "ThermalLaminatePDE.cpp").read_text()
+        includes = [name for _, _, name in sources.includes(text)]
+        self.assertIn("plugin/panels/ThermalLaminatePDE.h", includes)
 
 
 class TheChecker(unittest.TestCase):
@@ -50,39 +51,45 @@ class TheChecker(unittest.TestCase):
             ("platform/Text.h", "<string>"),
             ("platform/Text.cpp", "<unistd.h>"),
             ("platform/PPD.h", "<cups/ppd.h>"),
-            ("plugin/PDELogging.h", '"platform/Format.h"'),
-            ("plugin/ORBPDEPlugIn.cpp", '"panels/ThermalLaminatePDE.h"'),
-            ("ppd/Utility.cpp", '"plugin/PDELogging.h"'),
-            ("panels/ThermalLaminatePDE.h", '"ppd/PDEChoice.h"'),
-            ("panels/ThermalLaminatePDE.h", '"panels/OptionSlots.h"'),
+            ("plugin/log/PDELogging.h", '"platform/Format.h"'),
+            ("plugin/ORBPDEPlugIn.cpp", '"plugin/panels/ThermalLaminatePDE.h"'),
+            ("plugin/choices/Utility.cpp", '"plugin/log/PDELogging.h"'),
+            ("plugin/panels/ThermalLaminatePDE.h", '"plugin/choices/PDEChoice.h"'),
+            ("plugin/panels/ThermalLaminatePDE.h", '"plugin/panels/OptionSlots.h"'),
             ("host/Queue.h", "<cups/cups.h>"),
             ("ports/headless/Bundle.cpp", "<pugixml.hpp>"),
             ("ports/gtk3/View.h", "<gtkmm/widget.h>"),
+            ("ports/gtk3/View.h", '"dialog/Measurement.h"'),
+            ("dialog/DialogSession.h", '"host/Queue.h"'),
             ("apps/cardprint/main.cpp", '"ports/gtk3/View.h"'),
-            ("tests/panels/PanelTest.cpp", '"host/Queue.h"'),
+            ("tests/plugin/panels/PanelTest.cpp", '"host/Queue.h"'),
         ):
             with self.subTest(path=path, included=included):
                 self.assertEqual(self.including(path, included), [])
 
     def test_sees_what_the_table_does_not_allow(self):
         for path, included in (
-            ("platform/Text.h", '"ppd/PDEChoice.h"'),
+            ("platform/Text.h", '"plugin/choices/PDEChoice.h"'),
             ("platform/Text.h", "<cups/cups.h>"),
             ("platform/Text.h", "<gtkmm.h>"),
-            ("plugin/PDELogging.cpp", '"plugin/ORBPDEPlugIn.h"'),
-            ("plugin/PDELogging.cpp", '"panels/ThermalLaminatePDE.h"'),
-            ("ppd/Utility.cpp", '"plugin/ORBPDEPlugIn.h"'),
-            ("ppd/Utility.cpp", '"panels/ThermalLaminatePDE.h"'),
-            ("panels/ThermalLaminatePDE.h", '"host/Queue.h"'),
-            ("panels/ThermalLaminatePDE.h", '"ports/gtk3/View.h"'),
-            ("panels/ThermalLaminatePDE.h", "<glib.h>"),
-            ("host/Queue.h", '"panels/OptionSlots.h"'),
+            ("plugin/log/PDELogging.cpp", '"plugin/ORBPDEPlugIn.h"'),
+            ("plugin/log/PDELogging.cpp", '"plugin/panels/ThermalLaminatePDE.h"'),
+            ("host/PanelHost.h", '"dialog/DialogSession.h"'),
+            ("dialog/DialogSession.h", '"ports/gtk3/View.h"'),
+            ("dialog/DialogSession.h", "<glib.h>"),
+            ("ports/gtk3/View.h", '"host/Queue.h"'),
+            ("plugin/choices/Utility.cpp", '"plugin/ORBPDEPlugIn.h"'),
+            ("plugin/choices/Utility.cpp", '"plugin/panels/ThermalLaminatePDE.h"'),
+            ("plugin/panels/ThermalLaminatePDE.h", '"host/Queue.h"'),
+            ("plugin/panels/ThermalLaminatePDE.h", '"ports/gtk3/View.h"'),
+            ("plugin/panels/ThermalLaminatePDE.h", "<glib.h>"),
+            ("host/Queue.h", '"plugin/panels/OptionSlots.h"'),
             ("host/Queue.h", "<gtk/gtk.h>"),
             ("ports/headless/Bundle.cpp", '"host/Queue.h"'),
             ("ports/headless/Bundle.cpp", '"ports/gtk3/View.h"'),
             ("ports/gtk3/View.h", '"ports/headless/Bundle.h"'),
             ("apps/cardprint/main.cpp", '"ports/headless/Bundle.h"'),
-            ("apps/cardprint/main.cpp", '"panels/OptionSlots.h"'),
+            ("apps/cardprint/main.cpp", '"plugin/panels/OptionSlots.h"'),
             ("apps/pde-drive/main.cpp", "<gtkmm/widget.h>"),
         ):
             with self.subTest(path=path, included=included):
@@ -92,17 +99,19 @@ class TheChecker(unittest.TestCase):
                 self.assertIn(included, found[0])
 
     def test_sees_an_include_that_is_not_written_from_the_root(self):
-        found = self.including("ppd/Utility.cpp", '"PDEChoice.h"', "ppd/PDEChoice.h")
+        found = self.including("plugin/choices/Utility.cpp", '"PDEChoice.h"', "plugin/choices/PDEChoice.h")
         self.assertEqual(
             found,
             ['PDEChoice.h:1: stands in no folder that the rule knows',
-             'ppd/Utility.cpp:2: ppd may not include "PDEChoice.h"'],
+             'plugin/choices/Utility.cpp:2: plugin/choices may not include "PDEChoice.h"'],
         )
 
     def test_sees_an_include_of_nothing(self):
-        found = self.problems({"ppd/Utility.cpp": '#include "ppd/Absent.h"\n'})
+        found = self.problems({"plugin/choices/Utility.cpp": '#include "host/Absent.h"\n'})
         self.assertEqual(
-            found, ['ppd/Utility.cpp:1: "ppd/Absent.h" is no file from the root of the checkout']
+            found,
+            ['plugin/choices/Utility.cpp:1: "host/Absent.h" is no file from the root of the '
+             'checkout'],
         )
 
     def test_sees_a_folder_that_the_table_lacks(self):
@@ -119,12 +128,12 @@ class TheChecker(unittest.TestCase):
 
     def test_sees_headers_that_include_each_other(self):
         found = self.problems(
-            {"ppd/A.h": '#include "ppd/B.h"\n', "ppd/B.h": '\n#include "ppd/A.h"\n'}
+            {"host/A.h": '#include "host/B.h"\n', "host/B.h": '\n#include "host/A.h"\n'}
         )
         self.assertEqual(
             found,
-            ['ppd/A.h:1: "ppd/B.h" includes ppd/A.h again',
-             'ppd/B.h:2: "ppd/A.h" includes ppd/B.h again'],
+            ['host/A.h:1: "host/B.h" includes host/A.h again',
+             'host/B.h:2: "host/A.h" includes host/B.h again'],
         )
 
     def test_sees_a_table_that_would_allow_a_circle_of_folders(self):

@@ -35,37 +35,37 @@ SYSTEM = set(
 
 @dataclasses.dataclass(frozen=True)
 class Room:
+    """A folder, and the rooms and libraries that it may include."""
+
     name: str
     rooms: tuple = ()
     libraries: tuple = ()
 
 
-TRACE = "plugin/PDELogging"
-FACTORY = "plugin/ORBPDEPlugIn"
 PPD = "cups/ppd.h"
 
-# From the ground up. A room is a folder, or the files of one name in a folder.
+# From the ground up. A file belongs to the innermost of these folders that it stands in.
 TABLE = (
     Room("platform", (), (PPD, "systemd")),
-    Room(TRACE, ("platform",), (PPD,)),
-    Room("ppd", ("platform", TRACE), (PPD,)),
-    Room("panels", ("platform", TRACE, "ppd"), (PPD,)),
-    Room(FACTORY, ("platform", TRACE, "ppd", "panels"), (PPD,)),
+    Room("plugin/log", ("platform",), (PPD,)),
+    Room("plugin/choices", ("platform", "plugin/log"), (PPD,)),
+    Room("plugin/panels", ("platform", "plugin/log", "plugin/choices"), (PPD,)),
+    Room("plugin", ("platform", "plugin/log", "plugin/choices", "plugin/panels"), (PPD,)),
     Room("host", ("platform",), ("cups",)),
-    Room("ports/headless", ("platform",), (PPD, "pugixml")),
-    Room("ports/gtk3", ("platform",), (PPD, "gtk")),
-    Room("apps/pde-drive", ("platform", "host", "ports/headless"), ("cups",)),
-    Room("apps/cardprint", ("platform", "host", "ports/gtk3"), ("cups", "gtk")),
-    Room("apps/gtk3-module", ("platform", "host", "ports/gtk3"), ("cups", "gtk")),
+    Room("dialog", ("platform", "host"), ("cups",)),
+    Room("ports/headless", ("platform", "dialog"), (PPD, "pugixml")),
+    Room("ports/gtk3", ("platform", "dialog"), (PPD, "gtk")),
+    Room("apps/pde-drive", ("platform", "host", "dialog", "ports/headless"), ("cups",)),
+    Room("apps/cardprint", ("platform", "host", "dialog", "ports/gtk3"), ("cups", "gtk")),
+    Room("apps/gtk3-module", ("platform", "host", "dialog", "ports/gtk3"), ("cups", "gtk")),
 )
 # These may include everything.
 FREE = ("tests", "bench", "fuzz")
 
 
 def room_of(path, table=TABLE):
-    """The row that a file belongs to: the longest that fits, None without one."""
-    stem = path.split(".")[0] if path.startswith("plugin/") else path
-    fitting = [row for row in table if stem == row.name or path.startswith(row.name + "/")]
+    """The row that a file belongs to, None without one."""
+    fitting = [row for row in table if path.startswith(row.name + "/")]
     return max(fitting, key=lambda row: len(row.name), default=None)
 
 

@@ -9,10 +9,10 @@
 #include <stdexcept>
 #include <string>
 
-#include "apps/gtk3-module/DialogSession.h"
 #include "apps/gtk3-module/GtkPrintDialog.h"
 #include "bench/support/Display.h"
 #include "bench/support/Ratios.h"
+#include "dialog/DialogSession.h"
 #include "ports/gtk3/GtkBundle.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/TemporaryFolder.h"
@@ -94,10 +94,10 @@ BENCHMARK(dialogBuildsItsControls)->UseManualTime();
 /// From there to the page being ready, without the fetch.
 void pageGetsReady(benchmark::State& state) {
   gtk3module::GtkPrintDialog controls(dialog().get());
-  std::function<void(gtk3module::QueueRead)> done;
-  gtk3module::DialogSession session(
+  std::function<void(dialog::QueueRead)> done;
+  dialog::DialogSession session(
       controls,
-      [&done](const std::string&, std::function<void(gtk3module::QueueRead)> then) {
+      [&done](const std::string&, std::function<void(dialog::QueueRead)> then) {
         done = std::move(then);
         return std::make_shared<int>();
       },

@@ -8,8 +8,8 @@
 
 #include "bench/support/Ratios.h"
 #include "platform/Log.h"
+#include "plugin/choices/Utility.h"
 #include "ports/headless/Controls.h"
-#include "ppd/Utility.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "bench/support/Ratios.h"
 #include "platform/Log.h"
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
 
 namespace {
 

@@ -13,8 +13,8 @@
 #include "host/HostCallback.h"
 #include "host/JobOptions.h"
 #include "host/PPDFile.h"
-#include "panels/PeelOffPDE.h"
 #include "platform/Log.h"
+#include "plugin/panels/PeelOffPDE.h"
 #include "ports/headless/HeadlessBundle.h"
 
 namespace {

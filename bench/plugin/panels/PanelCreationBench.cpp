@@ -9,8 +9,8 @@
 #include "host/JobOptions.h"
 #include "host/PPDFile.h"
 #include "host/PlugInLibrary.h"
-#include "panels/ThermalLaminatePDE.h"
 #include "platform/Log.h"
+#include "plugin/panels/ThermalLaminatePDE.h"
 #include "ports/headless/HeadlessBundle.h"
 
 namespace {

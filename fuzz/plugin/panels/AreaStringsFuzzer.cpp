@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "fuzz/Require.h"
-#include "panels/AreaStrings.h"
 #include "platform/Log.h"
+#include "plugin/panels/AreaStrings.h"
 
 namespace {
 

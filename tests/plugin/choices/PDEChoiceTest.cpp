@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/Format.h"
-#include "ppd/PDEChoice.h"
-#include "tests/ppd/OptionRecord.h"
+#include "plugin/choices/PDEChoice.h"
+#include "tests/plugin/choices/OptionRecord.h"
 #include "tests/support/RecordedLog.h"
 
 namespace cardpanels {

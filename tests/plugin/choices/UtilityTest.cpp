@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "plugin/choices/Utility.h"
 #include "ports/headless/Controls.h"
-#include "ppd/Utility.h"
-#include "tests/ppd/OptionRecord.h"
+#include "tests/plugin/choices/OptionRecord.h"
 
 namespace cardpanels {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "plugin/PDELogging.h"
+#include "plugin/log/PDELogging.h"
 #include "tests/support/RecordedLog.h"
 
 namespace cardpanels {

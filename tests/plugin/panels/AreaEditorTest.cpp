@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/panels/PeelOffSupport.h"
-#include "tests/panels/SavePass.h"
-#include "tests/panels/Trace.h"
+#include "tests/plugin/panels/PeelOffSupport.h"
+#include "tests/plugin/panels/SavePass.h"
+#include "tests/plugin/panels/Trace.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TestPPD.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "panels/AreaStrings.h"
+#include "plugin/panels/AreaStrings.h"
 #include "tests/support/RecordedLog.h"
 
 namespace cardpanels {

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "tests/panels/PopUpPanels.h"
-#include "tests/panels/Trace.h"
+#include "tests/plugin/panels/PopUpPanels.h"
+#include "tests/plugin/panels/Trace.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TestPPD.h"
 

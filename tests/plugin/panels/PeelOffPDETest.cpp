@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "tests/panels/PeelOffSupport.h"
-#include "tests/panels/Trace.h"
+#include "tests/plugin/panels/PeelOffSupport.h"
+#include "tests/plugin/panels/Trace.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TestPPD.h"
 

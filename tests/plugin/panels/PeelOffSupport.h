@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/panels/SavePass.h"
+#include "tests/plugin/panels/SavePass.h"
 #include "tests/support/TestPPD.h"
 
 namespace cardpanels::test {

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "tests/panels/SavePass.h"
-#include "tests/panels/Trace.h"
+#include "tests/plugin/panels/SavePass.h"
+#include "tests/plugin/panels/Trace.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TestPPD.h"
 

@@ -1,4 +1,4 @@
-#include "tests/panels/SavePass.h"
+#include "tests/plugin/panels/SavePass.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tests/panels/Trace.h"
+#include "tests/plugin/panels/Trace.h"
 
 namespace cardpanels::test {
 namespace {

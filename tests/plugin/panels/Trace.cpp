@@ -1,4 +1,4 @@
-#include "tests/panels/Trace.h"
+#include "tests/plugin/panels/Trace.h"
 
 #include <sstream>
 #include <string_view>

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "apps/pde-drive/Driver.h"
-#include "tests/panels/PopUpPanels.h"
-#include "tests/panels/Trace.h"
+#include "tests/plugin/panels/PopUpPanels.h"
+#include "tests/plugin/panels/Trace.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"

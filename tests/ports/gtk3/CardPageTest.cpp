@@ -73,7 +73,7 @@ class FieldPanel final : public platform::PrintPanel, public platform::NibOwner 
 };
 
 /// Notes what the page asks for, as "show Laminate".
-class RecordingDriver final : public PanelDriver {
+class RecordingDriver final : public host::PanelDriver {
  public:
   RecordingDriver() { folder_.write("resources/ui/Field.ui", kFieldFile); }
 

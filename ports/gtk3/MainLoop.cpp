@@ -1,0 +1,25 @@
+#include "ports/gtk3/MainLoop.h"
+
+#include <glib.h>
+
+#include <utility>
+
+namespace cardpanels::gtk3 {
+namespace {
+
+using Task = std::function<void()>;
+
+gboolean run(gpointer task) {
+  (*static_cast<Task*>(task))();
+  return G_SOURCE_REMOVE;
+}
+
+void forget(gpointer task) { delete static_cast<Task*>(task); }
+
+}  // namespace
+
+void postToMainLoop(Task task) {
+  g_idle_add_full(G_PRIORITY_DEFAULT, run, new Task(std::move(task)), forget);
+}
+
+}  // namespace cardpanels::gtk3

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <functional>
+
+namespace cardpanels::gtk3 {
+
+/// Has GLib's main loop run `task`; on any thread.
+void postToMainLoop(std::function<void()> task);
+
+}  // namespace cardpanels::gtk3
