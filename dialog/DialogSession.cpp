@@ -2,18 +2,18 @@
 
 #include <utility>
 
-#include "host/ASCII.h"
 #include "host/Error.h"
-#include "host/Messages.h"
+#include "platform/ASCII.h"
+#include "platform/CustomPrefix.h"
+#include "platform/Messages.h"
 
 namespace cardpanels::dialog {
 namespace {
 
-using host::_;
 using host::Option;
+using platform::_;
 
 constexpr const char* kPageSize = "PageSize";
-constexpr const char* kCustomPrefix = "Custom.";
 
 }  // namespace
 
@@ -80,8 +80,8 @@ void DialogSession::startPanels(host::PPDFile ppd) {
 
 bool DialogSession::isMarked(const Option& option) const {
   const auto marked = job_->marked(option.key);
-  return marked && (host::equalIgnoringCase(*marked, option.value) ||
-                    *marked == kCustomPrefix + option.value);
+  return marked && (platform::equalIgnoringCase(*marked, option.value) ||
+                    *marked == std::string(platform::kCustomPrefix) + option.value);
 }
 
 /// Whether the value is none that the PPD lists.
@@ -166,7 +166,7 @@ std::string DialogSession::setBack(const Option& kept) {
   following_ = false;
   notes_.clear();
   insisted_.reset();
-  return host::filled(
+  return platform::filled(
       _("“{option}” cannot be “{choice}” in this dialog."),
       {{"option", job_->optionTitle(kept.key)}, {"choice", job_->choiceTitle(kept.key, wanted)}});
 }

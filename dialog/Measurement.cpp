@@ -4,19 +4,12 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/ASCII.h"
+
 namespace cardpanels::dialog {
 namespace {
 
 constexpr std::array<std::string_view, 6> kUnits{"", "\"", "in", "cm", "mm", "px"};
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-char lowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool equalIgnoringCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return lowerCase(x) == lowerCase(y); });
-}
 
 std::string_view withoutSpacesAround(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
@@ -25,7 +18,7 @@ std::string_view withoutSpacesAround(std::string_view text) {
 }
 
 bool isNumber(std::string_view text) {
-  return std::any_of(text.begin(), text.end(), isDigit) &&
+  return std::any_of(text.begin(), text.end(), platform::isDigit) &&
          std::count(text.begin(), text.end(), '.') <= 1;
 }
 
@@ -36,8 +29,9 @@ bool isMeasurement(std::string_view text) {
   const std::size_t end = std::min(text.find_first_not_of("0123456789."), text.size());
   const std::string_view unit = withoutSpacesAround(text.substr(end));
   return isNumber(text.substr(0, end)) &&
-         std::any_of(kUnits.begin(), kUnits.end(),
-                     [&](std::string_view each) { return equalIgnoringCase(unit, each); });
+         std::any_of(kUnits.begin(), kUnits.end(), [&](std::string_view each) {
+           return platform::equalIgnoringCase(unit, each);
+         });
 }
 
 }  // namespace cardpanels::dialog

@@ -2,10 +2,12 @@
 
 #include <span>
 
-#include "host/ASCII.h"
+#include "platform/ASCII.h"
 
 namespace cardpanels::host {
 namespace {
+
+using platform::equalIgnoringCase;
 
 std::span<ppd_choice_t> choicesOf(ppd_option_t& option) {
   return {option.choices, static_cast<std::size_t>(option.num_choices)};

@@ -10,14 +10,21 @@
 #include <utility>
 #include <vector>
 
-#include "host/ASCII.h"
 #include "host/Error.h"
 #include "host/JobOption.h"
-#include "host/Messages.h"
+#include "platform/ASCII.h"
+#include "platform/CustomPrefix.h"
+#include "platform/Messages.h"
 #include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
+
+using platform::_;
+using platform::equalIgnoringCase;
+using platform::filled;
+using platform::kCustomPrefix;
+using platform::startsIgnoringCase;
 
 constexpr float kPointTolerance = 0.01F;  // 54mm is not exactly representable in points
 

@@ -7,8 +7,6 @@
 
 namespace cardpanels::host {
 
-inline constexpr std::string_view kCustomPrefix = "Custom.";
-
 /// The parameters of `option`, 0 when it takes no custom values.
 int parameterCount(ppd_file_t* ppd, const ppd_option_t& option);
 

@@ -6,14 +6,21 @@
 #include <span>
 #include <utility>
 
-#include "host/ASCII.h"
 #include "host/Conflicts.h"
 #include "host/CustomValue.h"
 #include "host/Error.h"
-#include "host/Messages.h"
+#include "platform/ASCII.h"
+#include "platform/CustomPrefix.h"
+#include "platform/Messages.h"
 
 namespace cardpanels::host {
 namespace {
+
+using platform::_;
+using platform::equalIgnoringCase;
+using platform::filled;
+using platform::kCustomPrefix;
+using platform::startsIgnoringCase;
 
 using platform::Text;
 

@@ -12,12 +12,15 @@
 #include <vector>
 
 #include "host/Error.h"
-#include "host/Messages.h"
 #include "host/PPDText.h"
+#include "platform/Messages.h"
 #include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
+
+using platform::_;
+using platform::filled;
 
 constexpr std::size_t kLargestPPD = 64UL << 20U;  // a real one has 2 MiB at most
 

@@ -7,13 +7,20 @@
 #include <map>
 #include <optional>
 
-#include "host/ASCII.h"
 #include "host/Error.h"
-#include "host/Messages.h"
+#include "platform/ASCII.h"
+#include "platform/Messages.h"
 #include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
+
+using platform::_;
+using platform::equalIgnoringCase;
+using platform::filled;
+using platform::isBlank;
+using platform::lowered;
+using platform::trimmed;
 
 [[noreturn]] void fail(const std::string& name, int line, const std::string& reason) {
   throw Error(name + ":" + std::to_string(line) + ": " + reason);

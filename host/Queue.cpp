@@ -17,11 +17,14 @@
 #include <system_error>
 
 #include "host/Error.h"
-#include "host/Messages.h"
+#include "platform/Messages.h"
 #include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
+
+using platform::_;
+using platform::filled;
 
 struct HttpCloser {
   void operator()(http_t* http) const { httpClose(http); }

@@ -13,8 +13,6 @@ namespace cardpanels::platform {
 /// `setlocale`.
 class StringTable {
  public:
-  static constexpr const char* kDomain = "cardpanels";
-
   /// The table of the bundle in folder `bundle`; without the file, an empty one.
   explicit StringTable(const std::string& bundle);
 

@@ -4,12 +4,12 @@
 #include <gtkmm/separator.h>
 
 #include "host/Error.h"
-#include "ports/gtk3/Translation.h"
+#include "platform/Messages.h"
 
 namespace cardpanels::cardprint {
 namespace {
 
-using gtk3::tr;
+using platform::_;
 
 constexpr int kWidth = 720;
 constexpr int kHeight = 480;
@@ -24,15 +24,15 @@ std::string joined(const std::vector<std::string>& lines) {
 }  // namespace
 
 CardDialog::CardDialog(CardJob& job)
-    : Gtk::Dialog(Glib::ustring::compose(tr("Print on %1"), job.printerName())),
+    : Gtk::Dialog(Glib::ustring::compose(_("Print on %1"), job.printerName())),
       job_(job),
       page_(job.panels()) {
   get_content_area()->set_border_width(0);
   get_content_area()->pack_start(page_, Gtk::PACK_EXPAND_WIDGET);
   get_content_area()->pack_start(*Gtk::make_managed<Gtk::Separator>(), Gtk::PACK_SHRINK);
   get_content_area()->show_all();
-  add_button(tr("_Cancel"), Gtk::RESPONSE_CANCEL);
-  auto* const print = add_button(tr("_Print"), Gtk::RESPONSE_OK);
+  add_button(_("_Cancel"), Gtk::RESPONSE_CANCEL);
+  auto* const print = add_button(_("_Print"), Gtk::RESPONSE_OK);
   print->get_parent()->property_margin() = kButtonMargin;
   set_default_response(Gtk::RESPONSE_OK);
   set_default_size(kWidth, kHeight);

@@ -6,12 +6,13 @@
 #include <utility>
 
 #include "apps/gtk3-module/PrinterOptions.h"
-#include "ports/gtk3/Translation.h"
+#include "platform/Messages.h"
 
 namespace cardpanels::gtk3module {
 namespace {
 
 using host::Option;
+using platform::_;
 
 constexpr int kBorder = 18;
 // The value of an option that is left out of the job.
@@ -220,7 +221,7 @@ GtkWidget* GtkPrintDialog::emptyPage() {
   if (page_ == nullptr) {
     page_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, 0);
     g_signal_connect(page_, "destroy", G_CALLBACK(gtk_widget_destroyed), &page_);
-    gtk_print_unix_dialog_add_custom_tab(dialog_, page_, gtk_label_new(gtk3::tr("Card")));
+    gtk_print_unix_dialog_add_custom_tab(dialog_, page_, gtk_label_new(_("Card")));
   }
   gtk_container_foreach(
       GTK_CONTAINER(page_), [](GtkWidget* child, gpointer) { gtk_widget_destroy(child); }, nullptr);

@@ -1,10 +1,9 @@
 #include "plugin/log/PDELogging.h"
 
-#include <strings.h>
-
 #include <cstdint>
 #include <string>
 
+#include "platform/ASCII.h"
 #include "platform/Log.h"
 
 namespace cardpanels::trace {
@@ -16,10 +15,6 @@ constexpr int kSpacesPerLevel = 4;
 
 std::int32_t _indent = 0;
 
-bool sameWord(std::string_view a, std::string_view b) {
-  return a.size() == b.size() && strncasecmp(a.data(), b.data(), a.size()) == 0;
-}
-
 /// The line's own format. Description and caller's format go in as they are: a percent sign in
 /// either is a conversion when the line is written.
 std::string Format(const platform::Object* self, std::string_view label, std::string_view format) {
@@ -27,11 +22,11 @@ std::string Format(const platform::Object* self, std::string_view label, std::st
     const Argument parts[] = {label, format};
     return platform::formatted("%@ %@", parts);
   }
-  if (sameWord(label, "END")) --_indent;
+  if (platform::equalIgnoringCase(label, "END")) --_indent;
   const std::int64_t width = std::int64_t{_indent} * kSpacesPerLevel;
   const Argument parts[] = {width, width, " ", label, self, format};
   std::string composed = platform::formatted("%*.*s%@ self(%@) %@", parts);
-  if (sameWord(label, "BEGIN")) ++_indent;
+  if (platform::equalIgnoringCase(label, "BEGIN")) ++_indent;
   return composed;
 }
 

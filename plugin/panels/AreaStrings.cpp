@@ -7,10 +7,16 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/ASCII.h"
+#include "platform/CustomPrefix.h"
 #include "plugin/log/PDELogging.h"
 
 namespace cardpanels {
 namespace {
+
+using platform::isDigit;
+using platform::kCustomPrefix;
+using platform::startsIgnoringCase;
 
 // One measurement of at most 20 characters and its NUL.
 constexpr std::size_t kPartSize = 21;
@@ -22,19 +28,6 @@ char szToken[kParts * kPartSize];
 bool isEmpty(const char* part) { return part == nullptr || *part == '\0'; }
 
 bool fitsPart(const char* part) { return strnlen(part, kPartSize) < kPartSize; }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-/// Whether `text` starts with `prefix`, which is in lower case, whatever the case of its letters.
-bool startsWith(std::string_view text, std::string_view prefix) {
-  if (text.size() < prefix.size()) return false;
-  for (std::size_t i = 0; i < prefix.size(); ++i) {
-    if (lowered(text[i]) != prefix[i]) return false;
-  }
-  return true;
-}
 
 void skip(std::string_view& text, std::string_view characters) {
   text.remove_prefix(std::min(text.find_first_not_of(characters), text.size()));
@@ -62,7 +55,7 @@ std::optional<std::string_view> takeUnit(std::string_view& text) {
     return "px";
   }
   for (const std::string_view unit : {"\"", "in", "cm", "mm", "px"}) {
-    if (!startsWith(text, unit)) continue;
+    if (!startsIgnoringCase(text, unit)) continue;
     const std::string_view asWritten = text.substr(0, unit.size());
     text.remove_prefix(unit.size());
     return asWritten;
@@ -85,8 +78,7 @@ bool takeMeasurement(std::string_view& text, char* slot) {
 
 /// Fills the four slots from the whole of `text`; false when it is no area.
 bool takeArea(std::string_view text) {
-  constexpr std::string_view kCustomPrefix = "custom.";
-  if (startsWith(text, kCustomPrefix)) text.remove_prefix(kCustomPrefix.size());
+  if (startsIgnoringCase(text, kCustomPrefix)) text.remove_prefix(kCustomPrefix.size());
   for (std::size_t k = 0; k < kParts; ++k) {
     if (!takeMeasurement(text, &szToken[k * kPartSize])) return false;
   }

@@ -7,12 +7,14 @@
 #include <exception>
 #include <utility>
 
+#include "platform/Messages.h"
 #include "platform/TextField.h"
-#include "ports/gtk3/Translation.h"
 #include "ports/gtk3/WidgetView.h"
 
 namespace cardpanels::gtk3 {
 namespace {
+
+using platform::_;
 
 constexpr int kRowPadding = 8;
 constexpr int kBorder = 18;
@@ -64,8 +66,8 @@ void CardPage::addMessageBar() {
   scroller->add(messageLabel_);
   scroller->show();
   dynamic_cast<Gtk::Container&>(*messageBar_.get_content_area()).add(*scroller);
-  insistButton_ = messageBar_.add_button(tr("Change An_yway"), Gtk::RESPONSE_ACCEPT);
-  for (auto* button : {insistButton_, messageBar_.add_button(tr("Cl_ose"), Gtk::RESPONSE_CLOSE)}) {
+  insistButton_ = messageBar_.add_button(_("Change An_yway"), Gtk::RESPONSE_ACCEPT);
+  for (auto* button : {insistButton_, messageBar_.add_button(_("Cl_ose"), Gtk::RESPONSE_CLOSE)}) {
     button->set_valign(Gtk::ALIGN_CENTER);
   }
   // Below each other, so that the message has room in a small window.
@@ -77,7 +79,7 @@ void CardPage::addMessageBar() {
 }
 
 void CardPage::addNothingToChoose() {
-  pack_start(*newText(tr("This printer has no card options. Print as usual.")),
+  pack_start(*newText(_("This printer has no card options. Print as usual.")),
              Gtk::PACK_EXPAND_WIDGET);
 }
 
@@ -87,7 +89,7 @@ void CardPage::addSections() {
   scroller->get_style_context()->add_class("sidebar");
   scroller->add(sidebar_);
   sidebar_.set_selection_mode(Gtk::SELECTION_BROWSE);
-  sidebar_.get_accessible()->set_name(tr("Card options"));
+  sidebar_.get_accessible()->set_name(_("Card options"));
 
   auto* const columns = Gtk::make_managed<Gtk::Box>();
   columns->pack_start(*scroller, Gtk::PACK_SHRINK);
@@ -98,7 +100,7 @@ void CardPage::addSections() {
 
   sections_.reserve(driver_.panels().size() + 1);
   for (const auto& panel : driver_.panels()) addSection(panel->panelName().value_or(""), panel);
-  addSection(tr("Summary"), nullptr);
+  addSection(_("Summary"), nullptr);
   sections_.back().frame->add(summary_);
   sidebar_.signal_row_selected().connect(sigc::mem_fun(*this, &CardPage::rowSelected));
   sidebar_.select_row(*sidebar_.get_row_at_index(0));
@@ -185,7 +187,7 @@ bool CardPage::hasOnlyGoodTexts() {
   const WidgetView* const wrong = current_ == nullptr ? nullptr : wrongText(*current_);
   if (wrong == nullptr) return true;
   const auto text = dynamic_cast<const platform::TextField&>(*wrong).stringValue();
-  tellError(Glib::ustring::compose(tr("“%1” is no measurement: “%2”"),
+  tellError(Glib::ustring::compose(_("“%1” is no measurement: “%2”"),
                                    wrong->widget().get_accessible()->get_name(), text));
   wrong->widget().grab_focus();
   return false;

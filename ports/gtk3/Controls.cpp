@@ -6,10 +6,12 @@
 #include <gtkmm/stack.h>
 
 #include "dialog/Measurement.h"
-#include "ports/gtk3/Translation.h"
+#include "platform/Messages.h"
 
 namespace cardpanels::gtk3 {
 namespace {
+
+using platform::_;
 
 constexpr int kTitleColumn = 0;
 constexpr int kFewestCharacters = 8;
@@ -70,8 +72,8 @@ bool EntryField::holdsWrongText() const {
 void EntryField::markUnlessMeasurement() {
   const bool wrong = holdsWrongText();
   const Glib::ustring help =
-      wrong ? Glib::ustring(tr("This is no measurement. Type a number, and a unit if you like: "
-                               "in, cm, mm, px, or \" for inches. Examples: 0.5in, 12mm."))
+      wrong ? Glib::ustring(_("This is no measurement. Type a number, and a unit if you like: "
+                              "in, cm, mm, px, or \" for inches. Examples: 0.5in, 12mm."))
             : ownTooltip_;
   const auto style = entry().get_style_context();
   if (wrong) {

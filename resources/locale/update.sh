@@ -24,8 +24,8 @@ sed -n '/^#/d; s/[\\"]/\\&/g; s/^[^=]*=[[:blank:]]*\(.*[^[:blank:]]\)[[:blank:]]
   "$strings" >"$temporary/$strings"
 collect --directory="$temporary" --language=C --keyword=_ "$strings"
 
-find host dialog ports/gtk3 apps -name '*.cpp' -o -name '*.h' | sort >"$temporary/sources"
-collect --language=C++ --keyword=_ --keyword=tr --files-from="$temporary/sources"
+find platform host dialog ports/gtk3 apps -name '*.cpp' -o -name '*.h' | sort >"$temporary/sources"
+collect --language=C++ --keyword=_ --files-from="$temporary/sources"
 
 find resources/ui -name '*.ui' | sort >"$temporary/views"
 collect --language=Glade --files-from="$temporary/views"

@@ -19,10 +19,10 @@
 #include <vector>
 
 #include "platform/CallbackObject.h"
+#include "platform/Messages.h"
 #include "platform/PlugIn.h"
 #include "plugin/ORBPDEPlugIn.h"
 #include "ports/gtk3/GtkBundle.h"
-#include "ports/gtk3/Translation.h"
 #include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/support/RecordedLog.h"
@@ -239,7 +239,7 @@ TEST_P(ViewFile, EachMnemonicThatShowsIsThereOnce) {
     // The dialog's buttons, and those of the message bar, show with every panel.
     std::vector<guint> keys;
     for (const char* text : {"_Cancel", "_Print", "Change An_yway", "Cl_ose"}) {
-      keys.push_back(Gtk::Label(tr(text), true).get_mnemonic_keyval());
+      keys.push_back(Gtk::Label(platform::_(text), true).get_mnemonic_keyval());
     }
     for (auto* label : shown<Gtk::Label>(widget())) {
       keys.push_back(dynamic_cast<Gtk::Label&>(*label).get_mnemonic_keyval());

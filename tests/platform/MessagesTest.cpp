@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "host/Messages.h"
+#include "platform/Messages.h"
 
-namespace cardpanels::host {
+namespace cardpanels::platform {
 namespace {
 
 TEST(Messages, EachNameIsReplacedByItsValueInTheTextsOwnOrder) {
@@ -22,4 +22,4 @@ TEST(Messages, ATextWithoutTranslationStaysAsItIs) {
 }
 
 }  // namespace
-}  // namespace cardpanels::host
+}  // namespace cardpanels::platform

@@ -5,14 +5,17 @@
 #include <string_view>
 #include <utility>
 
-namespace cardpanels::host {
+namespace cardpanels::platform {
 
-/// `text` in the user's language. The program binds the domain `cardpanels`, in UTF-8; xgettext
-/// collects the texts with `--keyword=_`.
+/// The gettext domain of all texts that people see.
+inline constexpr const char* kTextDomain = "cardpanels";
+
+/// `text` in the user's language, itself without a translation. `StringTable` binds the domain;
+/// xgettext collects the texts with `--keyword=_`.
 const char* _(const char* text);
 
 /// `pattern` with each `{name}` replaced by its value, in whatever order a translation has them.
 std::string filled(std::string_view pattern,
                    std::initializer_list<std::pair<std::string_view, std::string_view>> values);
 
-}  // namespace cardpanels::host
+}  // namespace cardpanels::platform

@@ -1,12 +1,12 @@
-#include "host/Messages.h"
+#include "platform/Messages.h"
 
 #include <libintl.h>
 
 #include <algorithm>
 
-namespace cardpanels::host {
+namespace cardpanels::platform {
 
-const char* _(const char* text) { return dgettext("cardpanels", text); }
+const char* _(const char* text) { return dgettext(kTextDomain, text); }
 
 std::string filled(std::string_view pattern,
                    std::initializer_list<std::pair<std::string_view, std::string_view>> values) {
@@ -30,4 +30,4 @@ std::string filled(std::string_view pattern,
   return text;
 }
 
-}  // namespace cardpanels::host
+}  // namespace cardpanels::platform
