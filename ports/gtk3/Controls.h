@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "dialog/MeasurementField.h"
 #include "platform/Menu.h"
 #include "platform/PopUpButton.h"
 #include "platform/TabView.h"
@@ -62,28 +63,27 @@ class LabelField final : public Viewed<platform::TextField> {
   Gtk::Label& label() const { return dynamic_cast<Gtk::Label&>(widget()); }
 };
 
-/// A measurement that the user types, of 20 characters at most. A text that is none is marked, and
-/// a tooltip tells what is. The empty text is fine.
-class EntryField final : public Viewed<platform::TextField> {
+/// A measurement that the user types.
+class EntryField final : public Viewed<platform::TextField>, public dialog::MeasurementField {
  public:
-  static constexpr int kMaximumLength = 20;
-
   /// `entry` must be a `Gtk::Entry`.
   explicit EntryField(const Glib::RefPtr<Gtk::Widget>& entry);
 
   std::string stringValue() const override { return entry().get_text(); }
   void setStringValue(const platform::Text& text) override;
-  bool holdsWrongText() const override;
+  std::string text() const override { return stringValue(); }
+  std::string caption() const override;
+  void takeFocus() override { widget().grab_focus(); }
   std::string className() const override { return "TextField"; }
 
  private:
   Gtk::Entry& entry() const { return dynamic_cast<Gtk::Entry&>(widget()); }
+  bool isEditable() const override { return entry().get_editable(); }
+  void mark(const platform::Text& why) override;
   void changed();
-  void markUnlessMeasurement();
-  void endEdit();
+  void finishEdit();
   bool focusLeft(GdkEventFocus* event);
 
-  bool edited_ = false;
   Glib::ustring ownTooltip_;
 };
 
