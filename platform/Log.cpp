@@ -12,6 +12,8 @@
 #include <ctime>
 #include <utility>
 
+#include "platform/ReusedText.h"
+
 namespace cardpanels::platform {
 namespace {
 
@@ -114,7 +116,10 @@ Log& theLog() {
 LogSink::~LogSink() = default;
 
 void NSLogv(std::string_view format, std::span<const Argument> arguments) {
-  theLog().writeLine(onOneLine(formatted(format, arguments)));
+  const ReusedText line;
+  appendFormatted(*line, format, arguments);
+  *line = onOneLine(std::move(*line));
+  theLog().writeLine(*line);
 }
 
 std::shared_ptr<LogSink> setLogSink(std::shared_ptr<LogSink> sink) {
