@@ -54,7 +54,6 @@ void Panel::queryPeelOffArea_FieldX_FieldY_FieldWidth_FieldHeight(Text& area, co
   _PDEEpilog(this, "queryPeelOffArea:(%@)", area);
 }
 
-// The two names differ on purpose.
 void Panel::queryPeelOffAreasFromUI() {
   _PDEProlog(this, "queryPeelOffAreasUI:");
   areas::takeFromFields(*this, kAreaEditor);

@@ -58,21 +58,18 @@ void Panel::queryResinArea_FieldX_FieldY_FieldWidth_FieldHeight(Text& area, cons
   _PDEEpilog(this, "queryResinArea:(%@)", area);
 }
 
-// The two names differ on purpose.
 void Panel::queryResinAreasFromUI() {
   _PDEProlog(this, "queryResinAreasUI:");
   areas::takeFromFields(*this, kAreaEditor);
   _PDEEpilog(this, "queryResinAreasFromUI:");
 }
 
-// The first text's "Resing" is meant.
 void Panel::queryResinAreasFromSettings() {
   _PDEProlog(this, "queryResingAreasFromSettings:");
   areas::takeFromMarks(*this, kAreaEditor);
   _PDEEpilog(this, "queryResinAreasFromSettings:");
 }
 
-// Neither the key nor the saved area is logged; that is meant.
 void Panel::saveResinArea_FieldKey_FieldX_FieldY_FieldWidth_FieldHeight(Text& area, const Text& key,
                                                                         const AreaField& x,
                                                                         const AreaField& y,
@@ -89,7 +86,6 @@ void Panel::saveResinAreasToSettings() {
   _PDEEpilog(this, "saveResinAreasToSettings:");
 }
 
-// The second text tells nothing; that is meant.
 void Panel::setAreaUI_Value(const Text& key, const Text& area) {
   _PDEProlog(this, "setAreaUI:(%@, %@)", key, area);
   areas::show(*this, kAreaEditor, key, area);
