@@ -17,10 +17,13 @@
 namespace cardpanels::platform {
 namespace {
 
+/// A job writes a hundred lines and more: of use when something looks wrong.
+constexpr int kPriority = LOG_DEBUG;
+
 class SyslogSink final : public LogSink {
  public:
   void writeLine(std::string_view line) override {
-    syslog(LOG_USER | LOG_INFO, "%.*s", static_cast<int>(line.size()), line.data());
+    syslog(LOG_USER | kPriority, "%.*s", static_cast<int>(line.size()), line.data());
   }
 };
 
@@ -36,7 +39,7 @@ class JournalSink final : public LogSink {
   static iovec entry(std::string& text) { return {text.data(), text.size()}; }
 
   std::string field_;
-  std::string priority_ = "PRIORITY=6";
+  std::string priority_ = "PRIORITY=" + std::to_string(kPriority);
   std::string identifier_ = std::string("SYSLOG_IDENTIFIER=") + program_invocation_short_name;
 };
 
