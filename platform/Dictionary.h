@@ -30,7 +30,7 @@ class Dictionary final : public Object {
   auto end() const { return entries_.end(); }
 
   std::string className() const override { return "Dictionary"; }
-  std::string description() const override;
+  void appendDescription(std::string& out) const override;
 
  private:
   std::vector<Entry> entries_;
