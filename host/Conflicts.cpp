@@ -1,45 +1,8 @@
 #include "host/Conflicts.h"
 
-#include <span>
-
-#include "platform/ASCII.h"
+#include "host/PPDRecords.h"
 
 namespace cardpanels::host {
-namespace {
-
-using platform::equalIgnoringCase;
-
-std::span<ppd_choice_t> choicesOf(ppd_option_t& option) {
-  return {option.choices, static_cast<std::size_t>(option.num_choices)};
-}
-
-std::span<ppd_size_t> sizesOf(ppd_file_t* ppd) {
-  return {ppd->sizes, static_cast<std::size_t>(ppd->num_sizes)};
-}
-
-void appendOptions(std::vector<ppd_option_t*>& options, ppd_group_t& group) {
-  for (auto& option : std::span(group.options, static_cast<std::size_t>(group.num_options))) {
-    options.push_back(&option);
-  }
-  for (auto& each : std::span(group.subgroups, static_cast<std::size_t>(group.num_subgroups))) {
-    appendOptions(options, each);
-  }
-}
-
-}  // namespace
-
-bool isPageSize(const ppd_option_t& option) {
-  return equalIgnoringCase(option.keyword, "PageSize") ||
-         equalIgnoringCase(option.keyword, "PageRegion");
-}
-
-std::vector<ppd_option_t*> allOptions(ppd_file_t* ppd) {
-  std::vector<ppd_option_t*> options;
-  for (auto& group : std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
-    appendOptions(options, group);
-  }
-  return options;
-}
 
 HiddenMark::HiddenMark(ppd_file_t* ppd, ppd_option_t& option) : ppd_(ppd) {
   for (auto& choice : choicesOf(option)) {

@@ -33,10 +33,4 @@ std::vector<ppd_option_t*> conflictsWith(ppd_file_t* ppd, ppd_option_t& option);
 /// Every option that the marks bring into a conflict.
 std::vector<ppd_option_t*> conflictedOptions(ppd_file_t* ppd);
 
-/// The PPD's options, in its order.
-std::vector<ppd_option_t*> allOptions(ppd_file_t* ppd);
-
-/// Whether `option` chooses the page size: libcups treats these two as one.
-bool isPageSize(const ppd_option_t& option);
-
 }  // namespace cardpanels::host

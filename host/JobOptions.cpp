@@ -9,6 +9,7 @@
 #include "host/Conflicts.h"
 #include "host/CustomValue.h"
 #include "host/Error.h"
+#include "host/PPDRecords.h"
 #include "platform/ASCII.h"
 #include "platform/CustomPrefix.h"
 #include "platform/Messages.h"
@@ -33,27 +34,12 @@ void rename(ppd_choice_t& record, const std::string& name) {
   }
 }
 
-std::span<ppd_choice_t> choicesOf(const ppd_option_t& option) {
-  return {option.choices, static_cast<std::size_t>(option.num_choices)};
-}
-
-ppd_choice_t* listedChoice(const ppd_option_t& option, std::string_view name) {
-  for (auto& choice : choicesOf(option)) {
-    if (equalIgnoringCase(choice.choice, name)) return &choice;
-  }
-  return nullptr;
-}
-
 bool isCustomRecord(const ppd_choice_t& choice) {
   return equalIgnoringCase(choice.choice, kCustom);
 }
 
 bool isCustomText(std::string_view text) {
   return startsIgnoringCase(text, kCustomPrefix) || text.substr(0, 1) == "{";
-}
-
-std::string titleOf(const ppd_option_t& option) {
-  return option.text[0] != '\0' ? option.text : option.keyword;
 }
 
 }  // namespace
@@ -131,7 +117,7 @@ ChangeResult JobOptions::change(ppd_option_t& option, const Mark& wanted, Losing
   }
   ChangeResult result{.granted = true, .changes = changesSince(before, option)};
   result.message = explanation(option, result.changes, before);
-  for (const Option& each : result.changes) set_.insert(find(each.key));
+  for (const Option& each : result.changes) set_.insert(findOption(ppd_.get(), each.key));
   return result;
 }
 
@@ -208,33 +194,23 @@ std::string JobOptions::conflicts() const {
   return sentences;
 }
 
-bool JobOptions::hasOption(const std::string& key) const { return find(key) != nullptr; }
+bool JobOptions::hasOption(const std::string& key) const {
+  return findOption(ppd_.get(), key) != nullptr;
+}
 
 std::string JobOptions::optionTitle(const std::string& key) const {
-  const ppd_option_t* const option = find(key);
+  const ppd_option_t* const option = findOption(ppd_.get(), key);
   return option == nullptr ? key : titleOf(*option);
 }
 
 std::string JobOptions::choiceTitle(const std::string& key, const std::string& choice) const {
   const OwnNames names(*this);
-  const ppd_option_t* const option = find(key);
-  return option == nullptr ? choice : title(*option, choice);
-}
-
-std::string JobOptions::title(const ppd_option_t& option, const std::string& choice) const {
-  if (startsIgnoringCase(choice, kCustomPrefix)) return choice.substr(kCustomPrefix.size());
-  const ppd_choice_t* const listed = listedChoice(option, choice);
-  return listed != nullptr && listed->text[0] != '\0' ? listed->text : choice;
-}
-
-/// libcups compares the first 40 bytes only.
-ppd_option_t* JobOptions::find(const std::string& key) const {
-  ppd_option_t* const option = ppdFindOption(ppd_.get(), key.c_str());
-  return option != nullptr && equalIgnoringCase(option->keyword, key) ? option : nullptr;
+  const ppd_option_t* const option = findOption(ppd_.get(), key);
+  return option == nullptr ? choice : titleOf(*option, choice);
 }
 
 ppd_option_t& JobOptions::found(const std::string& key) const {
-  ppd_option_t* const option = find(key);
+  ppd_option_t* const option = findOption(ppd_.get(), key);
   if (option != nullptr) return *option;
   throw Error(filled(_("This printer has no option {option}."),
                      {{"option", platform::quoted(platform::onOneLine(key))}}));
@@ -249,7 +225,7 @@ bool JobOptions::isNoValue(ppd_option_t& option, const std::string& text) const 
 
 JobOptions::Mark JobOptions::markFor(ppd_option_t& option, const std::string& text) const {
   ppd_choice_t* const listed = listedChoice(option, text);
-  ppd_choice_t* const custom = listedChoice(option, kCustom);
+  ppd_choice_t* const custom = customChoice(option);
   const int parameters = custom == nullptr ? 0 : parameterCount(ppd_.get(), option);
   if (listed != nullptr && (listed != custom || parameters == 0)) return {listed, ""};
   if (isNoValue(option, text)) return defaultMark(option);
@@ -271,7 +247,7 @@ JobOptions::Mark JobOptions::markFor(ppd_option_t& option, const std::string& te
 JobOptions::Mark JobOptions::defaultMark(ppd_option_t& option) const {
   const std::string_view name = option.defchoice;
   if (!startsIgnoringCase(name, kCustomPrefix)) return {listedChoice(option, name), ""};
-  ppd_choice_t* const custom = listedChoice(option, kCustom);
+  ppd_choice_t* const custom = customChoice(option);
   return {custom, custom == nullptr ? "" : std::string(name)};
 }
 
@@ -385,7 +361,7 @@ bool JobOptions::applyResolution(ppd_option_t& option) {
     return false;
   }
   for (const Option& each : resolved.options()) {
-    ppd_option_t* const other = find(each.key);
+    ppd_option_t* const other = findOption(ppd_.get(), each.key);
     if (other == &option) continue;
     // The card lies in the printer: its size is nothing to change unasked.
     if (other == nullptr || isPageSize(*other)) return false;
@@ -398,7 +374,7 @@ bool JobOptions::applyResolution(ppd_option_t& option) {
 
 /// libcups leaves Collate out of every resolution.
 bool JobOptions::resolveCollate(ppd_option_t& option) {
-  ppd_option_t* const collate = find("Collate");
+  ppd_option_t* const collate = findOption(ppd_.get(), "Collate");
   if (collate == nullptr || collate == &option) return false;
   for (auto& choice : choicesOf(*collate)) {
     if (isCustomRecord(choice)) continue;
@@ -415,11 +391,12 @@ std::string JobOptions::refusal(const ppd_option_t& option, const std::string& c
     if (!conditions.empty()) conditions += _(" and ");
     conditions += filled(_("“{option}” is “{choice}”"),
                          {{"option", titleOf(*partner)},
-                          {"choice", title(*partner, value(*partner).value_or(kNothingMarked))}});
+                          {"choice", titleOf(*partner, value(*partner).value_or(kNothingMarked))}});
   }
-  return filled(
-      _("“{option}” cannot be “{choice}” while {conditions}."),
-      {{"option", titleOf(option)}, {"choice", title(option, choice)}, {"conditions", conditions}});
+  return filled(_("“{option}” cannot be “{choice}” while {conditions}."),
+                {{"option", titleOf(option)},
+                 {"choice", titleOf(option, choice)},
+                 {"conditions", conditions}});
 }
 
 /// What the user would lose by `option`'s mark of now; empty for nothing.
@@ -430,12 +407,12 @@ std::string JobOptions::lossSince(const Marks& marks, const ppd_option_t& option
     if (isTheSame || custom_.contains(other)) continue;
     if (!losses.empty()) losses += _(" and ");
     losses += filled(_("“{choice}” of “{option}”"),
-                     {{"choice", title(*other, mark.custom)}, {"option", titleOf(*other)}});
+                     {{"choice", titleOf(*other, mark.custom)}, {"option", titleOf(*other)}});
   }
   if (losses.empty()) return losses;
   return filled(_("“{option}” was not changed to “{choice}”, because that would remove {losses}."),
                 {{"option", titleOf(option)},
-                 {"choice", title(option, value(option).value_or(kNothingMarked))},
+                 {"choice", titleOf(option, value(option).value_or(kNothingMarked))},
                  {"losses", losses}});
 }
 
@@ -443,7 +420,7 @@ std::string JobOptions::explanation(const ppd_option_t& option, const std::vecto
                                     const Marks& before) const {
   std::string sentences;
   for (const Option& each : changes) {
-    const ppd_option_t* const other = find(each.key);
+    const ppd_option_t* const other = findOption(ppd_.get(), each.key);
     const Text old = before.values.at(other);
     if (other == &option || !old || !value(*other)) continue;
     if (!sentences.empty()) sentences += ' ';
@@ -451,10 +428,10 @@ std::string JobOptions::explanation(const ppd_option_t& option, const std::vecto
         filled(_("“{other}” was changed from “{old}” to “{new}”, because “{option}” is now "
                  "“{choice}”."),
                {{"other", titleOf(*other)},
-                {"old", title(*other, *old)},
-                {"new", title(*other, each.value)},
+                {"old", titleOf(*other, *old)},
+                {"new", titleOf(*other, each.value)},
                 {"option", titleOf(option)},
-                {"choice", title(option, value(option).value_or(kNothingMarked))}});
+                {"choice", titleOf(option, value(option).value_or(kNothingMarked))}});
   }
   return sentences;
 }

@@ -97,13 +97,11 @@ class JobOptions {
   struct Marks;
   class OwnNames;
 
-  ppd_option_t* find(const std::string& key) const;
   ppd_option_t& found(const std::string& key) const;
   Mark markFor(ppd_option_t& option, const std::string& text) const;
   Mark defaultMark(ppd_option_t& option) const;
   bool isNoValue(ppd_option_t& option, const std::string& text) const;
   platform::Text value(const ppd_option_t& option) const;
-  std::string title(const ppd_option_t& option, const std::string& choice) const;
 
   bool hasValue(const ppd_option_t& option, std::string_view value) const;
   bool isMarked(const ppd_option_t& option, const Mark& mark) const;
