@@ -19,17 +19,6 @@ std::string parameterOption(const std::string& type, const std::string& from,
          type + " " + from + " " + to + "\n";
 }
 
-const char* const kTwoParameters =
-    "*OpenUI *Mark/Watermark: PickOne\n*DefaultMark: None\n*Mark None/None: \"\"\n"
-    "*CloseUI: *Mark\n*CustomMark True/Other: \"pop pop\"\n"
-    "*ParamCustomMark Text/Text: 1 string 0 20\n*ParamCustomMark Size/Size: 2 int 1 9\n";
-
-const char* const kCustomPageSize =
-    "*CustomPageSize True/Custom: \"pop\"\n*ParamCustomPageSize Width: 1 points 36 300\n"
-    "*ParamCustomPageSize Height: 2 points 36 400\n*ParamCustomPageSize WidthOffset: 3 points 0 0\n"
-    "*ParamCustomPageSize HeightOffset: 4 points 0 0\n*ParamCustomPageSize Orientation: 5 int 0 3\n"
-    "*HWMargins: 0 0 0 0\n*VariablePaperSize: True\n";
-
 struct TypeCase {
   std::string type;
   std::string from;

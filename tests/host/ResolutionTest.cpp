@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/JobOptions.h"
+#include "host/Resolution.h"
 #include "tests/host/TestJob.h"
 
 namespace cardpanels::host {
