@@ -38,11 +38,11 @@ bool isPanelName(const std::string& word) {
                      [&](const auto& each) { return each.name == word; });
 }
 
-std::string nameOfClass(const std::string& className) {
+std::string nameOfClass(std::string_view className) {
   for (const auto& each : kPanelNames) {
     if (each.className == className) return each.name;
   }
-  return className;
+  return std::string(className);
 }
 
 std::string told(bool answer) { return answer ? "YES" : "NO"; }
@@ -101,7 +101,8 @@ std::string performWithError(platform::PrintPanel& panel, const Words& arguments
 
 std::string performShouldPrint(platform::PrintPanel& panel, const Words& /*arguments*/) {
   auto* willPrint = dynamic_cast<platform::WillPrint*>(&panel);
-  if (willPrint == nullptr) throw CommandError(panel.className() + " has no shouldPrint");
+  if (willPrint == nullptr)
+    throw CommandError(std::string(panel.className()) + " has no shouldPrint");
   return told(willPrint->shouldPrint());
 }
 
@@ -130,7 +131,7 @@ constexpr Operation kOperations[] = {
 
 platform::NibOwner& ownerOf(platform::PrintPanel& panel) {
   auto* owner = dynamic_cast<platform::NibOwner*>(&panel);
-  if (owner == nullptr) throw CommandError(panel.className() + " has no outlets");
+  if (owner == nullptr) throw CommandError(std::string(panel.className()) + " has no outlets");
   return *owner;
 }
 
@@ -138,7 +139,7 @@ platform::NibOwner& ownerOf(platform::PrintPanel& panel) {
 std::shared_ptr<platform::View> viewOf(platform::PrintPanel& panel, const Text& outletName) {
   const auto* outlet = ownerOf(panel).outletNamed(present(outletName));
   if (outlet == nullptr) {
-    throw CommandError(panel.className() + " has no outlet " + quoted(*outletName));
+    throw CommandError(std::string(panel.className()) + " has no outlet " + quoted(*outletName));
   }
   return outlet->view(ownerOf(panel));
 }
@@ -149,7 +150,8 @@ std::shared_ptr<Control> controlOf(platform::PrintPanel& panel, const Text& outl
   if (!view) throw CommandError("the outlet " + quoted(*outletName) + " is not connected");
   auto control = std::dynamic_pointer_cast<Control>(view);
   if (!control) {
-    throw CommandError("the outlet " + quoted(*outletName) + " is a " + view->className());
+    throw CommandError("the outlet " + quoted(*outletName) + " is a " +
+                       std::string(view->className()));
   }
   return control;
 }
@@ -228,7 +230,8 @@ class AreaStrings {
   explicit AreaStrings(const std::string& bundle)
       : plugIn_(host::loadPlugIn(bundle)),
         areas_(dynamic_cast<platform::AreaStrings*>(plugIn_.get())) {
-    if (areas_ == nullptr) throw CommandError(plugIn_->className() + " has no area strings");
+    if (areas_ == nullptr)
+      throw CommandError(std::string(plugIn_->className()) + " has no area strings");
   }
   platform::AreaStrings* operator->() const { return areas_; }
 
@@ -367,7 +370,7 @@ std::string Driver::performOnPanel(const std::string& name, const std::string& o
     return "void";
   }
   if (performAction(*panel, operation)) return "void";
-  throw CommandError(panel->className() + " has no operation " + quoted(operation));
+  throw CommandError(std::string(panel->className()) + " has no operation " + quoted(operation));
 }
 
 std::string Driver::panels(const Words& arguments) {
@@ -387,7 +390,7 @@ std::string Driver::panels(const Words& arguments) {
   platform::StringArray names;
   for (const Panel& panel : *made_) {
     panels_[nameOfClass(panel->className())] = panel;
-    names.append(panel->className());
+    names.append(std::string(panel->className()));
   }
   return names.description();
 }
