@@ -29,7 +29,7 @@ class Array final : public Object {
   /// Takes every element that equals `element` out.
   void remove(const Element& element) { std::erase(elements_, element); }
 
-  std::string className() const override { return "Array"; }
+  std::string_view className() const override { return "Array"; }
 
   void appendDescription(std::string& out) const override {
     out += '(';

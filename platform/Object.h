@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace cardpanels::platform {
 
@@ -12,8 +13,8 @@ class Object {
   Object& operator=(const Object&) = delete;
   virtual ~Object();
 
-  /// The class's name as the trace log shows it.
-  virtual std::string className() const = 0;
+  /// The class's name as the trace log shows it, a literal.
+  virtual std::string_view className() const = 0;
 
   /// Appends one line that tells this object from others: `<Class: 0x…>` unless a class says more.
   /// May log.

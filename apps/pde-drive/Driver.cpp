@@ -22,7 +22,8 @@ class AreaStrings {
   explicit AreaStrings(const std::string& bundle)
       : plugIn_(host::loadPlugIn(bundle)),
         areas_(dynamic_cast<platform::AreaStrings*>(plugIn_.get())) {
-    if (areas_ == nullptr) throw CommandError(plugIn_->className() + " has no area strings");
+    if (areas_ == nullptr)
+      throw CommandError(std::string(plugIn_->className()) + " has no area strings");
   }
   platform::AreaStrings* operator->() const { return areas_; }
 
@@ -177,7 +178,7 @@ std::string Driver::panels(const Words& arguments) {
   platform::StringArray names;
   for (const Panel& panel : *made_) {
     panels_[panelNameOf(panel->className())] = panel;
-    names.append(panel->className());
+    names.append(std::string(panel->className()));
   }
   return names.description();
 }

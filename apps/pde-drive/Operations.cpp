@@ -62,7 +62,8 @@ std::string performWithError(platform::PrintPanel& panel, const Words& arguments
 
 std::string performShouldPrint(platform::PrintPanel& panel, const Words& /*arguments*/) {
   auto* willPrint = dynamic_cast<platform::WillPrint*>(&panel);
-  if (willPrint == nullptr) throw CommandError(panel.className() + " has no shouldPrint");
+  if (willPrint == nullptr)
+    throw CommandError(std::string(panel.className()) + " has no shouldPrint");
   return told(willPrint->shouldPrint());
 }
 
@@ -91,7 +92,7 @@ constexpr Operation kOperations[] = {
 
 platform::NibOwner& ownerOf(platform::PrintPanel& panel) {
   auto* owner = dynamic_cast<platform::NibOwner*>(&panel);
-  if (owner == nullptr) throw CommandError(panel.className() + " has no outlets");
+  if (owner == nullptr) throw CommandError(std::string(panel.className()) + " has no outlets");
   return *owner;
 }
 
@@ -99,7 +100,7 @@ platform::NibOwner& ownerOf(platform::PrintPanel& panel) {
 std::shared_ptr<platform::View> viewOf(platform::PrintPanel& panel, const Text& outletName) {
   const auto* outlet = ownerOf(panel).outletNamed(present(outletName));
   if (outlet == nullptr) {
-    throw CommandError(panel.className() + " has no outlet " + quoted(*outletName));
+    throw CommandError(std::string(panel.className()) + " has no outlet " + quoted(*outletName));
   }
   return outlet->view(ownerOf(panel));
 }
@@ -110,7 +111,8 @@ std::shared_ptr<Control> controlOf(platform::PrintPanel& panel, const Text& outl
   if (!view) throw CommandError("the outlet " + quoted(*outletName) + " is not connected");
   auto control = std::dynamic_pointer_cast<Control>(view);
   if (!control) {
-    throw CommandError("the outlet " + quoted(*outletName) + " is a " + view->className());
+    throw CommandError("the outlet " + quoted(*outletName) + " is a " +
+                       std::string(view->className()));
   }
   return control;
 }
@@ -190,11 +192,11 @@ bool isPanelName(const std::string& word) {
                      [&](const auto& each) { return each.name == word; });
 }
 
-std::string panelNameOf(const std::string& className) {
+std::string panelNameOf(std::string_view className) {
   for (const auto& each : kPanelNames) {
     if (each.className == className) return each.name;
   }
-  return className;
+  return std::string(className);
 }
 
 std::string performOperation(platform::PrintPanel& panel, const std::string& operation,
@@ -204,7 +206,7 @@ std::string performOperation(platform::PrintPanel& panel, const std::string& ope
     return known->perform(panel, arguments);
   }
   if (performAction(panel, operation)) return "void";
-  throw CommandError(panel.className() + " has no operation " + quoted(operation));
+  throw CommandError(std::string(panel.className()) + " has no operation " + quoted(operation));
 }
 
 }  // namespace cardpanels::drive

@@ -11,7 +11,7 @@ namespace cardpanels::drive {
 bool isPanelName(const std::string& word);
 
 /// What a script calls the panel of that class: a class that is not known goes by its own name.
-std::string panelNameOf(const std::string& className);
+std::string panelNameOf(std::string_view className);
 
 /// Carries `operation` out on `panel` and answers its result: an operation of the contract by its
 /// C++ name, `pick`, `type` or `state` on a control, or an action by its name without the colon.

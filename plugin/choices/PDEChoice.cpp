@@ -68,7 +68,7 @@ bool PDEChoice::isDefaultChoice() const {
 }
 
 void PDEChoice::appendDescription(std::string& out) const {
-  const std::string name = className();
+  const std::string_view name = className();
   const Text& user = userTitle();
   const Text& keyword = ppdTitle();
   const std::array<platform::Argument, 7> parts{name,

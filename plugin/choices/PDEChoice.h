@@ -37,7 +37,7 @@ class PDEChoice final : public platform::Object {
   /// Whether the PPD file names this choice as its option's default, whatever is marked now.
   bool isDefaultChoice() const;
 
-  std::string className() const override { return "PDEChoice"; }
+  std::string_view className() const override { return "PDEChoice"; }
   void appendDescription(std::string& out) const override;
 
  private:

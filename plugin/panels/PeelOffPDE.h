@@ -81,7 +81,7 @@ class PeelOffPanelPDE final : public platform::PrintPanel,
   void getPPDSettingsFromPrintSettingsOnTiger() {}
   void writePPDSettingsToPrintSettingsOnTiger() {}
 
-  std::string className() const override { return "PeelOffPanelPDE"; }
+  std::string_view className() const override { return "PeelOffPanelPDE"; }
   std::span<const platform::Outlet> outlets() const override;
   std::span<const platform::Action> actions() const override;
 

@@ -83,7 +83,7 @@ class RibbonPanelsPDE final : public platform::PrintPanel,
   void getPPDSettingsFromPrintSettingsOnTiger() {}
   void writePPDSettingsToPrintSettingsOnTiger() {}
 
-  std::string className() const override { return "RibbonPanelsPDE"; }
+  std::string_view className() const override { return "RibbonPanelsPDE"; }
   std::span<const platform::Outlet> outlets() const override;
   std::span<const platform::Action> actions() const override;
 

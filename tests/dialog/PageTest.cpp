@@ -36,7 +36,7 @@ class FakeField final : public platform::TextField, public MeasurementField {
   void takeFocus() override { hasFocus = true; }
   void setHidden(bool /*hidden*/) override {}
   std::shared_ptr<platform::View> viewWithTag(std::int64_t /*tag*/) override { return nullptr; }
-  std::string className() const override { return "TextField"; }
+  std::string_view className() const override { return "TextField"; }
 
   bool hasFocus = false;
   Text why;
@@ -67,7 +67,7 @@ class FieldPanel final : public platform::PrintPanel, public platform::NibOwner 
   void updateUI() override {}
   void initializeUI() override {}
   std::shared_ptr<platform::Dictionary> summaryInfo() override { return nullptr; }
-  std::string className() const override { return "FieldPanel"; }
+  std::string_view className() const override { return "FieldPanel"; }
   std::span<const platform::Outlet> outlets() const override {
     static constexpr std::array kOutlets{platform::outlet<&FieldPanel::field>("field")};
     return kOutlets;

@@ -16,7 +16,7 @@ namespace {
 using cardpanels::platform::Object;
 
 struct Panel final : Object {
-  std::string className() const override { return "ThermalLaminatePDE"; }
+  std::string_view className() const override { return "ThermalLaminatePDE"; }
 };
 
 const std::string kKey = "cardLaminate";

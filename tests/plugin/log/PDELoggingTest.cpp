@@ -9,7 +9,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 struct Panel final : platform::Object {
-  std::string className() const override { return "Panel"; }
+  std::string_view className() const override { return "Panel"; }
   void appendDescription(std::string& out) const override { out += text; }
   std::string text = "<Panel>";
 };
@@ -86,7 +86,7 @@ TEST_F(PDELogging, APercentSignInADescriptionIsAConversion) {
 
 TEST_F(PDELogging, ADescriptionThatLogsStandsInItsOwnLineAfterWhatItLogged) {
   struct Talkative final : platform::Object {
-    std::string className() const override { return "Talkative"; }
+    std::string_view className() const override { return "Talkative"; }
     void appendDescription(std::string& out) const override {
       out += "<half";
       _PDELog(nullptr, "described: %s", "inside");

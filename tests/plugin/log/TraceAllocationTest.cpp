@@ -33,13 +33,13 @@ namespace cardpanels {
 namespace {
 
 struct Panel final : platform::Object {
-  std::string className() const override { return "RibbonPanelsPDE"; }
+  std::string_view className() const override { return "ThermalLaminatePDE"; }
 };
 
 /// Logs while it is described.
 struct Talkative final : platform::Object {
   explicit Talkative(const platform::Object& other) : listener(other) {}
-  std::string className() const override { return "Talkative"; }
+  std::string_view className() const override { return "Talkative"; }
   void appendDescription(std::string& out) const override {
     _PDELog(&listener, "described: %i", 1);
     out += "<a text with room for more than a short string has>";

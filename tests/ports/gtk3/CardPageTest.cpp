@@ -56,7 +56,7 @@ class FieldPanel final : public platform::PrintPanel, public platform::NibOwner 
   void updateUI() override {}
   void initializeUI() override {}
   std::shared_ptr<platform::Dictionary> summaryInfo() override { return nullptr; }
-  std::string className() const override { return "FieldPanel"; }
+  std::string_view className() const override { return "FieldPanel"; }
 
   std::span<const platform::Outlet> outlets() const override {
     static constexpr std::array kOutlets{platform::outlet<&FieldPanel::view>("view"),
