@@ -1,4 +1,4 @@
-"""What the built plug-in shows to the dynamic linker."""
+"""What the built binaries show to the dynamic linker."""
 
 import os
 import pathlib
@@ -9,18 +9,19 @@ import unittest
 BUILD = pathlib.Path(os.environ["CARDPANELS_BUILD_DIR"])
 PLUG_IN = BUILD / "lib" / "cardpanels.bundle" / "cardpanels.so"
 PLATFORM = BUILD / "lib" / "libcardpanels-platform.so"
+MODULE = BUILD / "lib" / "libcardpanels-gtk3-module.so"
+PAGE = BUILD / "lib" / "libcardpanels-gtk3-page.so"
+PROGRAMS = (BUILD / "bin" / "cardprint", BUILD / "bin" / "pde-drive")
 
 RUNTIME = {"libc.so.6", "libm.so.6", "libstdc++.so.6", "libgcc_s.so.1", "ld-linux-x86-64.so.2"}
-SANITIZERS = re.compile(r"lib(asan|ubsan)\.so\.\d+")
 
 
 def libraries(binary):
-    """What a binary names as needed, besides the runtimes of the language and the sanitizers."""
+    """What a binary names as needed, besides the runtime of the language."""
     listed = subprocess.run(
         ["readelf", "--dynamic", "--wide", binary], check=True, capture_output=True, text=True
     ).stdout
-    names = set(re.findall(r"\(NEEDED\).*\[(.+)\]", listed)) - RUNTIME
-    return {each for each in names if not SANITIZERS.fullmatch(each)}
+    return set(re.findall(r"\(NEEDED\).*\[(.+)\]", listed)) - RUNTIME
 
 
 def symbols(binary, which):
@@ -47,6 +48,37 @@ class ThePlugIn(unittest.TestCase):
 
     def test_comes_with_a_platform_that_needs_no_toolkit(self):
         self.assertLessEqual(libraries(PLATFORM), {"libcups.so.2", "libsystemd.so.0"})
+
+
+class TheOtherBinaries(unittest.TestCase):
+    def test_the_page_library_exports_one_symbol(self):
+        self.assertEqual(symbols(PAGE, "defined"), ["cardpanelsShowPrinter"])
+
+    def test_the_module_exports_what_gtk_asks_it_for(self):
+        self.assertEqual(
+            sorted(symbols(MODULE, "defined")), ["g_module_check_init", "gtk_module_init"]
+        )
+
+    def test_the_platform_exports_its_own_and_the_records_of_its_types(self):
+        defined = symbols(PLATFORM, "defined")
+        own = re.compile(r"((typeinfo|typeinfo name|vtable) for )?cardpanels::platform::")
+        self.assertEqual([each for each in defined if not own.match(each)], [])
+        for record in ("typeinfo", "typeinfo name", "vtable"):
+            self.assertIn(f"{record} for cardpanels::platform::PrintPanel", defined)
+
+    def test_programs_export_nothing_of_ours(self):
+        for program in PROGRAMS:
+            with self.subTest(program=program.name):
+                defined = symbols(program, "defined")
+                self.assertEqual([each for each in defined if "cardpanels" in each], [])
+
+    def test_type_records_of_the_platform_are_shared(self):
+        """Each other binary takes them from the platform library, and has none of its own."""
+        for binary in (PLUG_IN, PAGE, *PROGRAMS):
+            with self.subTest(binary=binary.name):
+                shared = [each for each in symbols(binary, "undefined")
+                          if each.startswith("typeinfo for cardpanels::platform::")]
+                self.assertTrue(shared)
 
 
 if __name__ == "__main__":
