@@ -20,6 +20,7 @@ struct Option {
 class OptionList {
  public:
   OptionList() = default;
+  /// A later option of a name takes the place of an earlier one.
   explicit OptionList(const std::vector<Option>& options);
   OptionList(const OptionList&) = delete;
   OptionList& operator=(const OptionList&) = delete;

@@ -78,6 +78,7 @@ class Marks {
   /// What is marked of `option`.
   Mark mark(const ppd_option_t& option) const;
 
+  /// Whether just that, choice and value, is marked; never for no choice.
   bool isMarked(const ppd_option_t& option, const Mark& mark) const;
 
   /// What the PPD names as the option's default, which may be a value or nothing that it lists.
@@ -86,7 +87,10 @@ class Marks {
   /// Marks `mark` in place of what was marked of `option`. A custom value must be a valid one.
   void set(const ppd_option_t& option, const Mark& mark);
 
+  /// The marks of now. Points into the PPD, so it is of use only while this lives.
   Snapshot snapshot() const;
+
+  /// Marks what was marked then, the parameters' values included.
   void restore(const Snapshot& snapshot);
 
   /// Every option whose value is another than it was, in the PPD's order.

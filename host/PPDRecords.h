@@ -18,11 +18,13 @@ ppd_option_t* findOption(ppd_file_t* ppd, const std::string& key);
 /// The PPD's options, in its order.
 std::vector<ppd_option_t*> allOptions(ppd_file_t* ppd);
 
+/// The page sizes.
 std::span<ppd_size_t> sizesOf(ppd_file_t* ppd);
 
 /// Whether `option` chooses the page size: libcups treats these two as one.
 bool isPageSize(const ppd_option_t& option);
 
+/// The option's choices, the choice `Custom` among them where there is one.
 std::span<ppd_choice_t> choicesOf(const ppd_option_t& option);
 
 /// The choice of that name, in whatever case; null when the option lists none.
