@@ -21,7 +21,7 @@ PPD = ROOT / "resources" / "ppd" / "card-duplex.ppd"
 
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
-    with PrintServer() as server, user.Desktop() as desktop:
+    with PrintServer() as server, user.Desktop(theme="Adwaita") as desktop:
         server.add_queue("Badges", PPD)
         command = ["gtk3-demo", "--run=printing"]
         program = desktop.start(command, GTK_MODULES=str(MODULE), **server.env)

@@ -92,8 +92,10 @@ class Photographer:
 
     def all(self, role, hidden=False):
         """The controls of that role that show, in reading order; with `hidden` also the others."""
-        nodes = [each for each in user.descendants(self._window) if each.get_role_name() == role]
-        return [each for each in nodes if hidden or user.is_showing(each)]
+        if not hidden:
+            return user.showing(self._window, role)
+        wanted = user.role_named(role)
+        return [each for each in user.descendants(self._window) if each.get_role() == wanted]
 
     def point_at(self, node):
         """Moves the mouse onto a control until its tooltip shows, which it does once that rests."""
@@ -130,7 +132,7 @@ class Photographer:
 
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
-    with user.Desktop() as desktop:
+    with user.Desktop(theme="Adwaita") as desktop:
         for look, (language, theme, size) in LOOKS.items():
             program = desktop.start(
                 [str(CARDPRINT), "--ppd", str(PPD), "-o", OPTIONS], LANG=language, GTK_THEME=theme

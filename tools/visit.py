@@ -14,7 +14,7 @@ PPD = ROOT / "resources" / "ppd" / "card-duplex.ppd"
 
 
 def visit(arguments):
-    with user.Desktop() as desktop:
+    with user.Desktop(theme="Adwaita") as desktop:
         program = desktop.start(
             [str(ROOT / "build" / "bin" / "cardprint"), "--ppd", str(PPD), *arguments]
         )

@@ -73,9 +73,7 @@ class PrintDialog:
 
     def texts(self):
         """All texts of labels on the page Card that show."""
-        nodes = user.descendants(self.tab("Card"))
-        shown = [node for node in nodes if node.get_role_name() == "label" and user.is_showing(node)]
-        return [user.text_of(node) for node in shown]
+        return [user.text_of(each) for each in user.showing(self.tab("Card"), "label")]
 
     def wait_for_text(self, part):
         """Waits until a label on the page Card holds `part`; answers it whole."""

@@ -1,11 +1,14 @@
 #!/usr/bin/python3
-"""Judges the sources; `--format` lays them out instead.
+"""Judges the sources: `lint.py` all, `lint.py --since COMMIT` of what is compiled only what differs
+from that commit; `lint.py --format` lays them out instead.
 
-What compiles a file (clang-tidy, headers alone) remembers in build/lint/clean what it found clean,
-by the contents of all that the file includes, so that only what changed is judged again.
+What compiles a file (clang-tidy, headers alone) remembers in the user's cache what it found clean, by
+the contents of all that the file includes, so that any checkout judges again only what changed.
 """
 
+import argparse
 import concurrent.futures
+import functools
 import hashlib
 import json
 import os
@@ -21,7 +24,8 @@ import sources
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build" / "lint"
-CLEAN = BUILD / "clean"
+CACHE = pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache")
+CLEAN = CACHE / "cardpanels" / "lint"
 TIDY_SETTINGS = (".clang-tidy", "tests/.clang-tidy")
 HEADER_PACKAGES = ("gtkmm-3.0", "pugixml", "gmock")
 COUNT_OF_HIDDEN = re.compile(r"^\d+ (warnings?|errors?).* generated\.\n", re.MULTILINE)
@@ -49,9 +53,16 @@ def side_by_side(judge, subjects):
         return "".join(dict.fromkeys(each for each in found if each))
 
 
-def judged_once(path, command, text=None):
-    """What the command says of a file, unless it was clean with the same contents before."""
-    digest = hashlib.sha256(repr((command, text)).encode())
+@functools.lru_cache(maxsize=None)
+def version(program):
+    return subprocess.run([program, "--version"], check=True, capture_output=True).stdout
+
+
+def judged_once(path, command, text=None, flags=""):
+    """What the command says of a file, unless it was clean with the same contents before, wherever
+    the checkout was. `flags` are what else the command goes by."""
+    key = repr((command, text, flags)).replace(str(ROOT), "")
+    digest = hashlib.sha256(key.encode() + version(command[0]))
     for each in (*TIDY_SETTINGS, *sources.closure(ROOT, path)):
         digest.update((ROOT / each).read_bytes())
     stamp = CLEAN / digest.hexdigest()
@@ -95,7 +106,7 @@ def nothing_left_out():
     return "".join(f"{each}:1: is built by no target\n" for each in left if each not in built)
 
 
-def headers_alone():
+def headers_alone(judged):
     flags = shlex.split(
         subprocess.run(
             ["pkg-config", "--cflags", *HEADER_PACKAGES], check=True, capture_output=True, text=True
@@ -108,23 +119,29 @@ def headers_alone():
     def judge(path):
         return judged_once(path, [*base, *flags, "-x", "c++", "-"], f'#include "{path}"\n')
 
-    return side_by_side(judge, [each for each in sources.cpp_files(ROOT) if each.endswith(".h")])
+    return side_by_side(judge, [each for each in judged if each.endswith(".h")])
 
 
-def clang_tidy():
-    # The command line stands in the key: other flags judge anew.
+def clang_tidy(judged):
     commands = dict(compiled())
 
     def judge(path):
         command = ["clang-tidy", "--quiet", "-p", str(BUILD), path]
-        found = judged_once(path, [*command, f"--extra-arg=-DFLAGS_{digest_of(commands[path])}"])
-        return COUNT_OF_HIDDEN.sub("", found)
+        return COUNT_OF_HIDDEN.sub("", judged_once(path, command, flags=commands[path]))
 
-    return side_by_side(judge, sorted(commands))
+    return side_by_side(judge, sorted(set(through(judged, commands))))
 
 
-def digest_of(text):
-    return hashlib.sha256(text.encode()).hexdigest()[:16]
+def through(judged, units):
+    """The units that judge these files: themselves, and for a header one that includes it, its own
+    source if there is one."""
+    for path in judged:
+        if path in units:
+            yield path
+        elif path.endswith(".h"):
+            including = [each for each in units if path in sources.closure(ROOT, each)]
+            own = path.removesuffix(".h") + ".cpp"
+            yield from [own] if own in including else sorted(including)[:1]
 
 
 def cppcheck():
@@ -156,15 +173,26 @@ def python():
     return output_of(["pyflakes3", *sources.scripts(ROOT, "python3")])
 
 
-CHECKS = (layout, folders, nothing_left_out, shell, python, headers_alone, cppcheck, clang_tidy)
+OF_THE_WHOLE = (layout, folders, nothing_left_out, shell, python, cppcheck)
+OF_EACH_FILE = (headers_alone, clang_tidy)
 
 
-def lint():
+def different_from(commit):
+    """The C++ files that are not as they were in the commit."""
+    git = ["git", "-C", str(ROOT)]
+    for command in ([*git, "diff", "--name-only", commit], [*git, "ls-files", "--others"]):
+        yield from subprocess.run(command, check=True, capture_output=True, text=True).stdout.split()
+
+
+def lint(since):
     forget_the_old()
+    judged = set(sources.cpp_files(ROOT))
+    if since:
+        judged &= set(different_from(since))
     clean = True
-    for check in CHECKS:
+    for check in (*OF_THE_WHOLE, *OF_EACH_FILE):
         start = time.monotonic()
-        found = check()
+        found = check(judged) if check in OF_EACH_FILE else check()
         clean = clean and not found
         name = check.__name__.replace("_", " ")
         verdict = "FAILED" if found else "clean"
@@ -173,9 +201,13 @@ def lint():
 
 
 def main():
-    if sys.argv[1:] == ["--format"]:
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--format", action="store_true")
+    parser.add_argument("--since", metavar="COMMIT")
+    arguments = parser.parse_args()
+    if arguments.format:
         return bool(output_of(["clang-format", "-i", *sources.cpp_files(ROOT)]))
-    return lint()
+    return lint(arguments.since)
 
 
 if __name__ == "__main__":

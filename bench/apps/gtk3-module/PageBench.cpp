@@ -10,10 +10,10 @@
 #include <string>
 
 #include "apps/gtk3-module/GtkPrintDialog.h"
-#include "bench/support/Display.h"
 #include "bench/support/Ratios.h"
 #include "dialog/DialogSession.h"
 #include "ports/gtk3/GtkBundle.h"
+#include "tests/support/Display.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
@@ -124,7 +124,7 @@ BENCHMARK(pageGetsReady)->UseManualTime();
 }  // namespace
 
 int main(int argc, char** argv) {
-  const bench::Display display;
+  const test::Display display;
   gtk_init(&argc, &argv);
   Gtk::Main::init_gtkmm_internals();
   return bench::runWithRatios(argc, argv, {{"pageGetsReady", "dialogBuildsItsControls", 0.5}});

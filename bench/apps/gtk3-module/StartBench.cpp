@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "bench/support/Display.h"
+#include "tests/support/Display.h"
 
 // What the module adds to the start of a GTK program: processor time until its first window shows,
 // and memory that is the process' own then.
@@ -79,7 +79,7 @@ struct Least {
 
 int main(int argc, char** argv) {
   if (argc > 1 && std::strcmp(argv[1], "--start") == 0) return start();
-  const cardpanels::bench::Display display;
+  const cardpanels::test::Display display;
   Least without;
   Least with;
   for (int i = 0; i < kRuns; ++i) {
