@@ -20,6 +20,9 @@ std::vector<std::string> fields;
 
 }  // namespace
 
+// Seen by the platform library, in place of those of the system.
+#pragma GCC visibility push(default)
+
 extern "C" int sd_journal_sendv_with_location(const char* /*file*/, const char* /*line*/,
                                               const char* /*function*/, const iovec* parts,
                                               int count) {
@@ -39,6 +42,8 @@ extern "C" void syslog(int priority, const char* format, ...) {
   fields = {std::string("MESSAGE=") + text.data(), "PRIORITY=" + std::to_string(LOG_PRI(priority)),
             std::string("SYSLOG_IDENTIFIER=") + program_invocation_short_name};
 }
+
+#pragma GCC visibility pop
 
 namespace cardpanels::platform {
 namespace {
