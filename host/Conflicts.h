@@ -4,39 +4,22 @@
 
 #include <vector>
 
+#include "host/Marks.h"
+
+/// What the PPD's constraints say about the marks as they are.
 namespace cardpanels::host {
 
-/// Takes an option's marks away for its own life.
-class HiddenMark {
- public:
-  HiddenMark(ppd_file_t* ppd, ppd_option_t& option);
-  ~HiddenMark();
-  HiddenMark(const HiddenMark&) = delete;
-  HiddenMark& operator=(const HiddenMark&) = delete;
+/// How many constraints are violated.
+int conflictCount(const Marks& marks);
 
- private:
-  ppd_file_t* ppd_;
-  std::vector<ppd_choice_t*> choices_;
-  std::vector<ppd_size_t*> sizes_;
-};
+/// How many of them `option` takes part in.
+int conflictCount(const Marks& marks, const ppd_option_t& option);
 
-/// Takes an option's marks away.
-void clearMark(ppd_file_t* ppd, ppd_option_t& option);
+/// The options that share a violated constraint with `option`, in the PPD's order. A conflict among
+/// other options does not count.
+std::vector<ppd_option_t*> conflictsWith(const Marks& marks, const ppd_option_t& option);
 
-/// How many constraints that the marks violate now `option` takes part in.
-int conflictCount(ppd_file_t* ppd, ppd_option_t& option);
-
-/// The options that share a constraint with `option` which the marks violate now, in the PPD's
-/// order. A conflict among other options does not count.
-std::vector<ppd_option_t*> conflictsWith(ppd_file_t* ppd, ppd_option_t& option);
-
-/// Every option that the marks bring into a conflict.
-std::vector<ppd_option_t*> conflictedOptions(ppd_file_t* ppd);
-
-/// The PPD's options, in its order.
-std::vector<ppd_option_t*> allOptions(ppd_file_t* ppd);
-
-/// Whether `option` chooses the page size: libcups treats these two as one.
-bool isPageSize(const ppd_option_t& option);
+/// Every option that takes part in a conflict, in the PPD's order.
+std::vector<ppd_option_t*> conflictedOptions(const Marks& marks);
 
 }  // namespace cardpanels::host

@@ -2,6 +2,7 @@
 
 #include <cups/cups.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -12,6 +13,7 @@
 
 #include "host/Error.h"
 #include "host/JobOption.h"
+#include "host/PPDRecords.h"
 #include "platform/ASCII.h"
 #include "platform/CustomPrefix.h"
 #include "platform/Messages.h"
@@ -27,15 +29,6 @@ using platform::kCustomPrefix;
 using platform::startsIgnoringCase;
 
 constexpr float kPointTolerance = 0.01F;  // 54mm is not exactly representable in points
-
-std::vector<ppd_cparam_t*> parametersOf(ppd_coption_t* custom) {
-  std::vector<ppd_cparam_t*> parameters;
-  for (auto* each = ppdFirstCustomParam(custom); each != nullptr;
-       each = ppdNextCustomParam(custom)) {
-    parameters.push_back(each);
-  }
-  return parameters;
-}
 
 template <typename Number>
 std::string numberText(Number number) {
@@ -172,10 +165,6 @@ class ParameterCheck {
   std::string_view value_;
 };
 
-std::string titleOf(const ppd_option_t& option) {
-  return option.text[0] != '\0' ? option.text : option.keyword;
-}
-
 std::string withoutPrefix(std::string_view text) {
   if (startsIgnoringCase(text, kCustomPrefix)) text.remove_prefix(kCustomPrefix.size());
   return std::string(text);
@@ -217,7 +206,7 @@ std::string inBraces(std::string_view value) {
   return plain ? std::string(value) : platform::quoted(value);
 }
 
-std::string checkedMembers(const ppd_option_t& option, ppd_coption_t* custom,
+std::string checkedMembers(const ppd_option_t& option, const std::vector<ppd_cparam_t*>& parameters,
                            const std::string& value) {
   if (!isInBraces(value)) {
     throw Error(filled(_("“{option}” takes several values: write them as {Name=value Name=value}."),
@@ -225,18 +214,22 @@ std::string checkedMembers(const ppd_option_t& option, ppd_coption_t* custom,
   }
   const OptionList members = OptionList::parsed(value);
   for (const Option& member : members.options()) {
-    if (ppdFindCustomParam(custom, member.key.c_str()) != nullptr) continue;
+    const bool known =
+        std::any_of(parameters.begin(), parameters.end(), [&](const ppd_cparam_t* parameter) {
+          return equalIgnoringCase(parameter->name, member.key);
+        });
+    if (known) continue;
     throw Error(filled(_("“{option}” has no value of the name {name}."),
                        {{"option", titleOf(option)}, {"name", platform::onOneLine(member.key)}}));
   }
   std::string text;
-  for (const ppd_cparam_t* parameter : parametersOf(custom)) {
+  for (const ppd_cparam_t* parameter : parameters) {
     const auto member = members.value(parameter->name);
     if (!member) {
       throw Error(filled(_("“{option}” needs a value of the name {name}."),
                          {{"option", titleOf(option)}, {"name", parameter->name}}));
     }
-    const std::string title = titleOf(option) + ": " + parameter->text;
+    const std::string title = std::string(titleOf(option)) + ": " + parameter->text;
     ParameterCheck(title, *parameter, *member).run();
     if (member->find_first_of("{}") != std::string::npos) {  // libcups counts them, even quoted
       throw Error(filled(_("“{option}” cannot hold braces."), {{"option", title}}));
@@ -257,21 +250,15 @@ std::string withoutBraces(const std::string& text, const ppd_cparam_t& parameter
 
 }  // namespace
 
-int parameterCount(ppd_file_t* ppd, const ppd_option_t& option) {
-  ppd_coption_t* const custom = ppdFindCustomOption(ppd, option.keyword);
-  return custom == nullptr ? 0 : static_cast<int>(parametersOf(custom).size());
-}
-
 std::string checkedCustomValue(ppd_file_t* ppd, const ppd_option_t& option, std::string_view text) {
-  ppd_coption_t* const custom = ppdFindCustomOption(ppd, option.keyword);
-  const auto parameters = custom == nullptr ? std::vector<ppd_cparam_t*>() : parametersOf(custom);
+  const auto parameters = parametersOf(ppd, option);
   if (parameters.empty()) {
     throw Error(
         filled(_("“{option}” takes no value of one's own."), {{"option", titleOf(option)}}));
   }
   const std::string value = withoutPrefix(text);
   if (equalIgnoringCase(option.keyword, "PageSize")) return checkedPageSize(ppd, option, value);
-  if (parameters.size() > 1) return checkedMembers(option, custom, value);
+  if (parameters.size() > 1) return checkedMembers(option, parameters, value);
   const std::string only = withoutBraces(value, *parameters.front());
   ParameterCheck(titleOf(option), *parameters.front(), only).run();
   return std::string(kCustomPrefix) + only;

@@ -7,9 +7,6 @@
 
 namespace cardpanels::host {
 
-/// The parameters of `option`, 0 when it takes no custom values.
-int parameterCount(ppd_file_t* ppd, const ppd_option_t& option);
-
 /// The custom value `text` of `option` in the form that a job carries: `Custom.` and the value for
 /// one parameter and for page sizes (`Custom.2x3.5in`), `{Name=value Name="a b"}` for several.
 /// `text` may come with or without `Custom.`, and in braces. Throws `Error` with a sentence for the

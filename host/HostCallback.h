@@ -20,7 +20,7 @@ class HostCallback : public platform::CallbackObject {
   explicit HostCallback(JobOptions& job) : job_(job) {}
 
   ppd_file_t* ppdFile() override { return job_.ppd(); }
-  std::string className() const override { return "HostCallback"; }
+  std::string_view className() const override { return "HostCallback"; }
 
  protected:
   JobOptions& job() { return job_; }

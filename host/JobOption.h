@@ -20,6 +20,7 @@ struct Option {
 class OptionList {
  public:
   OptionList() = default;
+  /// A later option of a name takes the place of an earlier one.
   explicit OptionList(const std::vector<Option>& options);
   OptionList(const OptionList&) = delete;
   OptionList& operator=(const OptionList&) = delete;
@@ -33,11 +34,13 @@ class OptionList {
   /// Adds `option`, in place of an earlier one of that name.
   void set(const Option& option);
 
+  /// Takes the option of that name, in whatever case, out; does nothing when there is none.
   void remove(const std::string& key);
 
   /// The value of `key`, or nothing.
   platform::Text value(const std::string& key) const;
 
+  /// All of the list, in its order.
   std::vector<Option> options() const;
 
   /// For libcups' functions, which change both.

@@ -2,13 +2,12 @@
 
 #include <cups/ppd.h>
 
-#include <map>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "host/JobOption.h"
+#include "host/Marks.h"
 #include "host/PPDFile.h"
 #include "platform/Text.h"
 
@@ -31,20 +30,15 @@ struct ChangeResult {
 /// Whether a change request may undo values that the user gave other options.
 enum class Losing { refused, allowed };
 
-/// The PPD options of one print job: the host's marks, its rules, and the job's option list.
-///
-/// The value of an option with parameters (`Custom.…`, `{…}`) is kept here in full. In the PPD the
-/// record of the choice `Custom` carries that value as its name, since that is where panels look;
-/// where it does not fit (40 bytes) the record keeps its own name and `longValues` tells the value.
-/// libcups itself looks for a choice of the name `Custom`, so every member function here gives the
-/// records their own names back while it works.
+/// The PPD options of one print job: the host's rules over the marks of the PPD, and the job's
+/// option list. Between calls, panels read the marks off the PPD as `Marks` tells.
 class JobOptions {
  public:
   /// Takes the PPD and marks its defaults.
   explicit JobOptions(PPDFile ppd);
 
   /// The PPD with the marks; owned by this.
-  ppd_file_t* ppd() const { return ppd_.get(); }
+  ppd_file_t* ppd() const { return marks_.ppd(); }
 
   /// Asks for `choice` of `key`: a choice's keyword, `Custom.` and a value, or the bare value of an
   /// option with one parameter; the empty text, `Default` and `0in 0in 0in 0in` mark the default
@@ -72,7 +66,7 @@ class JobOptions {
   platform::Text marked(const std::string& key) const;
 
   /// The values that do not fit into the PPD's records, by option.
-  std::vector<Option> longValues() const;
+  std::vector<Option> longValues() const { return marks_.longValues(); }
 
   /// What the job carries: every option whose mark is not the PPD's default or that the job or the
   /// saved options set, in the PPD's order. Asking for no area where there is none sets nothing.
@@ -81,6 +75,7 @@ class JobOptions {
   /// The conflicts among the marks as they are, a sentence each, by titles; empty without any.
   std::string conflicts() const;
 
+  /// Whether the PPD has the option, in whatever case.
   bool hasOption(const std::string& key) const;
 
   /// The titles for people; the keywords when there are none, and a custom value as it was typed.
@@ -88,43 +83,11 @@ class JobOptions {
   std::string choiceTitle(const std::string& key, const std::string& choice) const;
 
  private:
-  /// What is, or shall be, marked of an option: a choice, none, or the choice `Custom` and a value.
-  struct Mark {
-    ppd_choice_t* choice = nullptr;
-    std::string custom;
-  };
-  /// All marks, to go back to.
-  struct Marks;
-  class OwnNames;
-
-  ppd_option_t* find(const std::string& key) const;
   ppd_option_t& found(const std::string& key) const;
-  Mark markFor(ppd_option_t& option, const std::string& text) const;
-  Mark defaultMark(ppd_option_t& option) const;
-  bool isNoValue(ppd_option_t& option, const std::string& text) const;
-  platform::Text value(const ppd_option_t& option) const;
-  std::string title(const ppd_option_t& option, const std::string& choice) const;
+  ChangeResult change(const ppd_option_t& option, const Mark& wanted, Losing losing);
 
-  bool hasValue(const ppd_option_t& option, std::string_view value) const;
-  bool isMarked(const ppd_option_t& option, const Mark& mark) const;
-  ChangeResult change(ppd_option_t& option, const Mark& wanted, Losing losing);
-  void set(ppd_option_t& option, const Mark& mark);
-  Marks marks() const;
-  void restore(const Marks& marks);
-  std::vector<Option> changesSince(const Marks& marks, const ppd_option_t& first) const;
-
-  bool resolve(ppd_option_t& option, const std::vector<ppd_option_t*>& partners);
-  bool applyResolution(ppd_option_t& option);
-  bool resolveCollate(ppd_option_t& option);
-  std::string refusal(const ppd_option_t& option, const std::string& choice,
-                      const std::vector<ppd_option_t*>& partners) const;
-  std::string lossSince(const Marks& marks, const ppd_option_t& option) const;
-  std::string explanation(const ppd_option_t& option, const std::vector<Option>& changes,
-                          const Marks& before) const;
-
-  PPDFile ppd_;
-  std::map<const ppd_option_t*, Mark> custom_;  // what is marked with a value of its own
-  std::set<const ppd_option_t*> set_;           // what the job or the saved options set
+  Marks marks_;
+  std::set<const ppd_option_t*> set_;  // what the job or the saved options set
 };
 
 }  // namespace cardpanels::host

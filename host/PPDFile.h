@@ -10,6 +10,7 @@ namespace cardpanels::host {
 struct PPDCloser {
   void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }
 };
+/// Owns an open PPD.
 using PPDFile = std::unique_ptr<ppd_file_t, PPDCloser>;
 
 /// Opens the PPD at `path` (plain or gzip), with its texts in the user's language. Checks what the

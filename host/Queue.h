@@ -16,6 +16,7 @@ struct QueueName {
 
   /// Reads `QUEUE` or `QUEUE/INSTANCE`.
   static QueueName parse(const std::string& text);
+  /// The name as `parse` reads it.
   std::string text() const;
   bool operator==(const QueueName&) const = default;
 };

@@ -29,19 +29,19 @@ class Array final : public Object {
   /// Takes every element that equals `element` out.
   void remove(const Element& element) { std::erase(elements_, element); }
 
-  std::string className() const override { return "Array"; }
+  std::string_view className() const override { return "Array"; }
 
-  std::string description() const override {
-    std::string text = "(";
-    for (const Element& element : elements_) {
-      if (text.size() > 1) text += ", ";
-      text += quotedUnlessPlain(elementText(element));
+  void appendDescription(std::string& out) const override {
+    out += '(';
+    for (std::size_t i = 0; i < elements_.size(); ++i) {
+      if (i > 0) out += ", ";
+      appendQuotedUnlessPlain(out, elementText(elements_[i]));
     }
-    return text + ")";
+    out += ')';
   }
 
  private:
-  static std::string elementText(const std::string& element) { return element; }
+  static const std::string& elementText(const std::string& element) { return element; }
   template <class Item>
   static std::string elementText(const std::shared_ptr<Item>& element) {
     return element ? element->description() : "(null)";

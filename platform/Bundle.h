@@ -9,7 +9,8 @@
 
 namespace cardpanels::platform {
 
-/// The plug-in's resources, and through them the host's toolkit.
+/// The plug-in's resources, and through them the host's toolkit. Called on the dialog's thread
+/// only.
 class Bundle : public Object {
  public:
   ~Bundle() override;

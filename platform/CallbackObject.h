@@ -7,7 +7,7 @@
 namespace cardpanels::platform {
 
 /// The host as the panels see it. A host with constraint handling also derives from
-/// `ConstraintHandling`.
+/// `ConstraintHandling`. Both are called on the dialog's thread only.
 class CallbackObject : public Object {
  public:
   ~CallbackObject() override;

@@ -23,12 +23,15 @@ Text Dictionary::valueForKey(const std::string& key) const {
   return std::nullopt;
 }
 
-std::string Dictionary::description() const {
-  std::string text = "{";
+void Dictionary::appendDescription(std::string& out) const {
+  out += '{';
   for (const auto& [key, value] : entries_) {
-    text += quotedUnlessPlain(key) + " = " + quotedUnlessPlain(value) + "; ";
+    appendQuotedUnlessPlain(out, key);
+    out += " = ";
+    appendQuotedUnlessPlain(out, value);
+    out += "; ";
   }
-  return text + "}";
+  out += '}';
 }
 
 }  // namespace cardpanels::platform

@@ -29,8 +29,8 @@ class Dictionary final : public Object {
   auto begin() const { return entries_.begin(); }
   auto end() const { return entries_.end(); }
 
-  std::string className() const override { return "Dictionary"; }
-  std::string description() const override;
+  std::string_view className() const override { return "Dictionary"; }
+  void appendDescription(std::string& out) const override;
 
  private:
   std::vector<Entry> entries_;

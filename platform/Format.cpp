@@ -9,7 +9,6 @@ namespace cardpanels::platform {
 namespace {
 
 constexpr std::string_view kAbsent = "(null)";
-constexpr std::size_t kRoomForArguments = 200;
 
 struct Conversion {
   bool leftJustified = false;
@@ -20,14 +19,13 @@ struct Conversion {
   char specifier = '\0';
 };
 
+/// Leaves alone what stands in `out` already: a description formats into the text that it is for.
 class Formatter {
  public:
-  Formatter(std::string_view format, std::span<const Argument> arguments)
-      : rest_(format), arguments_(arguments) {
-    out_.reserve(format.size() + kRoomForArguments);
-  }
+  Formatter(std::string& out, std::string_view format, std::span<const Argument> arguments)
+      : out_(out), rest_(format), arguments_(arguments) {}
 
-  std::string run() {
+  void run() {
     for (;;) {
       const std::size_t percent = rest_.find('%');
       if (percent == std::string_view::npos) break;
@@ -36,7 +34,6 @@ class Formatter {
       convertOne();
     }
     out_ += rest_;
-    return std::move(out_);
   }
 
  private:
@@ -53,7 +50,7 @@ class Formatter {
       case '%': out_ += '%'; break;
       case '@': putObject(conversion); break;
       case 's': putText(conversion, textOf(take(), Argument::Kind::cString)); break;
-      case 'p': putText(conversion, addressText(takePointer())); break;
+      case 'p': putPointer(conversion); break;
       case 'i': putInteger(conversion, takeInteger()); break;
       default:
         next_ = argumentBefore;
@@ -135,17 +132,34 @@ class Formatter {
   void putObject(const Conversion& conversion) {
     const Argument* argument = take();
     if (argument != nullptr && argument->object() != nullptr) {
-      putText(conversion, argument->object()->description());
+      const std::size_t start = out_.size();
+      argument->object()->appendDescription(out_);
+      fit(conversion, start);
     } else {
       putText(conversion, textOf(argument, Argument::Kind::text));
     }
   }
 
   void putText(const Conversion& conversion, std::string_view text) {
-    if (conversion.precision && static_cast<std::size_t>(*conversion.precision) < text.size()) {
-      text = wholeCharacters(text, static_cast<std::size_t>(*conversion.precision));
+    const std::size_t start = out_.size();
+    out_ += text;
+    fit(conversion, start);
+  }
+
+  void putPointer(const Conversion& conversion) {
+    const std::size_t start = out_.size();
+    appendAddress(out_, takePointer());
+    fit(conversion, start);
+  }
+
+  /// Cuts the text from `start` on to the conversion's precision, and pads it to its width.
+  void fit(const Conversion& conversion, std::size_t start) {
+    if (conversion.precision) {
+      const std::string_view text = std::string_view(out_).substr(start);
+      const auto precision = static_cast<std::size_t>(*conversion.precision);
+      if (precision < text.size()) out_.resize(start + wholeCharacters(text, precision).size());
     }
-    pad(conversion, text);
+    pad(conversion, start);
   }
 
   /// The first `bytes` bytes of `text`, without a character of it cut in two.
@@ -163,12 +177,12 @@ class Formatter {
     std::array<char, 24> digits{};
     const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     std::string_view number(digits.data(), static_cast<std::size_t>(end - digits.data()));
-    std::string text;
+    const std::size_t start = out_.size();
     if (value < 0) {
-      text = "-";
+      out_ += '-';
       number.remove_prefix(1);
     } else if (conversion.sign != '\0') {
-      text = conversion.sign;
+      out_ += conversion.sign;
     }
     std::size_t digitCount = number.size();
     if (conversion.precision) {
@@ -176,39 +190,51 @@ class Formatter {
       if (*conversion.precision == 0 && value == 0) digitCount = 0, number = {};
     } else if (conversion.zeroPadded && !conversion.leftJustified) {
       const auto width = static_cast<std::size_t>(conversion.width);
-      digitCount = std::max(digitCount, width - std::min(width, text.size()));
+      digitCount = std::max(digitCount, width - std::min(width, out_.size() - start));
     }
-    text.append(digitCount - number.size(), '0');
-    text += number;
-    pad(conversion, text);
+    out_.append(digitCount - number.size(), '0');
+    out_ += number;
+    pad(conversion, start);
   }
 
-  void pad(const Conversion& conversion, std::string_view text) {
+  void pad(const Conversion& conversion, std::size_t start) {
     const auto width = static_cast<std::size_t>(conversion.width);
-    const std::size_t missing = width > text.size() ? width - text.size() : 0;
-    if (!conversion.leftJustified) out_.append(missing, ' ');
-    out_ += text;
-    if (conversion.leftJustified) out_.append(missing, ' ');
+    const std::size_t length = out_.size() - start;
+    if (length >= width) return;
+    out_.insert(conversion.leftJustified ? out_.size() : start, width - length, ' ');
   }
 
+  std::string& out_;
   std::string_view rest_;
   std::span<const Argument> arguments_;
   std::size_t next_ = 0;
-  std::string out_;
 };
 
 }  // namespace
 
 std::string formatted(std::string_view format, std::span<const Argument> arguments) {
-  return Formatter(format, arguments).run();
+  std::string text;
+  appendFormatted(text, format, arguments);
+  return text;
+}
+
+void appendFormatted(std::string& out, std::string_view format,
+                     std::span<const Argument> arguments) {
+  Formatter(out, format, arguments).run();
 }
 
 std::string addressText(const void* address) {
+  std::string text;
+  appendAddress(text, address);
+  return text;
+}
+
+void appendAddress(std::string& out, const void* address) {
   std::array<char, 2 + 2 * sizeof(void*)> digits{'0', 'x'};
-  const char* const end = std::to_chars(digits.data() + 2, digits.data() + digits.size(),
-                                        reinterpret_cast<std::uintptr_t>(address), 16)
-                              .ptr;
-  return {digits.data(), static_cast<std::size_t>(end - digits.data())};
+  char* const end = std::to_chars(digits.data() + 2, digits.data() + digits.size(),
+                                  reinterpret_cast<std::uintptr_t>(address), 16)
+                        .ptr;
+  out.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
 }
 
 }  // namespace cardpanels::platform

@@ -62,10 +62,17 @@ class Argument {
 /// than `kMaximumFieldWidth` characters by its width or precision.
 std::string formatted(std::string_view format, std::span<const Argument> arguments);
 
+/// Appends what `formatted` answers.
+void appendFormatted(std::string& out, std::string_view format,
+                     std::span<const Argument> arguments);
+
 /// The most characters that ISO C lets a program count on from one conversion.
 constexpr int kMaximumFieldWidth = 4095;
 
 /// `address` as `%p` prints it: `0x` and lower-case hexadecimal digits, `0x0` for null.
 std::string addressText(const void* address);
+
+/// Appends what `addressText` answers.
+void appendAddress(std::string& out, const void* address);
 
 }  // namespace cardpanels::platform

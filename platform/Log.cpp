@@ -12,13 +12,18 @@
 #include <ctime>
 #include <utility>
 
+#include "platform/ReusedText.h"
+
 namespace cardpanels::platform {
 namespace {
+
+/// A job writes a hundred lines and more: of use when something looks wrong.
+constexpr int kPriority = LOG_DEBUG;
 
 class SyslogSink final : public LogSink {
  public:
   void writeLine(std::string_view line) override {
-    syslog(LOG_USER | LOG_INFO, "%.*s", static_cast<int>(line.size()), line.data());
+    syslog(LOG_USER | kPriority, "%.*s", static_cast<int>(line.size()), line.data());
   }
 };
 
@@ -34,7 +39,7 @@ class JournalSink final : public LogSink {
   static iovec entry(std::string& text) { return {text.data(), text.size()}; }
 
   std::string field_;
-  std::string priority_ = "PRIORITY=6";
+  std::string priority_ = "PRIORITY=" + std::to_string(kPriority);
   std::string identifier_ = std::string("SYSLOG_IDENTIFIER=") + program_invocation_short_name;
 };
 
@@ -114,7 +119,10 @@ Log& theLog() {
 LogSink::~LogSink() = default;
 
 void NSLogv(std::string_view format, std::span<const Argument> arguments) {
-  theLog().writeLine(onOneLine(formatted(format, arguments)));
+  const ReusedText line;
+  appendFormatted(*line, format, arguments);
+  *line = onOneLine(std::move(*line));
+  theLog().writeLine(*line);
 }
 
 std::shared_ptr<LogSink> setLogSink(std::shared_ptr<LogSink> sink) {

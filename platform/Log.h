@@ -10,7 +10,7 @@
 namespace cardpanels::platform {
 
 /// Writes `arguments` in the places of `format` (see `formatted`) to the log, as one line whatever
-/// the texts hold.
+/// the texts hold. Called on the dialog's thread.
 void NSLogv(std::string_view format, std::span<const Argument> arguments);
 
 /// Where log lines go.

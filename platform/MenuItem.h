@@ -33,7 +33,7 @@ class MenuItem final : public Object {
   void setRepresentedObject(std::shared_ptr<Object> object);
   const std::shared_ptr<Object>& representedObject() const { return representedObject_; }
 
-  std::string className() const override { return "MenuItem"; }
+  std::string_view className() const override { return "MenuItem"; }
 
  private:
   Text title_;

@@ -34,7 +34,7 @@ Text connectNib(NibOwner& owner, const NibContents& contents) {
   if (!problem) {
     for (const auto& [id, view] : contents.viewsById) {
       if (owner.outletNamed(id)->connect(owner, view)) continue;
-      problem = "the outlet " + quoted(id) + " does not take a " + view->className();
+      problem = "the outlet " + quoted(id) + " does not take a " + std::string(view->className());
       break;
     }
     if (problem) {

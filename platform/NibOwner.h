@@ -78,22 +78,29 @@ struct MemberOf;
 template <class OwnerType, class ValueType>
 struct MemberOf<ValueType OwnerType::*> {
   using Owner = OwnerType;
-  using View = typename ValueType::element_type;
 };
+template <class Member>
+using OwnerOf = typename MemberOf<Member>::Owner;
 
 }  // namespace detail
+
+/// Puts `view` into `place`, a strong or weak pointer to some kind of view; false when it is for
+/// another kind.
+template <class Pointer>
+bool connectTo(Pointer& place, const std::shared_ptr<View>& view) {
+  const auto fitting = std::dynamic_pointer_cast<typename Pointer::element_type>(view);
+  if (view && !fitting) return false;
+  place = fitting;
+  return true;
+}
 
 /// The row of an outlet that fills `member`, a strong or weak pointer to some kind of view.
 template <auto member>
 constexpr Outlet outlet(std::string_view name) {
-  using Member = detail::MemberOf<decltype(member)>;
-  using Owner = typename Member::Owner;
+  using Owner = detail::OwnerOf<decltype(member)>;
   return {name,
           [](NibOwner& owner, const std::shared_ptr<View>& view) {
-            const auto fitting = std::dynamic_pointer_cast<typename Member::View>(view);
-            if (view && !fitting) return false;
-            static_cast<Owner&>(owner).*member = fitting;
-            return true;
+            return connectTo(static_cast<Owner&>(owner).*member, view);
           },
           [](const NibOwner& owner) -> std::shared_ptr<View> {
             return held(static_cast<const Owner&>(owner).*member);

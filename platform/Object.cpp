@@ -16,10 +16,16 @@ Object::~Object() {
 
 EndObserver setEndObserver(EndObserver observer) { return std::exchange(endObserver, observer); }
 
+void Object::appendDescription(std::string& out) const {
+  out.append("<").append(className()).append(": ");
+  appendAddress(out, this);
+  out += '>';
+}
+
 std::string Object::description() const {
   std::string text;
-  text.reserve(64);
-  return text.append("<").append(className()).append(": ").append(addressText(this)).append(">");
+  appendDescription(text);
+  return text;
 }
 
 }  // namespace cardpanels::platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace cardpanels::platform {
 
@@ -12,11 +13,16 @@ class Object {
   Object& operator=(const Object&) = delete;
   virtual ~Object();
 
-  /// The class's name as the trace log shows it.
-  virtual std::string className() const = 0;
+  /// The class's name as the trace log shows it, a literal.
+  virtual std::string_view className() const = 0;
 
-  /// One line that tells this object from others: `<Class: 0x…>` unless a class says more.
-  virtual std::string description() const;
+  /// Appends one line that tells this object from others: `<Class: 0x…>` unless a class says more.
+  /// May log.
+  virtual void appendDescription(std::string& out) const;
+
+  /// What `appendDescription` appends. A class that says more overrides that one, so that the log
+  /// and this cannot differ.
+  virtual std::string description() const final;
 };
 
 /// Is told the address of each object that ends.

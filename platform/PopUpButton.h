@@ -15,6 +15,8 @@ class PopUpButton : public View {
   ~PopUpButton() override;
 
   virtual void removeAllItems() = 0;
+
+  /// The button's menu, which the button keeps: the same one at every call. Empty when it has none.
   virtual std::shared_ptr<Menu> menu() = 0;
 
   /// The selected item counted from 0, -1 when none is.

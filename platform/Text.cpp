@@ -33,6 +33,27 @@ bool isC1Control(std::string_view character) {
          static_cast<unsigned char>(character[1]) < 0xA0;
 }
 
+/// `text` from its first character that a line shows escaped; empty when there is none.
+std::string_view afterPrintable(std::string_view text) {
+  for (;;) {
+    const auto* const ascii =
+        std::find_if_not(text.begin(), text.end(), [](char c) { return c >= ' ' && c < '\x7F'; });
+    text.remove_prefix(static_cast<std::size_t>(ascii - text.begin()));
+    const std::size_t length = utf8CharacterLength(text);
+    if (length < 2 || isC1Control(text.substr(0, length))) return text;
+    text.remove_prefix(length);
+  }
+}
+
+void appendQuoted(std::string& out, std::string_view text) {
+  out += '"';
+  for (const char c : text) {
+    if (c == '"' || c == '\\') out += '\\';
+    out += c;
+  }
+  out += '"';
+}
+
 }  // namespace
 
 Text stringWithCString(const char* bytes, StringEncoding encoding) {
@@ -87,40 +108,38 @@ bool isASCII(std::string_view bytes) {
 }
 
 std::string onOneLine(std::string whole) {
-  std::string_view text = whole;
-  const auto printable = [](char c) { return c >= ' ' && c < '\x7F'; };
-  // Nearly every line is plain: counted without a way out in between, which is quicker.
-  if (std::all_of(text.begin(), text.end(), printable)) return whole;
+  std::string_view rest = afterPrintable(whole);
+  if (rest.empty()) return whole;
   std::string line;
-  line.reserve(text.size() + 16);
-  while (!text.empty()) {
-    const std::size_t length = utf8CharacterLength(text);
-    const std::string_view character = text.substr(0, std::max<std::size_t>(length, 1));
-    text.remove_prefix(character.size());
-    const bool escaped =
-        length == 1 ? !printable(character[0]) : length == 0 || isC1Control(character);
-    if (!escaped) {
-      line += character;
-    } else if (!appendNamedEscape(line, character[0])) {
+  line.reserve(whole.size() + 16);
+  line.append(whole, 0, whole.size() - rest.size());
+  while (!rest.empty()) {
+    const std::string_view character =
+        rest.substr(0, std::max<std::size_t>(utf8CharacterLength(rest), 1));
+    if (!appendNamedEscape(line, character[0])) {
       for (const char c : character) appendHex(line, static_cast<unsigned char>(c));
     }
+    rest.remove_prefix(character.size());
+    const std::string_view next = afterPrintable(rest);
+    line.append(rest, 0, rest.size() - next.size());
+    rest = next;
   }
   return line;
 }
 
 std::string quoted(std::string_view text) {
-  std::string result = "\"";
-  for (const char c : text) {
-    if (c == '"' || c == '\\') result += '\\';
-    result += c;
-  }
-  result += '"';
+  std::string result;
+  appendQuoted(result, text);
   return result;
 }
 
-std::string quotedUnlessPlain(std::string_view text) {
+void appendQuotedUnlessPlain(std::string& out, std::string_view text) {
   const bool plain = !text.empty() && std::all_of(text.begin(), text.end(), isPlain);
-  return plain ? std::string(text) : quoted(text);
+  if (plain) {
+    out += text;
+  } else {
+    appendQuoted(out, text);
+  }
 }
 
 }  // namespace cardpanels::platform

@@ -29,14 +29,15 @@ std::size_t utf8CharacterLength(std::string_view bytes);
 /// Whether `bytes` is plain ASCII.
 bool isASCII(std::string_view bytes);
 
-/// `whole` on one line: control characters as backslash escapes, stray bytes as `\xNN`.
+/// `whole` on one line: control characters as backslash escapes, stray bytes as `\xNN`. Where there
+/// are none, `whole` itself.
 std::string onOneLine(std::string whole);
 
 /// `text` in double quotes, with `"` and `\` escaped by a backslash.
 std::string quoted(std::string_view text);
 
-/// `text` as an element of a collection's description: as it stands when it is made of ASCII
-/// letters and digits, else `quoted`.
-std::string quotedUnlessPlain(std::string_view text);
+/// Appends `text` as an element of a collection's description: as it stands when it is made of
+/// ASCII letters and digits, else `quoted`.
+void appendQuotedUnlessPlain(std::string& out, std::string_view text);
 
 }  // namespace cardpanels::platform

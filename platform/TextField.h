@@ -12,6 +12,7 @@ class TextField : public View {
  public:
   ~TextField() override;
 
+  /// The text as it stands in the field now, UTF-8; "" when there is none.
   virtual std::string stringValue() const = 0;
 
   /// Shows `text`, nothing when it is absent.

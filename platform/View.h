@@ -7,7 +7,8 @@
 
 namespace cardpanels::platform {
 
-/// Something that a panel shows. A loaded view owns the controls inside it.
+/// Something that a panel shows. A loaded view owns the controls inside it. Used on the dialog's
+/// thread only.
 class View : public Object {
  public:
   ~View() override;

@@ -33,7 +33,6 @@ constexpr struct {
 } kPanels[] = {
     {create<RibbonPanelsPDE>,
      "Creating PDE of type kPrinterModuleTypeIDStr(%@) RibbonPanelsPDE (%p)"},
-    // The text is not the class's name; that is meant.
     {create<UltravioletPDE>,
      "Creating PDE of type kPrinterModuleTypeIDStr(%@) UltravioletPanelPDE (%p)"},
     {create<PeelOffPanelPDE>,

@@ -22,7 +22,7 @@ class ORBPDEPlugIn final : public platform::PlugIn, public platform::AreaStrings
   void parseArea(const char* area, const char*& x, const char*& y, const char*& width,
                  const char*& height) override;
 
-  std::string className() const override { return "ORBPDEPlugIn"; }
+  std::string_view className() const override { return "ORBPDEPlugIn"; }
 
  private:
   std::shared_ptr<platform::Bundle> pluginBundle;

@@ -37,7 +37,7 @@ CardDialog::CardDialog(CardJob& job)
   set_default_response(Gtk::RESPONSE_OK);
   set_default_size(kWidth, kHeight);
   job_.panels().setObserver(this);
-  page_.tell(joined(job_.notices()));
+  page_.page().tell(joined(job_.notices()));
 }
 
 CardDialog::~CardDialog() { job_.panels().setObserver(nullptr); }
@@ -45,10 +45,10 @@ CardDialog::~CardDialog() { job_.panels().setObserver(nullptr); }
 void CardDialog::tell(const std::string& message, const std::optional<host::Option>& insisted) {
   told_ = message;
   if (insisted) {
-    page_.tell(message,
-               [this, change = *insisted] { job_.panels().insist(change.key, change.value); });
+    page_.page().tell(
+        message, [this, change = *insisted] { job_.panels().insist(change.key, change.value); });
   } else {
-    page_.tell(message);
+    page_.page().tell(message);
   }
 }
 
@@ -61,13 +61,13 @@ std::optional<std::string> CardDialog::choose() {
 
 std::optional<std::string> CardDialog::print() {
   try {
-    if (!page_.hasOnlyGoodTexts() || !storedSilently()) return std::nullopt;
+    if (!page_.page().hasOnlyGoodTexts() || !storedSilently()) return std::nullopt;
     auto output = job_.send();
     error_.clear();
     return output;
   } catch (const host::Error& error) {
     error_ = error.what();
-    page_.tellError(error_);
+    page_.page().tellError(error_);
     return std::nullopt;
   }
 }

@@ -28,7 +28,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   const std::string& error() const { return error_; }
 
  private:
-  void optionsChanged() override { page_.optionsChanged(); }
+  void optionsChanged() override { page_.page().optionsChanged(); }
   void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
 
   bool storedSilently();

@@ -254,11 +254,11 @@ void GtkPrintDialog::hideControls(const std::set<std::string>& keys) {
 }
 
 void GtkPrintDialog::panelsChanged() {
-  if (cardPage_) cardPage_->optionsChanged();
+  if (cardPage_) cardPage_->page().optionsChanged();
 }
 
 void GtkPrintDialog::tell(const std::string& message, const std::function<void()>& insist) {
-  if (cardPage_) cardPage_->tell(message, insist);
+  if (cardPage_) cardPage_->page().tell(message, insist);
 }
 
 void GtkPrintDialog::removePage() {

@@ -9,32 +9,30 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/pde-drive/Script.h"
 #include "apps/pde-drive/StableAddresses.h"
 #include "host/HostCallback.h"
 #include "host/JobOptions.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
-#include "platform/NibOwner.h"
 #include "platform/PlugIn.h"
 #include "platform/PrintPanel.h"
 #include "platform/View.h"
 
 namespace cardpanels::drive {
 
+/// What a script runs on.
 struct Settings {
-  std::string ppd;
-  std::string bundle;
-  bool constraintHandling = true;
-  bool stableAddresses = false;
+  std::string ppd;                 // the path of the job's PPD
+  std::string bundle;              // the folder of the bundle to load the panels from
+  bool constraintHandling = true;  // whether the host marks what panels ask for, by its rules
+  bool stableAddresses = false;    // whether addresses are printed as `StableAddresses` names them
 };
 
 /// A print dialog's host that does what a script says, command by command, and prints what comes of
 /// it. While it lives, the trace log goes to its output.
 class Driver {
  public:
-  using Words = std::vector<platform::Text>;
-  using Panel = std::shared_ptr<platform::PrintPanel>;
-
   /// Opens the PPD; throws `host::Error` when that or loading the bundle fails. `out` must outlive
   /// the driver.
   Driver(const Settings& settings, std::ostream& out);
@@ -47,6 +45,7 @@ class Driver {
   bool run(std::string_view line);
 
  private:
+  using Panel = std::shared_ptr<platform::PrintPanel>;
   class Callback;
   class TraceSink;
   struct Request;

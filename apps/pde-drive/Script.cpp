@@ -1,6 +1,6 @@
 #include "apps/pde-drive/Script.h"
 
-#include <cstddef>
+#include <cstdint>
 
 namespace cardpanels::drive {
 namespace {
@@ -59,8 +59,8 @@ std::string withoutComment(std::string_view line) {
   return end == 0 ? std::string() : std::string(line.substr(first, end - first));
 }
 
-std::vector<platform::Text> words(std::string_view text) {
-  std::vector<platform::Text> result;
+Words words(std::string_view text) {
+  Words result;
   for (std::size_t i = text.find_first_not_of(kBlanks); i < text.size();) {
     const std::size_t end = endOfWord(text, i);
     result.push_back(wordOf(text.substr(i, end - i)));
@@ -68,5 +68,21 @@ std::vector<platform::Text> words(std::string_view text) {
   }
   return result;
 }
+
+void expectCount(const Words& arguments, std::size_t least, std::size_t most) {
+  if (arguments.size() >= least && arguments.size() <= most) return;
+  std::string wanted = std::to_string(least);
+  if (most != least) wanted += most == SIZE_MAX ? " or more" : " to " + std::to_string(most);
+  throw CommandError("takes " + wanted + " arguments, not " + std::to_string(arguments.size()));
+}
+
+const std::string& present(const platform::Text& argument) {
+  if (!argument) throw CommandError("nil is no argument here");
+  return *argument;
+}
+
+std::string told(bool answer) { return answer ? "YES" : "NO"; }
+
+std::string told(const platform::Text& text) { return text.value_or("nil"); }
 
 }  // namespace cardpanels::drive

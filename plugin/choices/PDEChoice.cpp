@@ -45,7 +45,7 @@ std::shared_ptr<PDEChoice> PDEChoice::initWithChoice(ppd_choice_t* choice) {
   return std::make_shared<PDEChoice>(choice, Private());
 }
 
-Text PDEChoice::userTitle() const {
+const Text& PDEChoice::userTitle() const {
   if (!userTitle_) {
     userTitle_ = platform::stringWithCString(choice_->text, ppdEncoding);
     // The line shows this object, whose description asks for the title again: the host refuses
@@ -55,7 +55,7 @@ Text PDEChoice::userTitle() const {
   return userTitle_;
 }
 
-Text PDEChoice::ppdTitle() const {
+const Text& PDEChoice::ppdTitle() const {
   if (!ppdTitle_) {
     ppdTitle_ = platform::stringWithCString(choice_->choice, StringEncoding::ascii);
     if (!ppdTitle_) _PDELog(this, "could not create ppdTitle!");
@@ -67,10 +67,10 @@ bool PDEChoice::isDefaultChoice() const {
   return std::strncmp(choice_->choice, choice_->option->defchoice, PPD_MAX_NAME) == 0;
 }
 
-std::string PDEChoice::description() const {
-  const std::string name = className();
-  const Text user = userTitle();
-  const Text keyword = ppdTitle();
+void PDEChoice::appendDescription(std::string& out) const {
+  const std::string_view name = className();
+  const Text& user = userTitle();
+  const Text& keyword = ppdTitle();
   const std::array<platform::Argument, 7> parts{name,
                                                 static_cast<const void*>(this),
                                                 user,
@@ -78,8 +78,8 @@ std::string PDEChoice::description() const {
                                                 choice_->marked != 0 ? "YES" : "NO",
                                                 positionOf(choice_),
                                                 choice_->option->num_choices};
-  return platform::formatted("<%@ %p userTitle:\"%@\" ppdTitle:\"%@\" marked:%s choice:%i of %i>",
-                             parts);
+  platform::appendFormatted(
+      out, "<%@ %p userTitle:\"%@\" ppdTitle:\"%@\" marked:%s choice:%i of %i>", parts);
 }
 
 }  // namespace cardpanels

@@ -26,10 +26,10 @@ class PDEChoice final : public platform::Object {
   static std::shared_ptr<PDEChoice> initWithChoice(ppd_choice_t* choice);
 
   /// The choice's text for people; nothing when it is not UTF-8. Made once.
-  platform::Text userTitle() const;
+  const platform::Text& userTitle() const;
 
   /// The choice's keyword; nothing when it is not ASCII. Made once.
-  platform::Text ppdTitle() const;
+  const platform::Text& ppdTitle() const;
 
   /// The wrapped record.
   ppd_choice_t* choice() const { return choice_; }
@@ -37,8 +37,8 @@ class PDEChoice final : public platform::Object {
   /// Whether the PPD file names this choice as its option's default, whatever is marked now.
   bool isDefaultChoice() const;
 
-  std::string className() const override { return "PDEChoice"; }
-  std::string description() const override;
+  std::string_view className() const override { return "PDEChoice"; }
+  void appendDescription(std::string& out) const override;
 
  private:
   mutable platform::Text userTitle_;

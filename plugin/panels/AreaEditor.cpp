@@ -17,15 +17,13 @@ bool isNoArea(const Text& area) { return !area || area == "Default" || area == "
 
 }  // namespace
 
-Text areaInFields(const AreaFields& fields) {
-  const Text x = textIn(fields.x);
-  const Text y = textIn(fields.y);
-  const Text width = textIn(fields.width);
-  const Text height = textIn(fields.height);
-  const char* area = formatArea(cStringUsingEncoding(x, StringEncoding::ascii),
-                                cStringUsingEncoding(y, StringEncoding::ascii),
-                                cStringUsingEncoding(width, StringEncoding::ascii),
-                                cStringUsingEncoding(height, StringEncoding::ascii));
+Text areaInFields(const AreaField& x, const AreaField& y, const AreaField& width,
+                  const AreaField& height) {
+  const Text typed[] = {textIn(x), textIn(y), textIn(width), textIn(height)};
+  const char* area = formatArea(cStringUsingEncoding(typed[0], StringEncoding::ascii),
+                                cStringUsingEncoding(typed[1], StringEncoding::ascii),
+                                cStringUsingEncoding(typed[2], StringEncoding::ascii),
+                                cStringUsingEncoding(typed[3], StringEncoding::ascii));
   return stringWithCString(area, StringEncoding::utf8);
 }
 

@@ -26,43 +26,27 @@ struct AreaFields {
   AreaField height;
 };
 
-/// One field of an area slot: the panel's member, and the outlet that fills it.
-template <class Panel>
-struct AreaFieldRow {
-  AreaField Panel::*field;
-  platform::Outlet outlet;
-};
-
-template <auto field>
-constexpr auto areaField(std::string_view name) {
-  return AreaFieldRow<typename platform::detail::MemberOf<decltype(field)>::Owner>{
-      field, platform::outlet<field>(name)};
-}
-
-/// One of the twelve areas that a panel edits: the option that carries it, its fields and the log
-/// text of its value.
-template <class Panel>
+/// One of the twelve areas that a panel edits: the option that carries it, what the names of its
+/// four outlets start with, and the log text of its value.
 struct AreaSlot {
   const char* key;
-  AreaFieldRow<Panel> x;
-  AreaFieldRow<Panel> y;
-  AreaFieldRow<Panel> width;
-  AreaFieldRow<Panel> height;
+  std::string_view outletStem;
   const char* valueText;
 };
 
 inline constexpr std::size_t kAreaCount = 12;
 
 /// [side][kind][number], the number fastest: the order of every table and of every visit.
-template <class Panel>
-using AreaSlots = std::array<AreaSlot<Panel>, kAreaCount>;
+using AreaSlots = std::array<AreaSlot, kAreaCount>;
+using FieldsOfAreas = std::array<AreaFields, kAreaCount>;
 using Areas = std::array<platform::Text, kAreaCount>;
 
 /// What two panels that edit areas have each for themselves. Their operations `setAreaUI_Value` and
 /// `setAreasUI` share a name.
 template <class Panel>
 struct AreaEditor {
-  const AreaSlots<Panel>& slots;
+  const AreaSlots& slots;
+  FieldsOfAreas Panel::*fields;
   Areas Panel::*areas;
   /// Makes the area of the fields.
   void (Panel::*queryArea)(platform::Text& area, const AreaField& x, const AreaField& y,
@@ -85,30 +69,12 @@ struct TabbedOptionSlot : OptionSlot<Panel> {
 namespace areas {
 
 /// The area that the fields' texts make; a missing field or one that is not ASCII counts as absent.
-platform::Text areaInFields(const AreaFields& fields);
+platform::Text areaInFields(const AreaField& x, const AreaField& y, const AreaField& width,
+                            const AreaField& height);
 
 /// Shows the area's four measurements, or four empty texts for no area. Does nothing when a field
 /// is missing.
 void showInFields(const platform::Text& area, const AreaFields& fields);
-
-/// A panel's own outlets and those of its area fields.
-template <class Panel, std::size_t count>
-constexpr auto outlets(const std::array<platform::Outlet, count>& own,
-                       const AreaSlots<Panel>& slots) {
-  std::array<platform::Outlet, count + 4 * kAreaCount> all{};
-  std::size_t next = 0;
-  for (const auto& outlet : own) all[next++] = outlet;
-  for (const auto& slot : slots) {
-    for (const auto& field : {slot.x, slot.y, slot.width, slot.height}) all[next++] = field.outlet;
-  }
-  return all;
-}
-
-template <class Panel>
-AreaFields fieldsOf(const Panel& panel, const AreaSlot<Panel>& slot) {
-  return {panel.*slot.x.field, panel.*slot.y.field, panel.*slot.width.field,
-          panel.*slot.height.field};
-}
 
 /// Appends all twelve keys, whether or not the PPD has the options.
 template <class Panel>
@@ -121,7 +87,7 @@ template <class Panel>
 void takeFromFields(Panel& panel, const AreaEditor<Panel>& editor) {
   Areas& areas = panel.*editor.areas;
   for (std::size_t i = 0; i < kAreaCount; ++i) {
-    const AreaFields fields = fieldsOf(panel, editor.slots[i]);
+    const AreaFields& fields = (panel.*editor.fields)[i];
     (panel.*editor.queryArea)(areas[i], fields.x, fields.y, fields.width, fields.height);
   }
   for (std::size_t i = 0; i < kAreaCount; ++i) _PDELog(&panel, editor.slots[i].valueText, areas[i]);
@@ -141,9 +107,9 @@ void takeFromMarks(Panel& panel, const AreaEditor<Panel>& editor) {
 /// Asks the host for the fields' area, whether it changed or not. Granted, `area` becomes it;
 /// refused, the fields show `area` again. Without constraint handling nobody is asked.
 template <class Panel>
-void requestArea(Panel& panel, platform::Text& area, const platform::Text& key,
-                 const AreaFields& fields) {
-  const platform::Text wanted = areaInFields(fields);
+void requestArea(Panel& panel, platform::Text& area, const platform::Text& key, const AreaField& x,
+                 const AreaField& y, const AreaField& width, const AreaField& height) {
+  const platform::Text wanted = areaInFields(x, y, width, height);
   _PDELog(&panel, "area: %@", wanted);
   if (!panel.useConstraintHandling) {
     _PDELog(&panel, "Value saved: %@", wanted);
@@ -170,9 +136,9 @@ void requestAll(Panel& panel, const AreaEditor<Panel>& editor) {
   platform::Text carryOver;
   if (editor.carryOverAtStart != nullptr) carryOver = editor.carryOverAtStart;
   for (std::size_t i = 0; i < kAreaCount; ++i) {
-    const AreaSlot<Panel>& slot = editor.slots[i];
-    const AreaFields fields = fieldsOf(panel, slot);
-    (panel.*editor.saveArea)(carryOver, slot.key, fields.x, fields.y, fields.width, fields.height);
+    const AreaFields& fields = (panel.*editor.fields)[i];
+    (panel.*editor.saveArea)(carryOver, editor.slots[i].key, fields.x, fields.y, fields.width,
+                             fields.height);
     (panel.*editor.areas)[i] = carryOver;
   }
 }
@@ -181,9 +147,10 @@ void requestAll(Panel& panel, const AreaEditor<Panel>& editor) {
 template <class Panel>
 void show(Panel& panel, const AreaEditor<Panel>& editor, const platform::Text& key,
           const platform::Text& area) {
-  for (const auto& slot : editor.slots) {
-    if (key != slot.key) continue;
-    showInFields(area, fieldsOf(panel, slot));
+  for (std::size_t i = 0; i < kAreaCount; ++i) {
+    if (key != editor.slots[i].key) continue;
+    const AreaFields shown = (panel.*editor.fields)[i];  // kept while others' code runs
+    showInFields(area, shown);
     return;
   }
 }

@@ -127,7 +127,7 @@ void Panel::setViewTitleByTag_fromOptions(std::int64_t tag, ppd_option_t* option
 
 void Panel::initializeUI() {
   contract::initializeUI(*this, kSlots, [this] {
-    // The magnetic-encoding step is done twice; that is meant.
+    // The magnetic-encoding pop-up is filled a second time.
     slots::initializePopUp(*this, kSlots[3]);
   });
 }

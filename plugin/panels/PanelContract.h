@@ -17,6 +17,9 @@
 
 /// What every panel does alike, over the fields that every panel has under the same names. A panel
 /// calls these where it does just that, and writes its own steps in the open where it does not.
+///
+/// All log texts of the plug-in stay as they are, letter for letter, the odd ones too (other names
+/// in BEGIN and END, misspellings, missing values): programs read them, and tests hold them.
 namespace cardpanels::contract {
 
 /// For a panel that has no more steps in an operation than the others.

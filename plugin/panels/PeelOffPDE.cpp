@@ -99,8 +99,7 @@ bool Panel::restoreValuesAndReturnError(Text* error) {
   return contract::restoreValues(*this, error, [this] { queryPeelOffAreasFromSettings(); });
 }
 
-// The fields are requested as they are, shown or not, without being read into the areas first; that
-// is meant.
+// Requests the fields as they are, shown or not, without reading them into the areas first.
 bool Panel::saveValuesAndReturnError(Text* error) {
   return contract::saveValues(*this, error, [this] { savePeelOffAreasToSettings(); });
 }

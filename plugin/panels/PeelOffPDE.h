@@ -81,7 +81,7 @@ class PeelOffPanelPDE final : public platform::PrintPanel,
   void getPPDSettingsFromPrintSettingsOnTiger() {}
   void writePPDSettingsToPrintSettingsOnTiger() {}
 
-  std::string className() const override { return "PeelOffPanelPDE"; }
+  std::string_view className() const override { return "PeelOffPanelPDE"; }
   std::span<const platform::Outlet> outlets() const override;
   std::span<const platform::Action> actions() const override;
 
@@ -94,20 +94,7 @@ class PeelOffPanelPDE final : public platform::PrintPanel,
   std::shared_ptr<platform::PopUpButton> backPeelOffPopUp;
   std::shared_ptr<platform::TabView> frontPeelOffArea;
   std::shared_ptr<platform::TabView> backPeelOffArea;
-  // clang-format off
-  AreaField frontPeelOffField1_X, frontPeelOffField1_Y, frontPeelOffField1_Width, frontPeelOffField1_Height;
-  AreaField frontPeelOffField2_X, frontPeelOffField2_Y, frontPeelOffField2_Width, frontPeelOffField2_Height;
-  AreaField frontPeelOffField3_X, frontPeelOffField3_Y, frontPeelOffField3_Width, frontPeelOffField3_Height;
-  AreaField frontNonPeelOffField1_X, frontNonPeelOffField1_Y, frontNonPeelOffField1_Width, frontNonPeelOffField1_Height;
-  AreaField frontNonPeelOffField2_X, frontNonPeelOffField2_Y, frontNonPeelOffField2_Width, frontNonPeelOffField2_Height;
-  AreaField frontNonPeelOffField3_X, frontNonPeelOffField3_Y, frontNonPeelOffField3_Width, frontNonPeelOffField3_Height;
-  AreaField backPeelOffField1_X, backPeelOffField1_Y, backPeelOffField1_Width, backPeelOffField1_Height;
-  AreaField backPeelOffField2_X, backPeelOffField2_Y, backPeelOffField2_Width, backPeelOffField2_Height;
-  AreaField backPeelOffField3_X, backPeelOffField3_Y, backPeelOffField3_Width, backPeelOffField3_Height;
-  AreaField backNonPeelOffField1_X, backNonPeelOffField1_Y, backNonPeelOffField1_Width, backNonPeelOffField1_Height;
-  AreaField backNonPeelOffField2_X, backNonPeelOffField2_Y, backNonPeelOffField2_Width, backNonPeelOffField2_Height;
-  AreaField backNonPeelOffField3_X, backNonPeelOffField3_Y, backNonPeelOffField3_Width, backNonPeelOffField3_Height;
-  // clang-format on
+  FieldsOfAreas peelOffAreaFields;
   bool useConstraintHandling = false;
   bool hasInited = false;
   ppd_file_t* ppd = nullptr;
@@ -128,7 +115,7 @@ class PeelOffPanelPDE final : public platform::PrintPanel,
                    const std::shared_ptr<platform::TabView>& tab);
 
   static const std::array<TabbedOptionSlot<PeelOffPanelPDE>, 2> kSlots;
-  static const AreaSlots<PeelOffPanelPDE> kAreaSlots;
+  static const AreaSlots kAreaSlots;
   static const AreaEditor<PeelOffPanelPDE> kAreaEditor;
 };
 

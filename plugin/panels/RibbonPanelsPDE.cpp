@@ -85,7 +85,6 @@ std::shared_ptr<Panel> Panel::initWithCallback_andBundle(
     const std::shared_ptr<platform::CallbackObject>& callback,
     const std::shared_ptr<platform::Bundle>& bundle) {
   const std::shared_ptr<Panel> panel(new Panel);
-  // The comma before the last %p is this panel's own; it is meant.
   contract::beginInit(*panel, "initWithCallback:(%@, %p) andBundle:(%@, %p)", callback, bundle);
   return contract::endInit(panel, slots::findOptions(*panel, kSlots));
 }
@@ -99,7 +98,6 @@ Text Panel::panelName() { return contract::panelName(*this, "RibbonPanelName"); 
 Text Panel::panelKind() { return contract::panelKind(*this, ".RibbonPanelKind"); }
 
 std::shared_ptr<platform::StringArray> Panel::supportedPPDOptionKeys() {
-  // The last text does not tell the array; that is meant.
   return contract::supportedPPDOptionKeys(
       *this, kSlots, 4,
       [](platform::StringArray& keys) { areas::addSupportedKeys(kAreaEditor, keys); },
@@ -132,8 +130,7 @@ bool Panel::restoreValuesAndReturnError(Text* error) {
   return contract::restoreValues(*this, error, [this] { queryResinAreasFromSettings(); });
 }
 
-// The fields are requested as they are, shown or not, without being read into the areas first; that
-// is meant.
+// Requests the fields as they are, shown or not, without reading them into the areas first.
 bool Panel::saveValuesAndReturnError(Text* error) {
   return contract::saveValues(*this, error, [this] { saveResinAreasToSettings(); });
 }
@@ -176,7 +173,7 @@ void Panel::updateFrontResinTab() {
 
 void Panel::updateBackResinTab() {
   _PDEProlog(this, "updateBackResinTab:");
-  // A missing option is not logged for this side; that is meant.
+  // Unlike the front's, a missing option is not logged.
   showResinControls(kSlots[1], kSlots[3], backResinLabel, backResinTab, nullptr);
   _PDEEpilog(this, "updateBackResinTab:");
 }

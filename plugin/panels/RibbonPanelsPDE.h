@@ -83,7 +83,7 @@ class RibbonPanelsPDE final : public platform::PrintPanel,
   void getPPDSettingsFromPrintSettingsOnTiger() {}
   void writePPDSettingsToPrintSettingsOnTiger() {}
 
-  std::string className() const override { return "RibbonPanelsPDE"; }
+  std::string_view className() const override { return "RibbonPanelsPDE"; }
   std::span<const platform::Outlet> outlets() const override;
   std::span<const platform::Action> actions() const override;
 
@@ -100,20 +100,7 @@ class RibbonPanelsPDE final : public platform::PrintPanel,
   std::shared_ptr<platform::TextField> backResinLabel;
   std::shared_ptr<platform::TabView> frontResinTab;
   std::shared_ptr<platform::TabView> backResinTab;
-  // clang-format off
-  AreaField frontResinIncludeField1_X, frontResinIncludeField1_Y, frontResinIncludeField1_Width, frontResinIncludeField1_Height;
-  AreaField frontResinIncludeField2_X, frontResinIncludeField2_Y, frontResinIncludeField2_Width, frontResinIncludeField2_Height;
-  AreaField frontResinIncludeField3_X, frontResinIncludeField3_Y, frontResinIncludeField3_Width, frontResinIncludeField3_Height;
-  AreaField frontResinExcludeField1_X, frontResinExcludeField1_Y, frontResinExcludeField1_Width, frontResinExcludeField1_Height;
-  AreaField frontResinExcludeField2_X, frontResinExcludeField2_Y, frontResinExcludeField2_Width, frontResinExcludeField2_Height;
-  AreaField frontResinExcludeField3_X, frontResinExcludeField3_Y, frontResinExcludeField3_Width, frontResinExcludeField3_Height;
-  AreaField backResinIncludeField1_X, backResinIncludeField1_Y, backResinIncludeField1_Width, backResinIncludeField1_Height;
-  AreaField backResinIncludeField2_X, backResinIncludeField2_Y, backResinIncludeField2_Width, backResinIncludeField2_Height;
-  AreaField backResinIncludeField3_X, backResinIncludeField3_Y, backResinIncludeField3_Width, backResinIncludeField3_Height;
-  AreaField backResinExcludeField1_X, backResinExcludeField1_Y, backResinExcludeField1_Width, backResinExcludeField1_Height;
-  AreaField backResinExcludeField2_X, backResinExcludeField2_Y, backResinExcludeField2_Width, backResinExcludeField2_Height;
-  AreaField backResinExcludeField3_X, backResinExcludeField3_Y, backResinExcludeField3_Width, backResinExcludeField3_Height;
-  // clang-format on
+  FieldsOfAreas resinAreaFields;
   bool useConstraintHandling = false;
   bool hasInited = false;
   ppd_file_t* ppd = nullptr;
@@ -142,7 +129,7 @@ class RibbonPanelsPDE final : public platform::PrintPanel,
                          const std::shared_ptr<platform::TabView>& tab, const char* optionMissing);
 
   static const std::array<TabbedOptionSlot<RibbonPanelsPDE>, 4> kSlots;
-  static const AreaSlots<RibbonPanelsPDE> kAreaSlots;
+  static const AreaSlots kAreaSlots;
   static const AreaEditor<RibbonPanelsPDE> kAreaEditor;
 };
 

@@ -56,7 +56,7 @@ class ThermalLaminatePDE final : public platform::PrintPanel,
   void getPPDSettingsFromPrintSettingsOnTiger() {}
   void writePPDSettingsToPrintSettingsOnTiger() {}
 
-  std::string className() const override { return "ThermalLaminatePDE"; }
+  std::string_view className() const override { return "ThermalLaminatePDE"; }
   std::span<const platform::Outlet> outlets() const override;
   std::span<const platform::Action> actions() const override;
 

@@ -128,7 +128,7 @@ void Panel::setViewTitleByTag_fromOptions(std::int64_t tag, ppd_option_t* option
 void Panel::initializeUI() { contract::initializeUI(*this, kSlots); }
 
 std::shared_ptr<platform::Dictionary> Panel::summaryInfo() {
-  // Room for two, though four may come; that is meant.
+  // Room for two at first, though four may come.
   return contract::summaryInfo(*this, kSlots, 2);
 }
 

@@ -34,21 +34,21 @@ Gtk::Label* newText(const Glib::ustring& text) {
 }  // namespace
 
 CardPage::CardPage(host::PanelDriver& driver)
-    : Gtk::Box(Gtk::ORIENTATION_VERTICAL), driver_(driver) {
+    : Gtk::Box(Gtk::ORIENTATION_VERTICAL), page_(new dialog::Page(driver, *this)) {
   addMessageBar();
-  if (driver_.panels().empty()) {
-    addNothingToChoose();
+  if (page_->sections().empty()) {
+    pack_start(*newText(dialog::Page::nothingToChoose()), Gtk::PACK_EXPAND_WIDGET);
   } else {
     addSections();
-    readSummary();
   }
+  page_->start();
   show_all_children();
 }
 
 CardPage::~CardPage() {
-  disappear();
+  page_.reset();
   // The views may live on with their panels.
-  for (const Section& section : sections_) section.frame->remove();
+  for (Gtk::ScrolledWindow* frame : frames_) frame->remove();
 }
 
 void CardPage::addMessageBar() {
@@ -73,14 +73,9 @@ void CardPage::addMessageBar() {
   // Below each other, so that the message has room in a small window.
   dynamic_cast<Gtk::Box&>(*messageBar_.get_action_area())
       .set_orientation(Gtk::ORIENTATION_VERTICAL);
-  messageBar_.signal_response().connect(sigc::mem_fun(*this, &CardPage::answerMessage));
+  messageBar_.signal_response().connect(sigc::mem_fun(*this, &CardPage::messageAnswered));
   messageBar_.set_no_show_all();
   pack_start(messageBar_, Gtk::PACK_SHRINK);
-}
-
-void CardPage::addNothingToChoose() {
-  pack_start(*newText(_("This printer has no card options. Print as usual.")),
-             Gtk::PACK_EXPAND_WIDGET);
 }
 
 void CardPage::addSections() {
@@ -98,15 +93,12 @@ void CardPage::addSections() {
   columns->pack_start(stack_, Gtk::PACK_EXPAND_WIDGET);
   pack_start(*columns, Gtk::PACK_EXPAND_WIDGET);
 
-  sections_.reserve(driver_.panels().size() + 1);
-  for (const auto& panel : driver_.panels()) addSection(panel->panelName().value_or(""), panel);
-  addSection(_("Summary"), nullptr);
-  sections_.back().frame->add(summary_);
+  for (const auto& section : page_->sections()) addSection(section.name);
+  frames_.back()->add(summary_);
   sidebar_.signal_row_selected().connect(sigc::mem_fun(*this, &CardPage::rowSelected));
-  sidebar_.select_row(*sidebar_.get_row_at_index(0));
 }
 
-void CardPage::addSection(const std::string& name, const host::PanelDriver::Panel& panel) {
+void CardPage::addSection(const std::string& name) {
   auto* const label = Gtk::make_managed<Gtk::Label>(name);
   label->set_xalign(0);
   label->property_margin() = kRowPadding;
@@ -119,118 +111,62 @@ void CardPage::addSection(const std::string& name, const host::PanelDriver::Pane
   frame->set_min_content_height(kMinimumContentHeight);
   frame->set_overlay_scrolling(false);
   stack_.add(*frame);
-  sections_.push_back({panel, frame, nullptr});
+  frames_.push_back(frame);
 }
 
+/// The list box repeats itself when it gets the focus; the page takes no notice.
 void CardPage::rowSelected(Gtk::ListBoxRow* row) {
-  if (row == nullptr) return;
-  Section* const selected = &sections_[static_cast<std::size_t>(row->get_index())];
-  if (selected == current_) return;  // the list box repeats itself when it gets the focus
-  if (!hasOnlyGoodTexts()) {
-    sidebar_.select_row(*sidebar_.get_row_at_index(static_cast<int>(current_ - sections_.data())));
-    return;
-  }
-  disappear();
-  current_ = selected;
-  if (get_mapped()) appear();
-  current_->frame->show_all();
-  stack_.set_visible_child(*current_->frame);
+  if (row != nullptr) page_->select(static_cast<std::size_t>(row->get_index()));
 }
 
 void CardPage::on_map() {
-  appear();
+  page_->appear();
   Gtk::Box::on_map();
 }
 
 void CardPage::on_unmap() {
-  disappear();
+  page_->disappear();
   Gtk::Box::on_unmap();
 }
 
-void CardPage::appear() {
-  if (shown_ || current_ == nullptr || !current_->panel) return;
-  load(*current_);
-  shown_ = true;
-  driver_.show(current_->panel);
+void CardPage::showSection(std::size_t section) {
+  stack_.set_visible_child(*frames_[section]);
+  sidebar_.select_row(*sidebar_.get_row_at_index(static_cast<int>(section)));
 }
 
-void CardPage::disappear() {
-  if (!shown_) return;
-  shown_ = false;
-  driver_.hide(current_->panel);
+void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
+  frames_[section]->add(dynamic_cast<WidgetView&>(*view).widget());
+  frames_[section]->show_all();
 }
 
-void CardPage::load(Section& section) {
-  if (section.frame->get_child() != nullptr) return;
-  try {
-    section.view = driver_.view(section.panel);
-    auto& view = dynamic_cast<WidgetView&>(*section.view);
-    view.signalEditEnded().connect(
-        sigc::bind(sigc::mem_fun(*this, &CardPage::editEnded), &section));
-    section.frame->add(view.widget());
-  } catch (const std::exception& error) {
-    section.frame->add(*newText(error.what()));
+void CardPage::fillSectionWithText(std::size_t section, const std::string& text) {
+  frames_[section]->add(*newText(text));
+  frames_[section]->show_all();
+}
+
+void CardPage::showSummary(const dialog::Summary& summary) { summary_.display(summary); }
+
+void CardPage::showMessage(const dialog::Message& message) {
+  messageLabel_.set_text(message.text);
+  messageBar_.set_message_type(message.kind == dialog::Message::Kind::error ? Gtk::MESSAGE_ERROR
+                                                                            : Gtk::MESSAGE_WARNING);
+  insistButton_->set_visible(message.offersInsisting);
+  messageBar_.set_visible(!message.text.empty());
+}
+
+/// The slot ends with this object, which sigc tracks.
+void CardPage::later(std::function<void()> task) {
+  Glib::signal_idle().connect_once(sigc::bind(sigc::mem_fun(*this, &CardPage::perform), task));
+}
+
+void CardPage::perform(const std::function<void()>& task) { task(); }
+
+void CardPage::messageAnswered(int response) {
+  if (response == Gtk::RESPONSE_ACCEPT) {
+    page_->insist();
+  } else {
+    page_->closeMessage();
   }
-  section.frame->show_all();
-}
-
-void CardPage::editEnded(const Section* section) {
-  if (wrongText(*section) == nullptr) driver_.storeTyped(section->panel);
-}
-
-const WidgetView* CardPage::wrongText(const Section& section) {
-  const auto* const view = dynamic_cast<const WidgetView*>(section.view.get());
-  return view == nullptr ? nullptr : view->firstWithWrongText();
-}
-
-bool CardPage::hasOnlyGoodTexts() {
-  const WidgetView* const wrong = current_ == nullptr ? nullptr : wrongText(*current_);
-  if (wrong == nullptr) return true;
-  const auto text = dynamic_cast<const platform::TextField&>(*wrong).stringValue();
-  tellError(Glib::ustring::compose(_("“%1” is no measurement: “%2”"),
-                                   wrong->widget().get_accessible()->get_name(), text));
-  wrong->widget().grab_focus();
-  return false;
-}
-
-void CardPage::optionsChanged() {
-  if (summaryReading_.connected()) return;
-  summaryReading_ = Glib::signal_idle().connect(sigc::mem_fun(*this, &CardPage::readSummary));
-}
-
-/// Always false: it is to be called once.
-bool CardPage::readSummary() {
-  std::vector<SummaryGrid::Group> groups;
-  for (const auto& panel : driver_.panels()) {
-    if (auto entries = driver_.summary(panel)) {
-      groups.push_back({panel->panelName().value_or(""), std::move(entries)});
-    }
-  }
-  summary_.display(groups);
-  return false;
-}
-
-void CardPage::tell(const std::string& message, const std::function<void()>& insist) {
-  insist_ = insist;
-  showMessage(message, Gtk::MESSAGE_WARNING);
-}
-
-void CardPage::tellError(const std::string& message) {
-  insist_ = nullptr;
-  showMessage(message, Gtk::MESSAGE_ERROR);
-}
-
-void CardPage::showMessage(const std::string& message, Gtk::MessageType type) {
-  messageLabel_.set_text(message);
-  messageBar_.set_message_type(type);
-  insistButton_->set_visible(insist_ != nullptr);
-  messageBar_.set_visible(!message.empty());
-}
-
-void CardPage::answerMessage(int response) {
-  const auto insist = std::exchange(insist_, nullptr);
-  tell({});
-  if (response == Gtk::RESPONSE_ACCEPT && insist) insist();
 }
 
 }  // namespace cardpanels::gtk3

@@ -5,13 +5,8 @@
 #include <gtkmm/notebook.h>
 #include <gtkmm/stack.h>
 
-#include "dialog/Measurement.h"
-#include "platform/Messages.h"
-
 namespace cardpanels::gtk3 {
 namespace {
-
-using platform::_;
 
 constexpr int kTitleColumn = 0;
 constexpr int kFewestCharacters = 8;
@@ -49,34 +44,24 @@ EntryField::EntryField(const Glib::RefPtr<Gtk::Widget>& entry_) : Viewed(entry_)
   entry().get_style_context()->add_provider(readableText(),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   entry().signal_changed().connect(sigc::mem_fun(*this, &EntryField::changed));
-  entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::endEdit));
+  entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::finishEdit));
   entry().signal_focus_out_event().connect(sigc::mem_fun(*this, &EntryField::focusLeft));
 }
+
+void EntryField::changed() { textChanged(!programSets()); }
 
 void EntryField::setStringValue(const platform::Text& text) {
   const ProgramSets guard(*this);
   entry().set_text(text.value_or(""));
-  edited_ = false;
+  textSet();
 }
 
-void EntryField::changed() {
-  edited_ = !programSets();
-  markUnlessMeasurement();
-}
+std::string EntryField::caption() const { return entry().get_accessible()->get_name(); }
 
-bool EntryField::holdsWrongText() const {
-  const std::string text = stringValue();
-  return entry().get_editable() && !text.empty() && !dialog::isMeasurement(text);
-}
-
-void EntryField::markUnlessMeasurement() {
-  const bool wrong = holdsWrongText();
-  const Glib::ustring help =
-      wrong ? Glib::ustring(_("This is no measurement. Type a number, and a unit if you like: "
-                              "in, cm, mm, px, or \" for inches. Examples: 0.5in, 12mm."))
-            : ownTooltip_;
+void EntryField::mark(const platform::Text& why) {
+  const Glib::ustring help = why ? Glib::ustring(*why) : ownTooltip_;
   const auto style = entry().get_style_context();
-  if (wrong) {
+  if (why) {
     style->add_class("error");
     entry().set_icon_from_icon_name("dialog-error-symbolic", Gtk::ENTRY_ICON_SECONDARY);
     entry().set_icon_tooltip_text(help, Gtk::ENTRY_ICON_SECONDARY);
@@ -88,15 +73,13 @@ void EntryField::markUnlessMeasurement() {
   entry().get_accessible()->set_description(help);
 }
 
-void EntryField::endEdit() {
-  if (!edited_) return;
-  edited_ = false;
-  const auto self = shared_from_this();
-  signalEditEnded().emit();
+void EntryField::finishEdit() {
+  const auto self = shared_from_this();  // the end of an edit may let it go
+  endEdit();
 }
 
 bool EntryField::focusLeft(GdkEventFocus* /*event*/) {
-  endEdit();
+  finishEdit();
   return false;
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "dialog/MeasurementField.h"
 #include "platform/Menu.h"
 #include "platform/PopUpButton.h"
 #include "platform/TabView.h"
@@ -38,14 +39,14 @@ class Viewed : public Interface,
 class View final : public Viewed<platform::View> {
  public:
   using Viewed::Viewed;
-  std::string className() const override { return "View"; }
+  std::string_view className() const override { return "View"; }
 };
 
 /// A notebook or a stack.
 class TabView final : public Viewed<platform::TabView> {
  public:
   explicit TabView(const Glib::RefPtr<Gtk::Widget>& tabs);
-  std::string className() const override { return "TabView"; }
+  std::string_view className() const override { return "TabView"; }
 };
 
 /// A text that the user only reads.
@@ -56,34 +57,33 @@ class LabelField final : public Viewed<platform::TextField> {
 
   std::string stringValue() const override { return label().get_text(); }
   void setStringValue(const platform::Text& text) override { label().set_text(text.value_or("")); }
-  std::string className() const override { return "TextField"; }
+  std::string_view className() const override { return "TextField"; }
 
  private:
   Gtk::Label& label() const { return dynamic_cast<Gtk::Label&>(widget()); }
 };
 
-/// A measurement that the user types, of 20 characters at most. A text that is none is marked, and
-/// a tooltip tells what is. The empty text is fine.
-class EntryField final : public Viewed<platform::TextField> {
+/// A measurement that the user types.
+class EntryField final : public Viewed<platform::TextField>, public dialog::MeasurementField {
  public:
-  static constexpr int kMaximumLength = 20;
-
   /// `entry` must be a `Gtk::Entry`.
   explicit EntryField(const Glib::RefPtr<Gtk::Widget>& entry);
 
   std::string stringValue() const override { return entry().get_text(); }
   void setStringValue(const platform::Text& text) override;
-  bool holdsWrongText() const override;
-  std::string className() const override { return "TextField"; }
+  std::string text() const override { return stringValue(); }
+  std::string caption() const override;
+  void takeFocus() override { widget().grab_focus(); }
+  std::string_view className() const override { return "TextField"; }
 
  private:
   Gtk::Entry& entry() const { return dynamic_cast<Gtk::Entry&>(widget()); }
+  bool isEditable() const override { return entry().get_editable(); }
+  void mark(const platform::Text& why) override;
   void changed();
-  void markUnlessMeasurement();
-  void endEdit();
+  void finishEdit();
   bool focusLeft(GdkEventFocus* event);
 
-  bool edited_ = false;
   Glib::ustring ownTooltip_;
 };
 
@@ -94,7 +94,7 @@ class Menu final : public platform::Menu {
 
   void addItem(const std::shared_ptr<platform::MenuItem>& item) override;
   std::shared_ptr<platform::MenuItem> itemAtIndex(std::int64_t index) override;
-  std::string className() const override { return "Menu"; }
+  std::string_view className() const override { return "Menu"; }
 
   void clear();
 
@@ -114,7 +114,7 @@ class PopUpButton final : public Viewed<platform::PopUpButton> {
   std::int64_t indexOfSelectedItem() const override;
   void selectItemAtIndex(std::int64_t index) override;
   void setEnabled(bool enabled) override { widget().set_sensitive(enabled); }
-  std::string className() const override { return "PopUpButton"; }
+  std::string_view className() const override { return "PopUpButton"; }
 
  private:
   Gtk::ComboBoxText& comboBox() const { return dynamic_cast<Gtk::ComboBoxText&>(widget()); }

@@ -21,7 +21,7 @@ class GtkBundle final : public platform::Bundle {
   platform::Text localizedStringForKey_value_table(const std::string& key,
                                                    const platform::Text& value,
                                                    const platform::Text& table) override;
-  std::string className() const override { return "Bundle"; }
+  std::string_view className() const override { return "Bundle"; }
 
  private:
   std::string path_;

@@ -33,7 +33,7 @@ Gtk::Label* newHeading(const std::string& text) {
   return heading;
 }
 
-int groupHeight(const SummaryGrid::Group& group) {
+int groupHeight(const dialog::SummaryGroup& group) {
   const auto entries = static_cast<int>(group.entries->size());
   return entries > 0 ? 1 + entries : 0;
 }
@@ -54,12 +54,12 @@ SummaryGrid::SummaryGrid() {
   set_row_spacing(kRowSpacing);
 }
 
-void SummaryGrid::display(const std::vector<Group>& groups) {
+void SummaryGrid::display(const dialog::Summary& summary) {
   for (Gtk::Widget* child : get_children()) remove(*child);
   int row = 0;
-  for (const auto& group : groups) row += groupHeight(group);
+  for (const auto& group : summary) row += groupHeight(group);
   // From the end to the start: assistive technology reads a grid's last child first.
-  std::for_each(groups.rbegin(), groups.rend(), [&](const Group& group) {
+  std::for_each(summary.rbegin(), summary.rend(), [&](const dialog::SummaryGroup& group) {
     if (group.entries->empty()) return;
     std::vector<platform::Dictionary::Entry> entries(group.entries->begin(), group.entries->end());
     std::reverse(entries.begin(), entries.end());

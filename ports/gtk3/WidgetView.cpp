@@ -26,22 +26,6 @@ void fire(GClosure* closure, GValue* /*result*/, guint /*count*/, const GValue* 
 
 WidgetView::~WidgetView() = default;
 
-const WidgetView* WidgetView::firstWithWrongText() const {
-  if (holdsWrongText()) return this;
-  for (const auto& view : subviews_) {
-    const auto* const wrong = dynamic_cast<const WidgetView&>(*view).firstWithWrongText();
-    if (wrong != nullptr) return wrong;
-  }
-  return nullptr;
-}
-
-void WidgetView::addSubview(const std::shared_ptr<platform::View>& view) {
-  subviews_.push_back(view);
-  if (auto* inner = dynamic_cast<WidgetView*>(view.get())) {
-    inner->signalEditEnded().connect(editEnded_.make_slot());
-  }
-}
-
 void WidgetView::setWidgetHidden(bool hidden) {
   // A later show_all() around this view does not bring it back.
   widget().set_no_show_all(hidden);

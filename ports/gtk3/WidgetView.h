@@ -25,20 +25,11 @@ class WidgetView : public sigc::trackable {
 
   Gtk::Widget& widget() const { return *widget_.operator->(); }
 
-  /// Emitted when the user has changed a text inside this view, and leaves it or presses Enter.
-  sigc::signal<void>& signalEditEnded() { return editEnded_; }
-
   /// Whether the program is setting something right now, so that signals are not the user's.
   bool programSets() const { return programSets_ > 0; }
 
-  /// Whether the user has typed here what nothing can be made of.
-  virtual bool holdsWrongText() const { return false; }
-
-  /// The first view that does, this one or one inside it, in the file's order; null for none.
-  const WidgetView* firstWithWrongText() const;
-
   /// Takes `view`, whose widget stands inside this one's.
-  void addSubview(const std::shared_ptr<platform::View>& view);
+  void addSubview(const std::shared_ptr<platform::View>& view) { subviews_.push_back(view); }
 
  protected:
   /// While it lives, the program sets something.
@@ -60,7 +51,6 @@ class WidgetView : public sigc::trackable {
  private:
   Glib::RefPtr<Gtk::Widget> widget_;
   std::vector<std::shared_ptr<platform::View>> subviews_;
-  sigc::signal<void> editEnded_;
   int programSets_ = 0;
 };
 

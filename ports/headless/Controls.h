@@ -55,19 +55,19 @@ class Viewed : public Interface,
 
 class View final : public Viewed<platform::View> {
  public:
-  std::string className() const override { return "View"; }
+  std::string_view className() const override { return "View"; }
 };
 
 class TabView final : public Viewed<platform::TabView> {
  public:
-  std::string className() const override { return "TabView"; }
+  std::string_view className() const override { return "TabView"; }
 };
 
 class TextField final : public Viewed<platform::TextField> {
  public:
   std::string stringValue() const override { return text_; }
   void setStringValue(const platform::Text& text) override { text_ = text.value_or(""); }
-  std::string className() const override { return "TextField"; }
+  std::string_view className() const override { return "TextField"; }
 
  private:
   std::string text_;
@@ -77,7 +77,7 @@ class Menu final : public platform::Menu {
  public:
   void addItem(const std::shared_ptr<platform::MenuItem>& item) override { items_.push_back(item); }
   std::shared_ptr<platform::MenuItem> itemAtIndex(std::int64_t index) override;
-  std::string className() const override { return "Menu"; }
+  std::string_view className() const override { return "Menu"; }
 
   const std::vector<std::shared_ptr<platform::MenuItem>>& items() const { return items_; }
   void clear() { items_.clear(); }
@@ -94,7 +94,7 @@ class PopUpButton final : public Viewed<platform::PopUpButton> {
   std::int64_t indexOfSelectedItem() const override { return selected_; }
   void selectItemAtIndex(std::int64_t index) override;
   void setEnabled(bool enabled) override { enabled_ = enabled; }
-  std::string className() const override { return "PopUpButton"; }
+  std::string_view className() const override { return "PopUpButton"; }
 
   const std::vector<std::shared_ptr<platform::MenuItem>>& items() const { return menu_->items(); }
   bool isEnabled() const { return enabled_; }

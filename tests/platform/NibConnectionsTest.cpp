@@ -11,13 +11,13 @@ namespace {
 struct PlainView final : View {
   void setHidden(bool /*hidden*/) override {}
   std::shared_ptr<View> viewWithTag(std::int64_t /*tag*/) override { return nullptr; }
-  std::string className() const override { return "PlainView"; }
+  std::string_view className() const override { return "PlainView"; }
 };
 
 struct Tabs final : TabView {
   void setHidden(bool /*hidden*/) override {}
   std::shared_ptr<View> viewWithTag(std::int64_t /*tag*/) override { return nullptr; }
-  std::string className() const override { return "Tabs"; }
+  std::string_view className() const override { return "Tabs"; }
 };
 
 struct Owner final : NibOwner {

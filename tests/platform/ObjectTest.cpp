@@ -7,7 +7,7 @@ namespace cardpanels::platform {
 namespace {
 
 struct Card final : Object {
-  std::string className() const override { return "Card"; }
+  std::string_view className() const override { return "Card"; }
 };
 
 TEST(Object, IsDescribedByClassAndAddress) {

@@ -16,7 +16,7 @@ struct Host final : platform::CallbackObject {
   explicit Host(const std::string& path) : ppd(ppdOpenFile(path.c_str())) {}
   ~Host() override { ppdClose(ppd); }
   ppd_file_t* ppdFile() override { return ppd; }
-  std::string className() const override { return "Host"; }
+  std::string_view className() const override { return "Host"; }
   ppd_file_t* ppd;
 };
 

@@ -83,7 +83,7 @@ TEST(PlugIn, ASecondCallAnswersANewArrayOfNewPanels) {
 struct Host final : platform::CallbackObject {
   ppd_file_t* ppd = nullptr;
   ppd_file_t* ppdFile() override { return ppd; }
-  std::string className() const override { return "Host"; }
+  std::string_view className() const override { return "Host"; }
 };
 
 TEST(PlugIn, ReleasesTheFirstCallsArrayAtTheSecond) {

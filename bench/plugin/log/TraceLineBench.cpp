@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "bench/support/LogFile.h"
 #include "bench/support/Ratios.h"
 #include "platform/Log.h"
 #include "plugin/log/PDELogging.h"
@@ -15,26 +16,16 @@ namespace {
 using cardpanels::platform::Object;
 
 struct Panel final : Object {
-  std::string className() const override { return "ThermalLaminatePDE"; }
+  std::string_view className() const override { return "ThermalLaminatePDE"; }
 };
-
-/// A file without a name, which both write to.
-int logFile() {
-  static const int file = fileno(std::tmpfile());
-  return file;
-}
-
-void startOver() {
-  if (ftruncate(logFile(), 0) != 0 || lseek(logFile(), 0, SEEK_SET) != 0) std::abort();
-}
 
 const std::string kKey = "cardLaminate";
 const std::string kChoice = "Front";
 
 void traceLine(benchmark::State& state) {
-  startOver();
+  const cardpanels::bench::LogFile file;
   const auto before =
-      cardpanels::platform::setLogSink(cardpanels::platform::fileDescriptorSink(logFile()));
+      cardpanels::platform::setLogSink(cardpanels::platform::fileDescriptorSink(file.descriptor()));
   const Panel panel;
   for (auto _ : state) cardpanels::_PDELog(&panel, "new choice is %@/%@", kKey, kChoice);
   cardpanels::platform::setLogSink(before);
@@ -43,7 +34,7 @@ BENCHMARK(traceLine);
 
 /// Composing the format, filling it, and writing the same bytes, without any typing or escaping.
 void twoSnprintfAndAWrite(benchmark::State& state) {
-  startOver();
+  const cardpanels::bench::LogFile file;
   const Panel panel;
   const std::string description = panel.description();
   for (auto _ : state) {
@@ -58,7 +49,8 @@ void twoSnprintfAndAWrite(benchmark::State& state) {
     const int length =
         std::snprintf(line.data(), line.size(), format.data(), kKey.c_str(), kChoice.c_str());
 #pragma GCC diagnostic pop
-    if (write(logFile(), line.data(), static_cast<std::size_t>(length)) != length) std::abort();
+    if (write(file.descriptor(), line.data(), static_cast<std::size_t>(length)) != length)
+      std::abort();
   }
 }
 BENCHMARK(twoSnprintfAndAWrite);

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/support/LogFile.h"
 #include "bench/support/Ratios.h"
 #include "host/HostCallback.h"
 #include "host/JobOptions.h"
@@ -30,18 +31,6 @@ struct Lines final : platform::LogSink {
     all.push_back("2026-11-21 05:08:21.070 bench-areas[12345] " + std::string(line) + "\n");
   }
   std::vector<std::string> all;
-};
-
-/// A file without a name that is started over before it grows large.
-class LogFile {
- public:
-  int descriptor() const { return fileno(file_); }
-  void startOver() const {
-    if (ftruncate(descriptor(), 0) != 0 || lseek(descriptor(), 0, SEEK_SET) != 0) std::abort();
-  }
-
- private:
-  std::FILE* file_ = std::tmpfile();
 };
 
 /// The peel-off panel with twelve typed areas.
@@ -67,7 +56,7 @@ class Panel {
 };
 
 void saveTwelveAreas(benchmark::State& state) {
-  const LogFile file;
+  const bench::LogFile file;
   const auto before = platform::setLogSink(platform::fileDescriptorSink(file.descriptor()));
   Panel panel;
   for (auto _ : state) {
@@ -79,7 +68,7 @@ void saveTwelveAreas(benchmark::State& state) {
 BENCHMARK(saveTwelveAreas);
 
 void snprintfAndWriteItsLines(benchmark::State& state) {
-  const LogFile file;
+  const bench::LogFile file;
   const auto lines = std::make_shared<Lines>();
   const auto before = platform::setLogSink(lines);
   Panel panel;

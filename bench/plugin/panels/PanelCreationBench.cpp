@@ -1,9 +1,9 @@
 #include <benchmark/benchmark.h>
 #include <cups/ppd.h>
 
-#include <cstdio>
 #include <memory>
 
+#include "bench/support/LogFile.h"
 #include "bench/support/Ratios.h"
 #include "host/HostCallback.h"
 #include "host/JobOptions.h"
@@ -23,11 +23,8 @@ const std::string kPPD = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
 /// The job's host, with the trace in a file.
 class Dialog {
  public:
-  Dialog() : before_(platform::setLogSink(platform::fileDescriptorSink(fileno(log_)))) {}
-  ~Dialog() {
-    platform::setLogSink(before_);
-    std::fclose(log_);
-  }
+  Dialog() : before_(platform::setLogSink(platform::fileDescriptorSink(log_.descriptor()))) {}
+  ~Dialog() { platform::setLogSink(before_); }
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
@@ -37,7 +34,7 @@ class Dialog {
   std::shared_ptr<platform::Bundle> bundle = std::make_shared<headless::HeadlessBundle>(kBundle);
 
  private:
-  std::FILE* log_ = std::tmpfile();
+  bench::LogFile log_;
   std::shared_ptr<platform::LogSink> before_;
 };
 

@@ -67,7 +67,9 @@ COATING = """\
 # What differs between any two jobs.
 OF_ONE_JOB = re.compile("time|date|uuid|job-id|job-k-octets|job-state|job-name")
 # Our functions, libraries and sources in a stack of the sanitizers; not the folder of the checkout.
-OWN_FRAME = re.compile(r"#\d+ \S+ in (cardpanels|.*cardpanels::|.*libcardpanels|.*apps/gtk3-module/)")
+OWN_FRAME = re.compile(
+    r"#\d+ .*( in cardpanels|cardpanels::|libcardpanels|cardpanels\.so|apps/gtk3-module/)"
+)
 
 
 def sanitizer():

@@ -5,8 +5,6 @@
 namespace cardpanels::drive {
 namespace {
 
-using Words = std::vector<platform::Text>;
-
 TEST(Script, BlanksSeparateWords) {
   EXPECT_EQ(words("mark  cardLaminate\tFront"), (Words{"mark", "cardLaminate", "Front"}));
 }
@@ -30,6 +28,19 @@ TEST(Script, ACommentStartsAtAWord) {
 TEST(Script, AnOpenQuoteIsAnError) { EXPECT_THROW(words("mark \"key"), CommandError); }
 
 TEST(Script, AnUnknownEscapeIsAnError) { EXPECT_THROW(words(R"(mark "\q")"), CommandError); }
+
+TEST(Script, TooFewOrTooManyArgumentsAreTold) {
+  EXPECT_NO_THROW(expectCount({"a"}, 1, 2));
+  EXPECT_NO_THROW(expectCount({"a", "b"}, 1, 2));
+  for (const Words& arguments : {Words{}, Words{"a", "b", "c"}}) {
+    try {
+      expectCount(arguments, 1, 2);
+      ADD_FAILURE();
+    } catch (const CommandError& error) {
+      EXPECT_EQ(error.what(), "takes 1 to 2 arguments, not " + std::to_string(arguments.size()));
+    }
+  }
+}
 
 }  // namespace
 }  // namespace cardpanels::drive

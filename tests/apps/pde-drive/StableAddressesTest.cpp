@@ -21,7 +21,7 @@ TEST(StableAddresses, AreHexadecimal) {
 
 TEST(StableAddresses, AnObjectAtTheSamePlaceGetsAnotherName) {
   struct Card final : platform::Object {
-    std::string className() const override { return "Card"; }
+    std::string_view className() const override { return "Card"; }
   };
   StableAddresses addresses;
   std::optional<Card> card(std::in_place);

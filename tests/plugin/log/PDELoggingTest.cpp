@@ -9,8 +9,8 @@ namespace {
 using Lines = std::vector<std::string>;
 
 struct Panel final : platform::Object {
-  std::string className() const override { return "Panel"; }
-  std::string description() const override { return text; }
+  std::string_view className() const override { return "Panel"; }
+  void appendDescription(std::string& out) const override { out += text; }
   std::string text = "<Panel>";
 };
 
@@ -82,6 +82,22 @@ TEST_F(PDELogging, APercentSignInADescriptionIsAConversion) {
   panel.text = "<50%s>";
   _PDELog(&panel, "%s", "argument");
   EXPECT_EQ(log.lines(), Lines{"LOG self(<50argument>) (null)"});
+}
+
+TEST_F(PDELogging, ADescriptionThatLogsStandsInItsOwnLineAfterWhatItLogged) {
+  struct Talkative final : platform::Object {
+    std::string_view className() const override { return "Talkative"; }
+    void appendDescription(std::string& out) const override {
+      out += "<half";
+      _PDELog(nullptr, "described: %s", "inside");
+      out += " whole>";
+    }
+  };
+  const Talkative talkative;
+  _PDELog(&talkative, "%@ and %12@", &talkative, &panel);
+  const std::string inside = "LOG described: inside";
+  EXPECT_EQ(log.lines(),
+            (Lines{inside, inside, "LOG self(<half whole>) <half whole> and      <Panel>"}));
 }
 
 TEST_F(PDELogging, AHostileDescriptionReadsNothingThatIsNotThere) {

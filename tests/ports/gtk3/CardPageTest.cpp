@@ -56,7 +56,7 @@ class FieldPanel final : public platform::PrintPanel, public platform::NibOwner 
   void updateUI() override {}
   void initializeUI() override {}
   std::shared_ptr<platform::Dictionary> summaryInfo() override { return nullptr; }
-  std::string className() const override { return "FieldPanel"; }
+  std::string_view className() const override { return "FieldPanel"; }
 
   std::span<const platform::Outlet> outlets() const override {
     static constexpr std::array kOutlets{platform::outlet<&FieldPanel::view>("view"),
@@ -278,7 +278,7 @@ TEST_F(CardPageTest, TheSummaryIsReadAgainAfterAChange) {
   showWindow();
   selectRow(2);
   driver_.value = "Back";
-  page_->optionsChanged();
+  page_->page().optionsChanged();
   EXPECT_THAT(visibleTexts(),
               testing::AllOf(testing::Contains("Back"), testing::Not(testing::Contains("Front"))));
 }
@@ -287,14 +287,14 @@ TEST_F(CardPageTest, TheSummaryIsReadWhenThePanelKnowsOfTheChangeToo) {
   makePage();
   showWindow();
   selectRow(2);
-  page_->optionsChanged();
+  page_->page().optionsChanged();
   driver_.value = "Back";
   EXPECT_THAT(visibleTexts(), testing::Contains("Back"));
 }
 
 TEST_F(CardPageTest, APageThatIsGoneReadsNoSummary) {
   makePage();
-  page_->optionsChanged();
+  page_->page().optionsChanged();
   page_.reset();
   driver_.summaries = 0;
   test::handleEvents();
@@ -304,15 +304,15 @@ TEST_F(CardPageTest, APageThatIsGoneReadsNoSummary) {
 TEST_F(CardPageTest, AMessageIsToldUntilItNoLongerHolds) {
   makePage();
   showWindow();
-  page_->tell("Laminate needs a ribbon.");
+  page_->page().tell("Laminate needs a ribbon.");
   EXPECT_THAT(visibleTexts(), testing::Contains("Laminate needs a ribbon."));
-  page_->tell("");
+  page_->page().tell("");
   EXPECT_THAT(visibleTexts(), testing::Not(testing::Contains("Laminate needs a ribbon.")));
 }
 
 TEST_F(CardPageTest, AMessageThatIsToldBeforeThePageAppearsIsThere) {
   makePage();
-  page_->tell("Laminate needs a ribbon.");
+  page_->page().tell("Laminate needs a ribbon.");
   window_->show_all();
   showWindow();
   EXPECT_THAT(visibleTexts(), testing::Contains("Laminate needs a ribbon."));
@@ -321,7 +321,7 @@ TEST_F(CardPageTest, AMessageThatIsToldBeforeThePageAppearsIsThere) {
 TEST_F(CardPageTest, TheUserClosesTheMessageBar) {
   makePage();
   showWindow();
-  page_->tell("Laminate needs a ribbon.");
+  page_->page().tell("Laminate needs a ribbon.");
   all<Gtk::InfoBar>().front()->response(Gtk::RESPONSE_CLOSE);
   EXPECT_FALSE(all<Gtk::InfoBar>().front()->get_visible());
 }
@@ -330,7 +330,7 @@ TEST_F(CardPageTest, TheBarOffersToChangeAnywayOnlyWhereThatIsOffered) {
   makePage();
   showWindow();
   int insisted = 0;
-  page_->tell("That would remove an area.", [&] { ++insisted; });
+  page_->page().tell("That would remove an area.", [&] { ++insisted; });
   auto* const bar = all<Gtk::InfoBar>().front();
   const auto buttons = all<Gtk::Button>();
   auto* const button = *std::find_if(buttons.begin(), buttons.end(), [](const Gtk::Button* each) {
@@ -339,18 +339,18 @@ TEST_F(CardPageTest, TheBarOffersToChangeAnywayOnlyWhereThatIsOffered) {
   EXPECT_TRUE(button->get_visible());
   bar->response(Gtk::RESPONSE_CLOSE);
   EXPECT_EQ(insisted, 0);
-  page_->tell("That would remove an area.", [&] { ++insisted; });
+  page_->page().tell("That would remove an area.", [&] { ++insisted; });
   button->clicked();
   EXPECT_EQ(insisted, 1);
   EXPECT_FALSE(bar->get_visible());
-  page_->tell("Something else.");
+  page_->page().tell("Something else.");
   EXPECT_FALSE(button->get_visible());
 }
 
 TEST_F(CardPageTest, AnErrorIsTold) {
   makePage();
   showWindow();
-  page_->tellError("The print server does not answer.");
+  page_->page().tellError("The print server does not answer.");
   EXPECT_THAT(visibleTexts(), testing::Contains("The print server does not answer."));
   EXPECT_EQ(all<Gtk::InfoBar>().front()->get_message_type(), Gtk::MESSAGE_ERROR);
 }
@@ -359,7 +359,7 @@ TEST_F(CardPageTest, ThePageBecomesSmallWhateverIsOnIt) {
   driver_.value = std::string(200, 'x');
   makePage();
   showWindow();
-  page_->tell(std::string(2000, 'x') + " " + std::string(2000, 'x'));
+  page_->page().tell(std::string(2000, 'x') + " " + std::string(2000, 'x'));
   selectRow(2);
   int minimum = 0;
   int natural = 0;

@@ -291,7 +291,7 @@ class EditTest : public ControlsTest {
  protected:
   void SetUp() override {
     ControlsTest::SetUp();
-    dynamic_cast<WidgetView&>(*view_).signalEditEnded().connect([this] {
+    dynamic_cast<EntryField&>(*owner_->field).setEditEnded([this] {
       ++edits_;
       if (onEdit_) onEdit_();
     });

@@ -62,7 +62,7 @@ class OpenHost final : public platform::CallbackObject {
   }
   ~OpenHost() override { ppdClose(ppd_); }
   ppd_file_t* ppdFile() override { return ppd_; }
-  std::string className() const override { return "OpenHost"; }
+  std::string_view className() const override { return "OpenHost"; }
 
  private:
   ppd_file_t* ppd_;

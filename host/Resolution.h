@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <vector>
+
+#include "host/Marks.h"
+
+namespace cardpanels::host {
+
+/// Changes the marks of other options, as the PPD's constraints ask, until `option` is in no
+/// conflict; `partners` are those that it conflicts with now. Page sizes are never changed, and
+/// conflicts that `option` has no part in stay as they are. False when that cannot be; what is
+/// marked then is left to the caller to restore.
+bool resolve(Marks& marks, const ppd_option_t& option, const std::vector<ppd_option_t*>& partners);
+
+}  // namespace cardpanels::host
