@@ -62,15 +62,18 @@ constexpr platform::Outlet outlet(std::string_view name) {
           }};
 }
 
+template <auto fields, std::size_t... index>
+constexpr void putOutlets(platform::Outlet* place, const OutletNames& names,
+                          std::index_sequence<index...> /*indices*/) {
+  ((place[index] = outlet<fields, index>(names[index])), ...);
+}
+
 /// A panel's `own` outlets and those that fill its `fields`.
 template <auto fields, std::size_t count>
 constexpr auto outlets(const std::array<platform::Outlet, count>& own, const OutletNames& names) {
   std::array<platform::Outlet, count + kFieldCount> all{};
   std::copy(own.begin(), own.end(), all.begin());
-  const auto add = [&]<std::size_t... index>(std::index_sequence<index...> /*indices*/) {
-    ((all[count + index] = outlet<fields, index>(names[index])), ...);
-  };
-  add(std::make_index_sequence<kFieldCount>());
+  putOutlets<fields>(all.data() + count, names, std::make_index_sequence<kFieldCount>());
   return all;
 }
 
