@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace cardpanels::dialog {
@@ -8,5 +10,13 @@ namespace cardpanels::dialog {
 /// or without a unit behind it (`in`, `cm`, `mm` or `px` in any case, or the inch mark `"`). Spaces
 /// may stand around both.
 bool isMeasurement(std::string_view text);
+
+/// The measurement `text` in points (1/72 inch). `px`, as well as a number without a unit, counts
+/// dots of the printer. Nothing for what is no measurement, or is too large for a `double`.
+std::optional<double> pointsIn(std::string_view text, double dotsPerInch);
+
+/// What a user means who types a decimal comma: `text` with a point for each comma, `1.5cm` for
+/// `1,5cm`. `1,000,5` becomes `1.000.5`, which is no measurement either.
+std::string withDecimalPoint(std::string text);
 
 }  // namespace cardpanels::dialog
