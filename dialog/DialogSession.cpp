@@ -1,5 +1,6 @@
 #include "dialog/DialogSession.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/Error.h"
@@ -30,11 +31,13 @@ void DialogSession::leave() {
 }
 
 void DialogSession::forget() {
+  page_ = nullptr;
   panels_.reset();
   job_.reset();
   leftAlone_.clear();
-  notes_.clear();
+  outcome_.clear();
   insisted_.reset();
+  dialog_.showStatus({});
 }
 
 void DialogSession::selectPrinter(const std::string& queue) {
@@ -47,7 +50,7 @@ void DialogSession::selectPrinter(const std::string& queue) {
 void DialogSession::queueRead(QueueRead read) {
   try {
     if (!read.ppd) throw host::Error(read.error);
-    startPanels(std::move(read.ppd));
+    startPanels(std::move(read));
   } catch (const std::exception& error) {
     if (panels_) panels_->setObserver(nullptr);
     dialog_.showText(error.what());
@@ -55,13 +58,13 @@ void DialogSession::queueRead(QueueRead read) {
   }
 }
 
-void DialogSession::startPanels(host::PPDFile ppd) {
-  job_ = std::make_unique<host::JobOptions>(std::move(ppd));
+void DialogSession::startPanels(QueueRead read) {
+  job_ = std::make_unique<host::JobOptions>(std::move(read.ppd));
   std::vector<Option> values;
   for (const Option& each : dialog_.options()) {
     if (job_->hasOption(each.key) && !each.value.empty()) values.push_back(each);
   }
-  for (const std::string& leftOut : job_->markSaved(values)) note(leftOut);
+  const auto leftOut = job_->markSaved(values);
   job_->markSaved({{kPageSize, dialog_.pageSize()}});
   panels_ = makePanels_(*job_);
   if (panels_->panels().empty()) {
@@ -71,11 +74,32 @@ void DialogSession::startPanels(host::PPDFile ppd) {
   for (const Option& each : differences()) {
     if (!panels_->claimedKeys().contains(each.key)) leftAlone_[each.key] = each.value;
   }
-  note(job_->conflicts());
   panels_->setObserver(this);
-  dialog_.showPanels(*panels_);
-  tellNotes();
+  page_ = &dialog_.showPanels(*panels_);
+  page_->setStatusChanged([this] { dialog_.showStatus(page_->status()); });
+  dialog_.showStatus(page_->status());
+  for (const std::string& each : leftOut) page_->keep(each);
+  tellCarriedOver(read.savedOptions);
   bringToDialog();
+}
+
+/// A program's dialog starts with what was set at its last print, which another document may not
+/// need.
+void DialogSession::tellCarriedOver(const std::vector<Option>& saved) {
+  std::string choices;
+  for (const std::string& key : job_->differingKeys()) {
+    const Option option{key, job_->marked(key).value_or("")};
+    const bool isSaved = std::any_of(saved.begin(), saved.end(), [&](const Option& each) {
+      return platform::equalIgnoringCase(each.key, option.key) && each.value == option.value;
+    });
+    if (isSaved || !panels_->claimedKeys().contains(key)) continue;
+    if (!choices.empty()) choices += _(", ");
+    choices += platform::filled(
+        _("“{option}” is “{choice}”"),
+        {{"option", job_->optionTitle(key)}, {"choice", job_->choiceTitle(key, option.value)}});
+  }
+  if (choices.empty()) return;
+  page_->keep(platform::filled(_("Set from your last print: {choices}."), {{"choices", choices}}));
 }
 
 bool DialogSession::isMarked(const Option& option) const {
@@ -112,8 +136,7 @@ void DialogSession::dialogChanged() {
   followPageSize();
   for (const Option& each : changes) follow(each);
   following_ = false;
-  if (changes.empty() && notes_.empty()) return;
-  tellNotes();
+  if (!outcome_.empty()) tellOutcome();
   optionsChanged();
 }
 
@@ -133,10 +156,13 @@ void DialogSession::followPageSize() {
 void DialogSession::print() {
   if (!panels_) return;
   dialogChanged();
-  try {
-    panels_->print();
-  } catch (const std::exception& error) {
-    dialog_.tell(error.what(), {});
+  // What is wrong stays where it is: the job goes with what was right before.
+  if (page_->status().wrong.empty()) {
+    try {
+      panels_->print();
+    } catch (const std::exception& error) {
+      page_->tellError(error.what());
+    }
   }
   bringToDialog();
 }
@@ -146,7 +172,7 @@ bool DialogSession::knowsNoConflict() const { return panels_ && job_->conflicts(
 void DialogSession::optionsChanged() {
   if (following_) return;
   bringToDialog();
-  dialog_.panelsChanged();
+  page_->optionsChanged();
 }
 
 void DialogSession::bringToDialog() {
@@ -155,7 +181,7 @@ void DialogSession::bringToDialog() {
   }
   std::string told;
   for (const Option& kept : differences()) told += (told.empty() ? "" : "\n") + setBack(kept);
-  if (!told.empty()) dialog_.tell(told, {});
+  if (!told.empty()) page_->keep(told);
 }
 
 /// The dialog hides choices that do not go with what is installed in the printer.
@@ -164,7 +190,7 @@ std::string DialogSession::setBack(const Option& kept) {
   following_ = true;
   panels_->change(kept.key, kept.value);
   following_ = false;
-  notes_.clear();
+  outcome_.clear();
   insisted_.reset();
   return platform::filled(
       _("“{option}” cannot be “{choice}” in this dialog."),
@@ -172,26 +198,19 @@ std::string DialogSession::setBack(const Option& kept) {
 }
 
 void DialogSession::tell(const std::string& message, const std::optional<Option>& insisted) {
-  note(message);
+  if (!message.empty()) outcome_ += (outcome_.empty() ? "" : "\n") + message;
   if (insisted) insisted_ = insisted;
-  if (!following_) tellNotes();
+  if (!following_) tellOutcome();
 }
 
-void DialogSession::tellNotes() {
-  const std::string message = std::exchange(notes_, {});
+void DialogSession::tellOutcome() {
+  const std::string message = std::exchange(outcome_, {});
   const auto insisted = std::exchange(insisted_, std::nullopt);
   if (insisted) {
-    dialog_.tell(message,
-                 [this, change = *insisted] { panels_->insist(change.key, change.value); });
+    page_->tell(message, [this, change = *insisted] { panels_->insist(change.key, change.value); });
   } else {
-    dialog_.tell(message, {});
+    page_->tell(message);
   }
-}
-
-void DialogSession::note(const std::string& message) {
-  if (message.empty()) return;
-  if (!notes_.empty()) notes_ += '\n';
-  notes_ += message;
 }
 
 }  // namespace cardpanels::dialog

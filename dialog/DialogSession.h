@@ -14,10 +14,11 @@
 
 namespace cardpanels::dialog {
 
-/// What came of reading a queue: its PPD, or why there is none.
+/// What came of reading a queue: its PPD and the user's saved options, or why there is none.
 struct QueueRead {
   host::PPDFile ppd;
   std::string error;
+  std::vector<host::Option> savedOptions = {};
 };
 
 /// Begins to read a queue's PPD, and calls back once, later and on the caller's thread, unless what
@@ -52,7 +53,8 @@ class DialogSession : private host::PanelObserver {
   void leave();
   void forget();
   void queueRead(QueueRead read);
-  void startPanels(host::PPDFile ppd);
+  void startPanels(QueueRead read);
+  void tellCarriedOver(const std::vector<host::Option>& saved);
   bool isMarked(const host::Option& option) const;
   bool isTyped(const host::Option& option) const;
   bool differs(const host::Option& option) const;
@@ -63,8 +65,7 @@ class DialogSession : private host::PanelObserver {
   std::string setBack(const host::Option& kept);
   void optionsChanged() override;
   void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
-  void tellNotes();
-  void note(const std::string& message);
+  void tellOutcome();
 
   PrintDialog& dialog_;
   ReadQueue readQueue_;
@@ -72,9 +73,10 @@ class DialogSession : private host::PanelObserver {
   std::shared_ptr<void> reading_;
   std::unique_ptr<host::JobOptions> job_;
   std::unique_ptr<host::PanelHost> panels_;
+  Page* page_ = nullptr;                          // the dialog's, on the panels
   std::map<std::string, std::string> leftAlone_;  // typed in the dialog, no value of the printer's
   bool following_ = false;                        // changes are on their way here
-  std::string notes_;                             // what the user is told meanwhile
+  std::string outcome_;                           // what the user is told once they are here
   std::optional<host::Option> insisted_;
 };
 

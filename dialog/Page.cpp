@@ -1,9 +1,14 @@
 #include "dialog/Page.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
-#include "dialog/MeasurementField.h"
+#include "dialog/CardText.h"
+#include "dialog/PageTexts.h"
+#include "dialog/TypedAreas.h"
+#include "host/CardGeometry.h"
+#include "host/JobOptions.h"
 #include "platform/Messages.h"
 #include "platform/NibOwner.h"
 
@@ -23,11 +28,7 @@ Page::Page(host::PanelDriver& driver, PageView& view) : driver_(driver), view_(v
 }
 
 Page::~Page() {
-  disappear();
-  // The fields may live on with their panels.
-  for (const Content& content : contents_) {
-    for (MeasurementField* field : content.fields) field->setEditEnded({});
-  }
+  if (shown_) driver_.hide(sections_[*current_].panel);
 }
 
 std::string Page::nothingToChoose() {
@@ -37,11 +38,12 @@ std::string Page::nothingToChoose() {
 void Page::start() {
   if (sections_.empty()) return;
   select(0);
-  readSummary();
+  read();
 }
 
 void Page::select(std::size_t section) {
   if (section == current_) return;
+  if (TypedAreas* const areas = currentAreas()) areas->storeEdits();
   if (!hasOnlyGoodTexts()) {
     view_.showSection(*current_);
     return;
@@ -53,6 +55,35 @@ void Page::select(std::size_t section) {
   view_.showSection(section);
 }
 
+void Page::selectNext() {
+  if (current_ && *current_ + 1 < sections_.size()) select(*current_ + 1);
+}
+
+void Page::selectPrevious() {
+  if (current_ && *current_ > 0) select(*current_ - 1);
+}
+
+bool Page::offersHelp() const {
+  if (!current_) return false;
+  const Panel& panel = sections_[*current_].panel;
+  return !panel || panel->shouldShowHelp();
+}
+
+Help Page::help() const {
+  if (!offersHelp()) return {};
+  const Section& section = sections_[*current_];
+  return {section.name,
+          section.panel ? panelHelp(*section.panel, driver_.job().ppd()) : summaryHelp()};
+}
+
+void Page::prepareAll() {
+  for (std::size_t section = 0; section < sections_.size(); ++section) {
+    if (!sections_[section].panel || contents_[section].isLoaded) continue;
+    load(section);
+    if (contents_[section].view) driver_.prepare(sections_[section].panel);
+  }
+}
+
 void Page::appear() {
   visible_ = true;
   if (shown_ || !current_ || !sections_[*current_].panel) return;
@@ -61,10 +92,12 @@ void Page::appear() {
   driver_.show(sections_[*current_].panel);
 }
 
+/// A panel that goes stores what its fields show, so one with a wrong text stays.
 void Page::disappear() {
   visible_ = false;
-  if (!std::exchange(shown_, false)) return;
-  driver_.hide(sections_[*current_].panel);
+  const TypedAreas* const areas = currentAreas();
+  if (areas != nullptr && areas->firstWrong() != nullptr) return;
+  if (std::exchange(shown_, false)) driver_.hide(sections_[*current_].panel);
 }
 
 void Page::load(std::size_t section) {
@@ -72,74 +105,203 @@ void Page::load(std::size_t section) {
   if (std::exchange(content.isLoaded, true)) return;
   try {
     content.view = driver_.view(sections_[section].panel);
-    watchFields(section);
+    content.areas = areasOf(section);
     view_.fillSection(section, content.view);
+    readLater();
   } catch (const std::exception& error) {
     view_.fillSectionWithText(section, error.what());
   }
 }
 
-void Page::watchFields(std::size_t section) {
-  const auto owner = std::dynamic_pointer_cast<platform::NibOwner>(sections_[section].panel);
-  if (!owner) return;
-  for (const platform::Outlet& outlet : owner->outlets()) {
-    auto* const field = dynamic_cast<MeasurementField*>(outlet.view(*owner).get());
-    if (field == nullptr) continue;
-    contents_[section].fields.push_back(field);
-    field->setEditEnded([this, section] { editEnded(section); });
-  }
+std::unique_ptr<TypedAreas> Page::areasOf(std::size_t section) {
+  const Panel& panel = sections_[section].panel;
+  const auto owner = std::dynamic_pointer_cast<platform::NibOwner>(panel);
+  if (!owner) return nullptr;
+  auto areas = std::make_unique<TypedAreas>(
+      *owner, TypedAreas::Client{
+                  .store = [this, panel] { driver_.storeTyped(panel); },
+                  .refusals = [this] { return driver_.refusals(); },
+                  .stored =
+                      [this](const std::string& key) {
+                        return areaTexts(driver_.job().marked(key).value_or(""));
+                      },
+                  .later = [this](std::function<void()> task) { view_.later(std::move(task)); },
+                  .changed =
+                      [this] {
+                        showNotices();
+                        updateStatus();
+                      },
+              });
+  areas->setUnitHelp(unitHelp(host::cardGeometry(driver_.job())));
+  return areas;
 }
 
-void Page::editEnded(std::size_t section) {
-  if (firstWrong(section) == nullptr) driver_.storeTyped(sections_[section].panel);
-}
-
-MeasurementField* Page::firstWrong(std::size_t section) const {
-  for (MeasurementField* field : contents_[section].fields) {
-    if (field->holdsWrongText()) return field;
-  }
-  return nullptr;
+TypedAreas* Page::currentAreas() const {
+  return current_ ? contents_[*current_].areas.get() : nullptr;
 }
 
 bool Page::hasOnlyGoodTexts() {
-  MeasurementField* const wrong = current_ ? firstWrong(*current_) : nullptr;
-  if (wrong == nullptr) return true;
-  tellError(platform::filled(_("“{field}” is no measurement: “{text}”"),
-                             {{"field", wrong->caption()}, {"text", wrong->text()}}));
-  wrong->takeFocus();
-  return false;
-}
-
-void Page::optionsChanged() {
-  if (std::exchange(readsSummary_, true)) return;
-  view_.later([this] { readSummary(); });
-}
-
-void Page::readSummary() {
-  readsSummary_ = false;
-  Summary summary;
-  for (const auto& panel : driver_.panels()) {
-    if (auto entries = driver_.summary(panel)) {
-      summary.push_back({panel->panelName().value_or(""), std::move(entries)});
-    }
+  TypedAreas* const areas = currentAreas();
+  if (areas == nullptr) return true;
+  if (MeasurementField* const wrong = areas->firstWrong()) {
+    tellError(wrongText(*wrong));
+    wrong->takeFocus();
+    return false;
   }
-  view_.showSummary(summary);
+  if (MeasurementField* const refused = areas->firstRefused()) {
+    refused->takeFocus();
+    return false;
+  }
+  return true;
+}
+
+void Page::optionsChanged() { readLater(); }
+
+void Page::readLater() {
+  if (std::exchange(readsSoon_, true)) return;
+  view_.later([this, alive = std::weak_ptr<bool>(alive_)] {
+    if (!alive.expired()) read();
+  });
+}
+
+void Page::read() {
+  readsSoon_ = false;
+  if (TypedAreas* const areas = currentAreas()) areas->keepRefused();
+  const PageTexts texts = pageTexts();
+  for (std::size_t i = 0; i < sections_.size(); ++i) {
+    if (!sections_[i].panel) continue;
+    view_.markRow(i, texts.remark(sections_[i].panel));
+    if (contents_[i].isLoaded) view_.emphasize(i, texts.differing(sections_[i].panel));
+  }
+  view_.allowReset(texts.differsAnywhere());
+  view_.showSummary(texts.summary());
+  showNotices();
+  updateStatus();
+}
+
+PageTexts Page::pageTexts() const {
+  // Only the panel that is shown keeps its fields up to date.
+  const TypedAreas* const areas = shown_ ? currentAreas() : nullptr;
+  if (areas == nullptr) return {driver_, {}, ""};
+  return {driver_, areas->texts(), areas->areaBegun()};
 }
 
 void Page::tell(const std::string& message, const std::function<void()>& insist) {
-  insist_ = insist;
-  view_.showMessage({message, Message::Kind::warning, insist_ != nullptr});
+  outcome_ = {message, false, insist};
+  showNotices();
 }
 
 void Page::tellError(const std::string& message) {
-  insist_ = nullptr;
-  view_.showMessage({message, Message::Kind::error});
+  outcome_ = {message, true, {}};
+  showNotices();
 }
 
-void Page::insist() {
-  const auto insist = std::exchange(insist_, nullptr);
-  tell({});
-  if (insist) insist();
+void Page::keep(const std::string& message) {
+  if (message.empty() || std::find(kept_.begin(), kept_.end(), message) != kept_.end()) return;
+  kept_.push_back(message);
+  showNotices();
+}
+
+void Page::showNotices() { view_.showNotices(notices()); }
+
+Notices Page::notices() {
+  Notices all;
+  const auto close = [](std::function<void()> perform) {
+    return Notice::Answer{_("Cl_ose"), std::move(perform)};
+  };
+  if (!outcome_.text.empty()) {
+    Notice notice{
+        outcome_.isError ? Notice::Kind::error : Notice::Kind::warning, outcome_.text, {}};
+    if (outcome_.insist) {
+      notice.answers.push_back({_("Change An_yway"), [this, insist = outcome_.insist] {
+                                  tell({});
+                                  insist();
+                                }});
+    }
+    notice.answers.push_back(close([this] { tell({}); }));
+    all.push_back(std::move(notice));
+  }
+  TypedAreas* const areas = currentAreas();
+  if (areas != nullptr && areas->firstRefused() != nullptr) {
+    all.push_back({Notice::Kind::error, areas->refusal(), {{_("_Take Stored Area Back"), [areas] {
+                                                              areas->takeStoredBack();
+                                                            }}}});
+  }
+  const auto concerned = pageTexts().concerns();
+  if (!concerned.empty()) {
+    Notice notice{Notice::Kind::warning, joined(concerned, "\n"), {}};
+    if (printAnyway_) notice.answers.push_back({_("Print _Anyway"), printAnyway_});
+    all.push_back(std::move(notice));
+  }
+  for (const host::RuleChange& change : driver_.job().ruleChanges()) {
+    all.push_back(
+        {Notice::Kind::warning,
+         change.sentence,
+         {{_("_Undo"), [this, key = change.key] { undo(key); }}, close([this, key = change.key] {
+            driver_.job().closeRuleChange(key);
+            read();
+          })}});
+  }
+  for (const std::string& text : kept_) {
+    all.push_back({Notice::Kind::information, text, {close([this, text] {
+                     std::erase(kept_, text);
+                     showNotices();
+                   })}});
+  }
+  return all;
+}
+
+void Page::undo(const std::string& key) {
+  const auto& changes = driver_.job().ruleChanges();
+  const auto change = std::find_if(changes.begin(), changes.end(),
+                                   [&key](const auto& each) { return each.key == key; });
+  if (change != changes.end()) driver_.change(key, std::string(change->from));
+}
+
+void Page::closeNotices() {
+  outcome_ = {};
+  kept_.clear();
+  std::vector<std::string> keys;
+  for (const auto& change : driver_.job().ruleChanges()) keys.push_back(change.key);
+  for (const std::string& key : keys) driver_.job().closeRuleChange(key);
+  read();
+}
+
+void Page::reset() {
+  outcome_ = {};
+  driver_.reset();
+}
+
+void Page::updateStatus() {
+  PageStatus now;
+  if (const TypedAreas* const areas = currentAreas()) {
+    if (const MeasurementField* const wrong = areas->firstWrong()) now.wrong = wrongText(*wrong);
+    if (now.wrong.empty()) now.wrong = areas->refusal();
+  }
+  now.pressing = pageTexts().concerns();
+  for (const auto& change : driver_.job().ruleChanges()) now.pressing.push_back(change.sentence);
+  if (now.pressing != status_.pressing) printAnyway_ = nullptr;
+  if (now == status_) return;
+  status_ = std::move(now);
+  if (statusChanged_) statusChanged_();
+}
+
+bool Page::mayPrint(const std::function<void()>& anyway) {
+  if (!hasOnlyGoodTexts()) return false;
+  outcome_ = {};
+  const auto changes = driver_.job().ruleChanges();
+  driver_.print();
+  read();
+  if (!hasOnlyGoodTexts() || !outcome_.text.empty()) return false;
+  if (driver_.job().ruleChanges() != changes) return false;
+  const auto concerned = pageTexts().concerns();
+  if (concerned.empty() || concerned == accepted_) return true;
+  printAnyway_ = [this, concerned, anyway] {
+    accepted_ = concerned;
+    anyway();
+  };
+  showNotices();
+  return false;
 }
 
 }  // namespace cardpanels::dialog

@@ -4,19 +4,32 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "dialog/PageTexts.h"
 #include "dialog/PageView.h"
+#include "dialog/PanelHelp.h"
 #include "host/PanelDriver.h"
 #include "platform/View.h"
 
 namespace cardpanels::dialog {
 
 class MeasurementField;
+class TypedAreas;
+
+/// What a dialog around the page must heed whatever it shows.
+struct PageStatus {
+  /// Why nothing may be printed, in a sentence; "" when it may.
+  std::string wrong;
+  /// What the user must know before they print, a sentence each.
+  std::vector<std::string> pressing;
+  bool operator==(const PageStatus&) const = default;
+};
 
 /// The page "Card" of a print dialog: a section a panel and a summary of all as the last, and a bar
-/// that tells the user of conflicts. This decides what the port's widgets, a `PageView`, show.
+/// that tells what the user must know. This decides what the port's widgets, a `PageView`, show.
 ///
 /// A panel is shown and hidden as its section appears and goes, also when the page itself does.
 /// Views load when they are first seen; the page keeps them.
@@ -48,52 +61,93 @@ class Page {
   /// The user has chosen a row. A section with a text that cannot be stored is not left.
   void select(std::size_t section);
 
+  /// The user goes on to the section below, or back to the one above; at the end nothing happens.
+  void selectNext();
+  void selectPrevious();
+
+  /// What the user can read about the section that shows; no paragraphs where no help is offered.
+  Help help() const;
+  bool offersHelp() const;
+
+  /// Loads and fills every panel that was not seen yet, so that the page's size no longer grows.
+  void prepareAll();
+
   /// The page is about to be seen, or no longer to be.
   void appear();
   void disappear();
 
-  /// To be called when options have changed: the summary is read again once this is done, since a
-  /// panel learns what became of its own request only after the host has told of it.
+  /// To be called when options have changed: what the page tells of them is read again once this is
+  /// done, since a panel learns what became of its own request only after the host has told of it.
   void optionsChanged();
 
-  /// Shows `message` in the bar in place of what is there; the empty text takes the bar away. With
-  /// `insist`, the bar offers to change the options anyway, and calls it when the user does.
+  /// Tells what came of the user's last action, in place of what was told so; the empty text takes
+  /// it away. With `insist`, the bar offers to change the options anyway, and calls it when the
+  /// user does.
   void tell(const std::string& message, const std::function<void()>& insist = {});
 
   /// The same for an error.
   void tellError(const std::string& message);
 
-  /// The user closes the bar, or presses its button.
-  void closeMessage() { tell({}); }
-  void insist();
+  /// Tells `message` until the user closes it.
+  void keep(const std::string& message);
 
-  /// Whether all that the user has typed can be stored. If not, the first field where it cannot is
-  /// told and gets the focus. Such a text is not stored.
-  bool hasOnlyGoodTexts();
+  /// The user closes the bar: whatever can be closed is.
+  void closeNotices();
+
+  /// The user asks for the printer's defaults.
+  void reset();
+
+  /// Who learns that what `status` answers has changed; empty for nobody.
+  void setStatusChanged(std::function<void()> changed) { statusChanged_ = std::move(changed); }
+  const PageStatus& status() const { return status_; }
+
+  /// The user presses Print: stores what was typed. False when that cannot be, or when there is
+  /// something that the user shall see first; the bar tells, and the field that is wrong gets the
+  /// focus. `anyway` is what the bar's "Print Anyway" does.
+  bool mayPrint(const std::function<void()>& anyway);
 
  private:
   /// What a section shows once it was seen.
   struct Content {
     bool isLoaded = false;
-    std::shared_ptr<platform::View> view;   // owns the fields
-    std::vector<MeasurementField*> fields;  // in the order of the panel's outlets
+    std::shared_ptr<platform::View> view;
+    std::unique_ptr<TypedAreas> areas;  // none for a panel without fields
+  };
+
+  /// What is told of the user's last action.
+  struct Outcome {
+    std::string text;
+    bool isError = false;
+    std::function<void()> insist;
   };
 
   void load(std::size_t section);
-  void watchFields(std::size_t section);
-  void editEnded(std::size_t section);
-  MeasurementField* firstWrong(std::size_t section) const;
-  void readSummary();
+  std::unique_ptr<TypedAreas> areasOf(std::size_t section);
+  TypedAreas* currentAreas() const;
+  bool hasOnlyGoodTexts();
+  void undo(const std::string& key);
+  void readLater();
+  void read();
+  void showNotices();
+  void updateStatus();
+  PageTexts pageTexts() const;
+  Notices notices();
 
   host::PanelDriver& driver_;
   PageView& view_;
   std::vector<Section> sections_;
   std::vector<Content> contents_;
   std::optional<std::size_t> current_;
-  bool shown_ = false;         // whether the current panel is
-  bool visible_ = false;       // whether the page is
-  bool readsSummary_ = false;  // soon
-  std::function<void()> insist_;
+  bool shown_ = false;    // whether the current panel is
+  bool visible_ = false;  // whether the page is
+  bool readsSoon_ = false;
+  Outcome outcome_;
+  std::vector<std::string> kept_;
+  std::vector<std::string> accepted_;  // concerns that the user prints with anyway
+  std::function<void()> printAnyway_;  // offered in the bar while there are concerns
+  PageStatus status_;
+  std::function<void()> statusChanged_;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // what is left for later asks
 };
 
 }  // namespace cardpanels::dialog

@@ -3,21 +3,14 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 
+#include "dialog/Notice.h"
 #include "dialog/Summary.h"
 #include "platform/View.h"
 
 namespace cardpanels::dialog {
-
-/// What the bar above a page's sections tells.
-struct Message {
-  enum class Kind { warning, error };
-
-  std::string text;  // empty: there is no bar
-  Kind kind = Kind::warning;
-  bool offersInsisting = false;  // with a button to change the options anyway
-};
 
 /// The widgets of a page "Card", in a toolkit. A section is told by its place among the page's.
 /// All functions are called on the dialog's thread.
@@ -37,11 +30,21 @@ class PageView {
   /// Puts `text` there instead.
   virtual void fillSectionWithText(std::size_t section, const std::string& text) = 0;
 
+  /// Marks the section's row with a sign that `why` explains, also to assistive technology; without
+  /// `why` there is no sign.
+  virtual void markRow(std::size_t section, const std::string& why) = 0;
+
+  /// Makes the captions of these options bold in the section's view, and no others.
+  virtual void emphasize(std::size_t section, const std::set<std::string>& keys) = 0;
+
   /// Shows `summary` in place of what the last section shows.
   virtual void showSummary(const Summary& summary) = 0;
 
-  /// Shows `message` in place of the one before.
-  virtual void showMessage(const Message& message) = 0;
+  /// Shows `notices` in the bar in place of those before; there is no bar without any.
+  virtual void showNotices(const Notices& notices) = 0;
+
+  /// Whether the user may put all back to the printer's defaults.
+  virtual void allowReset(bool allowed) = 0;
 
   /// Has the main loop run `task` once when all else is done, unless this view has ended.
   virtual void later(std::function<void()> task) = 0;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "dialog/Page.h"
 #include "host/JobOption.h"
 #include "host/PanelHost.h"
 
@@ -33,15 +33,13 @@ class PrintDialog {
   virtual void showText(const std::string& text) = 0;
 
   /// Shows the page with `panels`, which live until `removePage`, and hides the dialog's own
-  /// controls of what they claim until the dialog makes new ones for another printer.
-  virtual void showPanels(host::PanelHost& panels) = 0;
+  /// controls of what they claim until the dialog makes new ones for another printer. Answers the
+  /// page, which stays the dialog's until then.
+  virtual Page& showPanels(host::PanelHost& panels) = 0;
 
-  /// What the panels tell of themselves has changed.
-  virtual void panelsChanged() = 0;
-
-  /// Tells the user `message` on the page with panels, in place of what was told last, and offers
-  /// to do `insist` when it is given.
-  virtual void tell(const std::string& message, const std::function<void()>& insist) = 0;
+  /// Shows what the user must know whatever of the dialog they look at, with a sign at the page's
+  /// tab, and keeps them from printing while something is wrong.
+  virtual void showStatus(const PageStatus& status) = 0;
 
   /// Takes the page away, if there is one.
   virtual void removePage() = 0;

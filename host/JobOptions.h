@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "host/Choices.h"
 #include "host/JobOption.h"
 #include "host/Marks.h"
 #include "host/PPDFile.h"
+#include "host/RuleChanges.h"
 #include "platform/Text.h"
 
 namespace cardpanels::host {
@@ -50,13 +52,26 @@ class JobOptions {
   ChangeResult request(const platform::Text& key, const platform::Text& choice,
                        Losing losing = Losing::refused);
 
+  /// The same for all of `options`, as the user gives them together: none of them is changed for
+  /// another one, so two that exclude each other are refused, whatever their order. Of two for the
+  /// same option the last counts. `media` is taken for the PPD's own options.
+  ChangeResult requestAll(const std::vector<Option>& options);
+
+  /// Throws `Error` for what `request` would refuse for another reason than a conflict.
+  void check(const Option& option) const;
+
   /// Marks without asking the constraints. Throws `Error` for what `request` would refuse for
   /// another reason than a conflict.
   void mark(const std::string& key, const std::string& choice);
 
-  /// Marks the user's saved options, in order; each that this PPD does not know (any more) is left
-  /// out and told in the answer, a sentence each. Constraints are not asked.
+  /// Marks the user's saved options, in order, `media` as the PPD's own options where they are not
+  /// saved themselves; each that this PPD does not know (any more) is left out and told in the
+  /// answer, a sentence each. The job then carries the default in its place, since the print server
+  /// may know the value too and adds what a job lacks. Constraints are not asked.
   std::vector<std::string> markSaved(const std::vector<Option>& options);
+
+  /// The same for what the user has chosen on another PPD.
+  std::vector<std::string> markChosen(const std::vector<Option>& options);
 
   /// Takes the mark away, so that the PPD's default stands. Throws `Error` for an unknown option.
   void unmark(const std::string& key);
@@ -72,8 +87,19 @@ class JobOptions {
   /// saved options set, in the PPD's order. Asking for no area where there is none sets nothing.
   std::vector<Option> options() const;
 
-  /// The conflicts among the marks as they are, a sentence each, by titles; empty without any.
-  std::string conflicts() const;
+  /// The conflicts among the marks as they are, a sentence each, by titles.
+  std::vector<std::string> conflicts() const;
+
+  /// What granted requests have changed besides, and the user has not closed yet.
+  const std::vector<RuleChange>& ruleChanges() const { return ruleChanges_.all(); }
+  void closeRuleChange(const std::string& key) { ruleChanges_.close(key); }
+
+  /// The options whose mark is not the PPD's default, in the PPD's order.
+  std::vector<std::string> differingKeys() const;
+
+  /// Marks the PPD's defaults of those options, without asking the constraints; the job then
+  /// carries them, whatever is saved. Answers what has changed.
+  std::vector<Option> reset(const std::set<std::string>& keys);
 
   /// Whether the PPD has the option, in whatever case.
   bool hasOption(const std::string& key) const;
@@ -84,10 +110,16 @@ class JobOptions {
 
  private:
   ppd_option_t& found(const std::string& key) const;
-  ChangeResult change(const ppd_option_t& option, const Mark& wanted, Losing losing);
+  Choice choice(const Option& option) const;
+  std::vector<Choice> choices(const std::vector<Option>& options) const;
+  std::vector<std::string> markEach(const std::vector<Option>& options, const char* leftOut);
+  void markOne(const Option& option, const std::vector<Option>& all);
+  ChangeResult change(const std::vector<Choice>& choices, Losing losing);
+  bool isDefault(const ppd_option_t& option) const;
 
   Marks marks_;
   std::set<const ppd_option_t*> set_;  // what the job or the saved options set
+  RuleChanges ruleChanges_;
 };
 
 }  // namespace cardpanels::host

@@ -24,6 +24,11 @@ void rename(ppd_choice_t& record, const std::string& name) {
 
 }  // namespace
 
+std::string valueOf(const Mark& mark) {
+  if (!mark.custom.empty()) return mark.custom;
+  return mark.choice == nullptr ? kNothingMarked : mark.choice->choice;
+}
+
 Marks::OwnNames::OwnNames(const Marks& marks)
     : marks_(marks), isOutermost_(!std::exchange(marks.namesAreOwn_, true)) {
   if (!isOutermost_) return;

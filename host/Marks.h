@@ -23,6 +23,9 @@ struct Mark {
   std::string custom = {};  // as a job carries it, `Custom.…` or `{…}`
 };
 
+/// The value that `mark` marks, as a job carries it.
+std::string valueOf(const Mark& mark);
+
 /// An option whose value is another now; absent values are those of no mark.
 struct MarkChange {
   const ppd_option_t* option;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/Dictionary.h"
@@ -8,6 +10,9 @@
 #include "platform/View.h"
 
 namespace cardpanels::host {
+
+class JobOptions;
+struct ChangeResult;
 
 /// What a page needs of whoever drives its panels.
 class PanelDriver {
@@ -22,9 +27,16 @@ class PanelDriver {
   /// The panels in the order to show them; always the same.
   virtual const std::vector<Panel>& panels() const = 0;
 
+  /// The keywords of those of the panel's options that the printer has; always the same.
+  virtual const std::vector<std::string>& keys(const Panel& panel) const = 0;
+
   /// The panel's view, loaded when it is not. Throws a `std::exception` that tells why there is
   /// none.
   virtual std::shared_ptr<platform::View> view(const Panel& panel) = 0;
+
+  /// Fills the controls of a panel whose view is loaded, ahead of its first appearance, where that
+  /// is needed to know their size.
+  virtual void prepare(const Panel& /*panel*/) {}
 
   /// The panel is about to appear.
   virtual void show(const Panel& panel) = 0;
@@ -32,11 +44,27 @@ class PanelDriver {
   /// The panel is about to go.
   virtual void hide(const Panel& panel) = 0;
 
-  /// The user has typed into the panel and left the field: what was typed shall be kept.
+  /// The user has typed into the panel and is done: what was typed shall be kept.
   virtual void storeTyped(const Panel& panel) = 0;
 
   /// Option titles and the titles of what is chosen, a new dictionary a call; empty for nothing.
   virtual std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const = 0;
+
+  /// The user pressed Print: panels that want to know of it are told, then all save their values.
+  /// Throws a `std::exception` as `view` does.
+  virtual void print() = 0;
+
+  /// A change that the user asks for beside the panels; panels are told and follow.
+  virtual ChangeResult change(const std::string& key, const std::string& choice) = 0;
+
+  /// Puts all options that panels claim back to the printer's defaults; panels are told and follow.
+  virtual void reset() = 0;
+
+  /// Why the last request for an option was refused, by its keyword; a granted one takes it away.
+  virtual const std::map<std::string, std::string>& refusals() const = 0;
+
+  /// The job whose options the panels edit.
+  virtual JobOptions& job() = 0;
 };
 
 }  // namespace cardpanels::host

@@ -36,6 +36,8 @@ class PanelHost::Telling {
     ++requests_;
     // Panels save areas also for a side that the printer lacks; the user has no part in that.
     if (!host_.job_.hasOption(option.key)) return;
+    // What a granted one has changed besides stands in the job's list of changes.
+    if (result.granted) return;
     add(result.message);
     if (result.losesValues) insisted_ = option;
   }
@@ -70,7 +72,9 @@ PanelHost::PanelHost(const std::string& path, std::shared_ptr<platform::Bundle> 
   for (const Panel& panel : panels_) {
     const auto keys = panel->supportedPPDOptionKeys();
     for (const std::string& key : *keys) {
-      if (job_.hasOption(key)) claimedKeys_.insert(key);
+      if (!job_.hasOption(key)) continue;
+      keys_[panel].push_back(key);
+      claimedKeys_.insert(key);
     }
     panel->restoreValuesAndReturnError(nullptr);
     deliverLongValues(panel);
@@ -91,11 +95,16 @@ std::shared_ptr<platform::View> PanelHost::view(const Panel& panel) {
 void PanelHost::show(const Panel& panel) {
   const Telling telling(*this);
   shown_ = panel;
-  prepare(panel);
+  fill(panel);
+}
+
+void PanelHost::prepare(const Panel& panel) {
+  const Telling telling(*this);
+  fill(panel);
 }
 
 /// Fills the panel's controls, or shows the values in them anew.
-void PanelHost::prepare(const Panel& panel) {
+void PanelHost::fill(const Panel& panel) {
   panel->willShow();
   // Filling reads all values from the PPD once more.
   if (ready_.insert(panel).second) deliverLongValues(panel);
@@ -131,7 +140,7 @@ void PanelHost::print() {
     // the job's values.
     if (ready_.contains(panel)) continue;
     view(panel);
-    prepare(panel);
+    fill(panel);
   }
   for (const Panel& panel : panels_) storeTyped(panel);
   for (const Panel& panel : panels_) panel->saveValuesAndReturnError(nullptr);
@@ -154,7 +163,26 @@ ChangeResult PanelHost::change(const Option& option, Losing losing) {
   return result;
 }
 
+const std::vector<std::string>& PanelHost::keys(const Panel& panel) const {
+  static const std::vector<std::string> kNone;
+  const auto keys = keys_.find(panel);
+  return keys == keys_.end() ? kNone : keys->second;
+}
+
+void PanelHost::reset() {
+  const Telling telling(*this);
+  callback_->tellPanels(job_.reset(claimedKeys_));
+  refusals_.clear();
+  if (shown_) shown_->updateUI();
+  if (observer_ != nullptr) observer_->optionsChanged();
+}
+
 void PanelHost::requested(const Option& option, const ChangeResult& result) {
+  if (result.granted) {
+    refusals_.erase(option.key);
+  } else if (job_.hasOption(option.key)) {
+    refusals_[option.key] = result.message;
+  }
   // Outside an operation of the host, a panel asks because the user changed something.
   Telling own(*this);
   own.note(option, result);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -48,17 +49,20 @@ class PanelHost final : public PanelDriver {
   const std::vector<Panel>& panels() const override { return panels_; }
   /// Throws `Error` with the file and id that fail.
   std::shared_ptr<platform::View> view(const Panel& panel) override;
+  void prepare(const Panel& panel) override;
   void show(const Panel& panel) override;
   void hide(const Panel& panel) override;
   void storeTyped(const Panel& panel) override;
   std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override;
+  const std::vector<std::string>& keys(const Panel& panel) const override;
+  void reset() override;
+  const std::map<std::string, std::string>& refusals() const override { return refusals_; }
+  JobOptions& job() override { return job_; }
 
-  /// The user pressed Print: panels that want to know of it are told, then all save their values.
   /// Throws `Error` as `view` does.
-  void print();
+  void print() override;
 
-  /// A change that the dialog or the command line asks for; panels are told and follow.
-  ChangeResult change(const std::string& key, const std::string& choice);
+  ChangeResult change(const std::string& key, const std::string& choice) override;
 
   /// The same for a change that the user wants whatever other options lose by it.
   ChangeResult insist(const std::string& key, const std::string& choice);
@@ -71,7 +75,7 @@ class PanelHost final : public PanelDriver {
 
   ChangeResult change(const Option& option, Losing losing);
   void requested(const Option& option, const ChangeResult& result);
-  void prepare(const Panel& panel);
+  void fill(const Panel& panel);
   void deliverLongValues(const Panel& panel);
 
   JobOptions& job_;
@@ -79,7 +83,9 @@ class PanelHost final : public PanelDriver {
   std::shared_ptr<ConstrainingHostCallback> callback_;
   std::shared_ptr<platform::PlugIn> plugIn_;
   std::vector<Panel> panels_;
+  std::map<Panel, std::vector<std::string>> keys_;  // that the printer has
   std::set<std::string> claimedKeys_;
+  std::map<std::string, std::string> refusals_;
   std::set<Panel> ready_;  // those whose controls are filled
   Panel shown_;
   PanelObserver* observer_ = nullptr;

@@ -24,9 +24,11 @@ struct QueueName {
 /// What a queue of the print server offers to a job.
 struct Queue {
   QueueName name;
-  /// The user's and the administrator's saved options that the queue's PPD knows of.
+  /// The user's and the administrator's saved options that the queue's PPD knows of, and
+  /// `media` as long as that is none of the PPD's own.
   std::vector<Option> savedOptions;
   PPDFile ppd;
+  std::string ppdText;  // byte by byte, to know the PPD again
 };
 
 /// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default
@@ -37,17 +39,6 @@ Queue openQueue(const QueueName& name, int seconds = 10);
 /// The same for a thread that somebody may stop waiting for: gives up after `seconds` of waiting in
 /// all, and soon after `abandoned` has become true.
 Queue openQueue(const QueueName& name, int seconds, const std::atomic<bool>& abandoned);
-
-/// Sends `files` with `options`, and those saved options of the queue that are not among them, as
-/// one job and answers its id. Throws `Error` as `openQueue` does, and for a file that cannot be
-/// read; then nothing is printed.
-int submitJob(const QueueName& name, const std::string& title,
-              const std::vector<std::string>& files, const std::vector<Option>& options,
-              int seconds = 10);
-
-/// `options` as arguments of `lp`, quoted for the shell and, inside that, for CUPS: for example
-/// `-o cardLaminate=Front -o 'frontResinInclude1="Custom.1in 1in 2in 2in"'`.
-std::string lpArguments(const std::vector<Option>& options);
 
 /// Saves `options` under the queue's instance in the user's own settings, as `lpoptions` does,
 /// without disturbing other saved options. The instance need not exist yet. Throws `Error` as

@@ -13,16 +13,16 @@ namespace cardpanels::host {
 namespace {
 
 using Partners = std::vector<ppd_option_t*>;
+using Kept = std::set<const ppd_option_t*>;
 
 /// Takes the marks of conflicts that `option` has no part in away for its own life, so that they
 /// neither get in the way nor are "resolved" unasked.
 class HiddenConflicts {
  public:
-  HiddenConflicts(Marks& marks, const ppd_option_t& option, const Partners& partners)
-      : marks_(marks) {
+  HiddenConflicts(Marks& marks, const Partners& partners, const Kept& kept) : marks_(marks) {
     for (const auto* each : conflictedOptions(marks)) {
-      const bool related =
-          each == &option || std::find(partners.begin(), partners.end(), each) != partners.end();
+      const bool related = kept.contains(each) ||
+                           std::find(partners.begin(), partners.end(), each) != partners.end();
       if (related || isPageSize(*each)) continue;
       hidden_.emplace_back(each, marks.mark(*each));
       marks.set(*each, Mark());
@@ -43,7 +43,7 @@ class HiddenConflicts {
 };
 
 /// Marks what libcups proposes; false when that is nothing or nothing to do unasked.
-bool applyResolution(Marks& marks, const ppd_option_t& option) {
+bool applyResolution(Marks& marks, const ppd_option_t& option, const Kept& kept) {
   const std::string wanted = marks.value(option).value_or("");
   // A value in braces is a custom one, which libcups sees by the prefix only.
   const std::string choice =
@@ -55,7 +55,7 @@ bool applyResolution(Marks& marks, const ppd_option_t& option) {
   }
   for (const Option& each : resolved.options()) {
     const ppd_option_t* const other = findOption(marks.ppd(), each.key);
-    if (other == &option) continue;
+    if (kept.contains(other)) continue;
     // The card lies in the printer: its size is nothing to change unasked.
     if (other == nullptr || isPageSize(*other)) return false;
     ppd_choice_t* const listed = listedChoice(*other, each.value);
@@ -66,9 +66,9 @@ bool applyResolution(Marks& marks, const ppd_option_t& option) {
 }
 
 /// libcups leaves Collate out of every resolution.
-bool resolveCollate(Marks& marks, const ppd_option_t& option) {
+bool resolveCollate(Marks& marks, const ppd_option_t& option, const Kept& kept) {
   const ppd_option_t* const collate = findOption(marks.ppd(), "Collate");
-  if (collate == nullptr || collate == &option) return false;
+  if (collate == nullptr || kept.contains(collate)) return false;
   const ppd_choice_t* const custom = customChoice(*collate);
   for (auto& choice : choicesOf(*collate)) {
     if (&choice == custom) continue;
@@ -80,15 +80,15 @@ bool resolveCollate(Marks& marks, const ppd_option_t& option) {
 
 }  // namespace
 
-bool resolve(Marks& marks, const ppd_option_t& option, const Partners& partners) {
+bool resolve(Marks& marks, const ppd_option_t& option, const Partners& partners, const Kept& kept) {
   const Marks::OwnNames names(marks);
   const int others = conflictCount(marks) - conflictCount(marks, option);
   const bool applied = [&] {
-    const HiddenConflicts hidden(marks, option, partners);
-    return applyResolution(marks, option);
+    const HiddenConflicts hidden(marks, partners, kept);
+    return applyResolution(marks, option, kept);
   }();
   if (!applied) return false;
-  const bool atPeace = conflictCount(marks, option) == 0 || resolveCollate(marks, option);
+  const bool atPeace = conflictCount(marks, option) == 0 || resolveCollate(marks, option, kept);
   return atPeace && conflictCount(marks) <= others;
 }
 

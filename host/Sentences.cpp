@@ -12,9 +12,26 @@ namespace {
 using platform::_;
 using platform::filled;
 
+std::string markedValue(const Marks& marks, const ppd_option_t& option) {
+  return marks.value(option).value_or(kNothingMarked);
+}
+
 /// The title of what is marked; all sentences are made while an `OwnNames` lives.
 std::string markTitle(const Marks& marks, const ppd_option_t& option) {
-  return titleOf(option, marks.value(option).value_or(kNothingMarked));
+  return titleOf(option, markedValue(marks, option));
+}
+
+std::string condition(const ppd_option_t& option, const std::string& choice) {
+  return filled(_("“{option}” is “{choice}”"),
+                {{"option", titleOf(option)}, {"choice", titleOf(option, choice)}});
+}
+
+std::string cannotBe(const ppd_option_t& option, const std::string& choice,
+                     const std::string& conditions) {
+  return filled(_("“{option}” cannot be “{choice}” while {conditions}."),
+                {{"option", titleOf(option)},
+                 {"choice", titleOf(option, choice)},
+                 {"conditions", conditions}});
 }
 
 bool areSame(const ppd_option_t& a, const ppd_option_t& b) {
@@ -29,13 +46,14 @@ std::string refusal(const Marks& marks, const ppd_option_t& option,
   std::string conditions;
   for (const auto* partner : partners) {
     if (!conditions.empty()) conditions += _(" and ");
-    conditions += filled(_("“{option}” is “{choice}”"),
-                         {{"option", titleOf(*partner)}, {"choice", markTitle(marks, *partner)}});
+    conditions += condition(*partner, markedValue(marks, *partner));
   }
-  return filled(_("“{option}” cannot be “{choice}” while {conditions}."),
-                {{"option", titleOf(option)},
-                 {"choice", markTitle(marks, option)},
-                 {"conditions", conditions}});
+  return cannotBe(option, markedValue(marks, option), conditions);
+}
+
+std::string exclusion(const ppd_option_t& option, const Mark& mark, const ppd_option_t& other,
+                      const Mark& otherMark) {
+  return cannotBe(option, valueOf(mark), condition(other, valueOf(otherMark)));
 }
 
 std::string loss(const Marks& marks, const ppd_option_t& option,
@@ -73,16 +91,15 @@ std::string explanation(const Marks& marks, const ppd_option_t& option,
   return sentences;
 }
 
-std::string allConflicts(const Marks& marks) {
+std::vector<std::string> allConflicts(const Marks& marks) {
   const Marks::OwnNames names(marks);
-  std::string sentences;
+  std::vector<std::string> sentences;
   std::set<const ppd_option_t*> told;
   for (const auto* option : conflictedOptions(marks)) {
     const auto partners = conflictsWith(marks, *option);
     if (partners.empty() || told.contains(option)) continue;
     told.insert(partners.begin(), partners.end());
-    if (!sentences.empty()) sentences += ' ';
-    sentences += refusal(marks, *option, partners);
+    sentences.push_back(refusal(marks, *option, partners));
   }
   return sentences;
 }

@@ -15,6 +15,11 @@ namespace cardpanels::host {
 std::string refusal(const Marks& marks, const ppd_option_t& option,
                     const std::vector<ppd_option_t*>& partners);
 
+/// That `option` and `other` cannot be chosen with these marks together, since the one takes the
+/// mark of the other away.
+std::string exclusion(const ppd_option_t& option, const Mark& mark, const ppd_option_t& other,
+                      const Mark& otherMark);
+
 /// That `option` was not changed to what it is marked with because of the values that other options
 /// lose by it, which are among `changes`; empty when there are none.
 std::string loss(const Marks& marks, const ppd_option_t& option,
@@ -25,7 +30,7 @@ std::string loss(const Marks& marks, const ppd_option_t& option,
 std::string explanation(const Marks& marks, const ppd_option_t& option,
                         const std::vector<MarkChange>& changes);
 
-/// Every conflict, a sentence each; empty without any.
-std::string allConflicts(const Marks& marks);
+/// Every conflict, a sentence each.
+std::vector<std::string> allConflicts(const Marks& marks);
 
 }  // namespace cardpanels::host

@@ -34,14 +34,14 @@ def main(folder):
             print(folder / name)
 
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
+        dialog.choose("Front Resin", "Defined Areas")
         for name, text in (("X", "0.5in"), ("Y", "0.25in"), ("width", "2in"), ("height", "1in")):
-            dialog.type(f"Front include area 1, {name}", text)
+            dialog.type(f"Front Resin Area 1, {name}", text)
         picture("print-dialog.png")
         dialog.open_panel("Peel-Off")
-        dialog.choose("Front peel-off", "Chip")
+        dialog.choose("Front Peel-Off", "Chip")
         dialog.open_panel("Thermal Laminate")
-        dialog.choose("Laminate", "Both Sides")
+        dialog.choose("Thermal Laminate", "Both Sides")
         dialog.wait_for_text("was changed")
         picture("print-dialog-conflict.png")
         dialog.press("Cancel")

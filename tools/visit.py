@@ -21,7 +21,7 @@ def visit(arguments):
         window = program.window()
         user.select_row(window, "Thermal Laminate")
         print("choosing: Thermal Laminate, Both Sides")
-        user.choose(program.find("combo box", "Laminate"), "Both Sides")
+        user.choose(program.find("combo box", "Thermal Laminate"), "Both Sides")
         desktop.picture(str(PICTURE), window)
         print(f"screenshot: {PICTURE}")
 

@@ -13,7 +13,7 @@ namespace cardpanels::cardprint {
 
 const char* const kHelp =
     R"help(Usage: cardprint [--ppd FILE | -d QUEUE[/INSTANCE]] [-o KEY=VALUE]...
-                 [--no-dialog] [--trace] [FILE]...
+                 [--no-dialog [--strict]] [--trace] [FILE]...
 Shows the options of a card printer, and prints FILEs with what is chosen.
 
   -d QUEUE[/INSTANCE]  the queue to print on, with the options saved for it or
@@ -25,6 +25,8 @@ Shows the options of a card printer, and prints FILEs with what is chosen.
                        An area is four measurements:
                        -o frontResinInclude1="1in 1in 2in 2in"
   --no-dialog          print at once with the options given by -o
+  --strict             with --no-dialog, print nothing when an area cannot be
+                       right, such as one that is off the card
   --trace              write the trace log to standard error as well as to the
                        system log
   --help               print this text
@@ -38,18 +40,23 @@ shell (an empty line when the job needs none), so this prints a picture later:
 
   eval "lp -d QUEUE $(cardprint --ppd card.ppd | tail -n 1) picture.png"
 
-What else changed because options exclude each other is told on standard error.
+No option given by -o is changed for another one: two that exclude each other
+are an error. What else changed because of them is told on standard error, and
+so is an area that cannot be right.
 Exit status: 0 when all was done, 1 when the dialog was cancelled, 2 after an
 error; then nothing was printed.
 )help";
 
 namespace {
-enum LongOption { ppd = 256, noDialog, trace, help, version };
+enum LongOption { ppd = 256, noDialog, strict, trace, help, version };
 
-constexpr option kLongOptions[] = {
-    {"ppd", required_argument, nullptr, ppd},   {"no-dialog", no_argument, nullptr, noDialog},
-    {"trace", no_argument, nullptr, trace},     {"help", no_argument, nullptr, help},
-    {"version", no_argument, nullptr, version}, {}};
+constexpr option kLongOptions[] = {{"ppd", required_argument, nullptr, ppd},
+                                   {"no-dialog", no_argument, nullptr, noDialog},
+                                   {"strict", no_argument, nullptr, strict},
+                                   {"trace", no_argument, nullptr, trace},
+                                   {"help", no_argument, nullptr, help},
+                                   {"version", no_argument, nullptr, version},
+                                   {}};
 
 std::string nonEmpty(const char* value, const std::string& name) {
   if (*value == '\0') throw UsageError(name + " needs a value that is not empty");
@@ -70,6 +77,7 @@ void take(int option, Arguments& arguments) {
       break;
     case ppd: arguments.ppd = nonEmpty(optarg, "--ppd"); break;
     case noDialog: arguments.dialog = false; break;
+    case strict: arguments.strict = true; break;
     case trace: arguments.trace = true; break;
     case help: arguments.help = true; break;
     case version: arguments.version = true; break;

@@ -22,6 +22,7 @@ struct Arguments {
   std::vector<host::Option> options;
   std::vector<std::string> files;
   bool dialog = true;
+  bool strict = false;
   bool trace = false;
   bool help = false;
   bool version = false;

@@ -3,8 +3,12 @@
 #include <gtkmm/button.h>
 #include <gtkmm/separator.h>
 
+#include <algorithm>
+
 #include "host/Error.h"
+#include "host/Submission.h"
 #include "platform/Messages.h"
+#include "ports/gtk3/WindowWidth.h"
 
 namespace cardpanels::cardprint {
 namespace {
@@ -15,15 +19,9 @@ constexpr int kWidth = 720;
 constexpr int kHeight = 480;
 constexpr int kButtonMargin = 6;
 
-std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
-  return text;
-}
-
 }  // namespace
 
-CardDialog::CardDialog(CardJob& job)
+CardDialog::CardDialog(CardJob& job, const std::string& told)
     : Gtk::Dialog(Glib::ustring::compose(_("Print on %1"), job.printerName())),
       job_(job),
       page_(job.panels()) {
@@ -35,15 +33,23 @@ CardDialog::CardDialog(CardJob& job)
   auto* const print = add_button(_("_Print"), Gtk::RESPONSE_OK);
   print->get_parent()->property_margin() = kButtonMargin;
   set_default_response(Gtk::RESPONSE_OK);
-  set_default_size(kWidth, kHeight);
+  setDefaultSize();
   job_.panels().setObserver(this);
-  page_.page().tell(joined(job_.notices()));
+  page_.page().keep(told);
+  for (const std::string& each : job_.leftOut()) page_.page().keep(each);
+}
+
+/// Wide enough for all panels, whatever the size of the text.
+void CardDialog::setDefaultSize() {
+  const auto most = gtk3::workArea(*this);
+  const int height = static_cast<int>(kHeight * gtk3::textScale());
+  set_default_size(std::min(std::max(kWidth, page_.naturalWidth()), most.get_width()),
+                   std::min(height, most.get_height()));
 }
 
 CardDialog::~CardDialog() { job_.panels().setObserver(nullptr); }
 
 void CardDialog::tell(const std::string& message, const std::optional<host::Option>& insisted) {
-  told_ = message;
   if (insisted) {
     page_.page().tell(
         message, [this, change = *insisted] { job_.panels().insist(change.key, change.value); });
@@ -61,23 +67,17 @@ std::optional<std::string> CardDialog::choose() {
 
 std::optional<std::string> CardDialog::print() {
   try {
-    if (!page_.page().hasOnlyGoodTexts() || !storedSilently()) return std::nullopt;
+    if (!page_.page().mayPrint([this] { response(Gtk::RESPONSE_OK); })) return std::nullopt;
     auto output = job_.send();
     error_.clear();
     return output;
+  } catch (const host::PPDChanged&) {
+    throw;  // this dialog is on the PPD that was
   } catch (const host::Error& error) {
     error_ = error.what();
     page_.page().tellError(error_);
     return std::nullopt;
   }
-}
-
-/// Stores what was typed. False when that told the user something new, who shall see it before the
-/// job is gone.
-bool CardDialog::storedSilently() {
-  const std::string before = told_;
-  job_.panels().print();
-  return told_.empty() || told_ == before;
 }
 
 }  // namespace cardpanels::cardprint

@@ -16,12 +16,13 @@ namespace cardpanels::cardprint {
 /// The panels of a job in a dialog with Cancel and Print. Needs GTK to be initialised.
 class CardDialog : public Gtk::Dialog, private host::PanelObserver {
  public:
-  /// A dialog for `job`, which must outlive it.
-  explicit CardDialog(CardJob& job);
+  /// A dialog for `job`, which must outlive it; tells `told` at first.
+  explicit CardDialog(CardJob& job, const std::string& told = {});
   ~CardDialog() override;
 
   /// Lets the user choose until the job is sent, and answers what standard output gets; nothing
-  /// when the user cancels. A job that cannot be sent is told in the dialog, which stays.
+  /// when the user cancels. A job that cannot be sent is told in the dialog, which stays; but
+  /// throws `host::PPDChanged`.
   std::optional<std::string> choose();
 
   /// Why the last attempt to send the job failed, "" when it did not.
@@ -31,12 +32,11 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   void optionsChanged() override { page_.page().optionsChanged(); }
   void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
 
-  bool storedSilently();
+  void setDefaultSize();
   std::optional<std::string> print();
 
   CardJob& job_;
   gtk3::CardPage page_;
-  std::string told_;
   std::string error_;
 };
 

@@ -1,53 +1,113 @@
 #include "apps/cardprint/CardJob.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <utility>
 
+#include "dialog/AreaFaults.h"
+#include "dialog/AreaWarnings.h"
+#include "dialog/Captions.h"
+#include "dialog/PageTexts.h"
 #include "host/Error.h"
+#include "host/LpArguments.h"
 #include "host/PlugInLibrary.h"
+#include "host/Submission.h"
+#include "platform/Messages.h"
 #include "ports/gtk3/GtkBundle.h"
 
 namespace cardpanels::cardprint {
+
+using platform::_;
 
 struct CardJob::Printer {
   std::string name;
   host::QueueName queue;
   std::vector<host::Option> savedOptions;
   host::PPDFile ppd;
+  platform::Text ppdText;
 };
 
 CardJob::Printer CardJob::openPrinter(const Arguments& arguments) {
   if (arguments.ppd.empty()) {
     auto queue = host::openQueue(arguments.queue);
-    return {queue.name.text(), queue.name, std::move(queue.savedOptions), std::move(queue.ppd)};
+    return {queue.name.text(), queue.name, std::move(queue.savedOptions), std::move(queue.ppd),
+            std::move(queue.ppdText)};
   }
   auto ppd = host::openPPD(arguments.ppd);
   const std::string name = ppd->nickname != nullptr
                                ? ppd->nickname
                                : std::filesystem::path(arguments.ppd).filename().string();
-  return {name, {}, {}, std::move(ppd)};
+  return {name, {}, {}, std::move(ppd), std::nullopt};
 }
 
-CardJob::CardJob(const Arguments& arguments) : CardJob(arguments, openPrinter(arguments)) {}
+CardJob::CardJob(const Arguments& arguments)
+    : CardJob(arguments, openPrinter(arguments), nullptr) {}
 
-CardJob::CardJob(const Arguments& arguments, Printer&& printer)
+CardJob::CardJob(const Arguments& arguments, const CardJob& before)
+    : CardJob(arguments, openPrinter(arguments), &before) {}
+
+CardJob::CardJob(const Arguments& arguments, Printer&& printer, const CardJob* before)
     : files_(arguments.files),
       queue_(printer.queue),
       printerName_(printer.name),
+      ppdText_(std::move(printer.ppdText)),
       options_(std::move(printer.ppd)),
-      notices_(options_.markSaved(printer.savedOptions)),
-      panels_(host::defaultBundlePath(),
-              std::make_shared<gtk3::GtkBundle>(host::defaultBundlePath()), options_) {
-  for (const host::Option& option : arguments.options) choose(option);
+      leftOut_(markedFirst(printer.savedOptions, before)),
+      notice_(before == nullptr ? chosen(arguments.options) : ""),
+      panels_(
+          host::defaultBundlePath(),
+          std::make_shared<gtk3::GtkBundle>(
+              host::defaultBundlePath(), dialog::captionsOf(options_, {_("_Cancel"), _("_Print")})),
+          options_) {}
+
+/// Marks what is saved, or what `before` had chosen, and answers what was left out.
+std::vector<std::string> CardJob::markedFirst(const std::vector<host::Option>& saved,
+                                              const CardJob* before) {
+  if (before == nullptr) return options_.markSaved(saved);
+  const auto chosen = before->options_.options();
+  const host::OptionList chosenKeys(chosen);
+  std::vector<host::Option> others;
+  std::copy_if(saved.begin(), saved.end(), std::back_inserter(others),
+               [&](const host::Option& each) { return !chosenKeys.value(each.key); });
+  auto leftOut = options_.markSaved(others);
+  for (std::string& each : options_.markChosen(chosen)) leftOut.push_back(std::move(each));
+  return leftOut;
 }
 
-void CardJob::choose(const host::Option& option) {
-  const host::ChangeResult result = panels_.change(option.key, option.value);
-  if (!result.granted) {
-    throw host::Error("-o " + option.key + "=" + option.value + ": " + result.message);
+/// Chooses `options`, and answers what has changed besides.
+std::string CardJob::chosen(const std::vector<host::Option>& options) {
+  for (const host::Option& each : options) {
+    try {
+      options_.check(each);
+    } catch (const host::Error& error) {
+      throw host::Error("-o " + each.key + "=" + each.value + ": " + error.what());
+    }
   }
-  if (!result.message.empty()) notices_.push_back(result.message);
+  host::ChangeResult result = options_.requestAll(options);
+  if (!result.granted) throw host::Error(result.message);
+  for (const host::Option& each : options) {
+    const std::string fault = dialog::areaFault(options_, each.key);
+    if (!fault.empty()) throw host::Error("-o " + each.key + "=" + each.value + ": " + fault);
+  }
+  return std::move(result.message);
+}
+
+std::vector<std::string> CardJob::judged() const {
+  const auto conflicts = options_.conflicts();
+  if (!conflicts.empty()) {
+    throw host::Error(
+        platform::filled(platform::_("Options of this job exclude each other: {conflicts}"),
+                         {{"conflicts", dialog::joined(conflicts, " ")}}));
+  }
+  const auto faults = dialog::areaFaults(options_);
+  if (!faults.empty()) throw host::Error(dialog::joined(faults, " "));
+  std::vector<std::string> warnings;
+  for (dialog::AreaWarning& each : dialog::areaWarnings(options_)) {
+    warnings.push_back(std::move(each.sentence));
+  }
+  return warnings;
 }
 
 std::string CardJob::send() {
@@ -71,7 +131,7 @@ std::string CardJob::summary() {
 std::string CardJob::lastLine() {
   if (files_.empty()) return host::lpArguments(options_.options());
   const std::string title = std::filesystem::path(files_.front()).filename().string();
-  const int id = host::submitJob(queue_, title, files_, options_.options());
+  const int id = host::submitJob({queue_, title, files_, options_.options(), ppdText_});
   return "request id is " + queue_.queue + "-" + std::to_string(id) + " (" +
          std::to_string(files_.size()) + " file(s))";
 }

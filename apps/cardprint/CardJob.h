@@ -13,37 +13,54 @@ namespace cardpanels::cardprint {
 /// The job that the command line asks for, from opening the printer's PPD to sending it.
 class CardJob {
  public:
-  /// Opens the PPD or the queue, marks saved options, makes the panels, and applies the options of
-  /// the command line by the host's rules. Throws `host::Error`.
+  /// Opens the PPD or the queue, marks saved options, applies the options of the command line by
+  /// the host's rules, and makes the panels. Throws `host::Error`.
   explicit CardJob(const Arguments& arguments);
+
+  /// Opens the queue anew after it got another PPD, and marks what `before` had chosen as far as it
+  /// fits. Throws `host::Error`.
+  CardJob(const Arguments& arguments, const CardJob& before);
 
   /// What the printer is called.
   const std::string& printerName() const { return printerName_; }
 
   host::PanelHost& panels() { return panels_; }
 
-  /// What the user shall know of how the options came to be, a text each.
-  const std::vector<std::string>& notices() const { return notices_; }
+  /// Which saved or chosen options were left out and why, a sentence each.
+  const std::vector<std::string>& leftOut() const { return leftOut_; }
+
+  /// What options of the command line changed besides themselves, in sentences; "" for nothing.
+  const std::string& notice() const { return notice_; }
+
+  /// Judges the job as a user would before they print. Throws `host::Error` for options that
+  /// exclude each other and for an area that is none. Answers what can be printed but cannot be
+  /// right, a sentence each.
+  std::vector<std::string> judged() const;
 
   /// Sends the files, if there are any, and answers what standard output gets. Throws
-  /// `host::Error`; then nothing was sent.
+  /// `host::PPDChanged` when the queue has another PPD by now, and `host::Error`; then nothing was
+  /// sent.
   std::string send();
 
  private:
   /// Where the PPD comes from.
   struct Printer;
 
-  CardJob(const Arguments& arguments, Printer&& printer);
+  CardJob(const Arguments& arguments, Printer&& printer, const CardJob* before);
+  std::vector<std::string> markedFirst(const std::vector<host::Option>& saved,
+                                       const CardJob* before);
   static Printer openPrinter(const Arguments& arguments);
-  void choose(const host::Option& option);
+  std::string chosen(const std::vector<host::Option>& options);
   std::string summary();
   std::string lastLine();
 
   std::vector<std::string> files_;
   host::QueueName queue_;
   std::string printerName_;
+  platform::Text ppdText_;  // as the queue had it
   host::JobOptions options_;
-  std::vector<std::string> notices_;
+  std::vector<std::string> leftOut_;
+  std::string notice_;
   host::PanelHost panels_;
 };
 

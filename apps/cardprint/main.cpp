@@ -2,11 +2,15 @@
 
 #include <clocale>
 #include <iostream>
+#include <memory>
+#include <string>
+#include <utility>
 
 #include "apps/cardprint/Arguments.h"
 #include "apps/cardprint/CardDialog.h"
 #include "apps/cardprint/CardJob.h"
 #include "host/Error.h"
+#include "host/Submission.h"
 #include "platform/Log.h"
 
 namespace {
@@ -25,8 +29,8 @@ void initializeToolkit() {
   Gtk::Main::init_gtkmm_internals();
 }
 
-int printWithDialog(cardprint::CardJob& job) {
-  cardprint::CardDialog dialog(job);
+int printWithDialog(cardprint::CardJob& job, const std::string& told) {
+  cardprint::CardDialog dialog(job, told);
   const auto output = dialog.choose();
   if (!dialog.error().empty()) tellError(dialog.error());
   if (!output) return kCancelled;
@@ -34,14 +38,41 @@ int printWithDialog(cardprint::CardJob& job) {
   return 0;
 }
 
+void tell(const cardprint::CardJob& job) {
+  for (const std::string& each : job.leftOut()) tellError(each);
+  if (!job.notice().empty()) tellError(job.notice());
+}
+
+/// Shows the dialog anew as often as the queue gets another PPD meanwhile.
+int printWithDialogs(const cardprint::Arguments& arguments,
+                     std::unique_ptr<cardprint::CardJob> job) {
+  for (std::string told;;) {
+    try {
+      return printWithDialog(*job, told);
+    } catch (const host::PPDChanged& changed) {
+      told = changed.what();
+    }
+    tellError(told);
+    job = std::make_unique<cardprint::CardJob>(arguments, *job);
+    tell(*job);
+  }
+}
+
+int printAtOnce(cardprint::CardJob& job, bool strict) {
+  const auto warnings = job.judged();
+  for (const std::string& each : warnings) tellError(each);
+  if (strict && !warnings.empty()) return kFailed;
+  std::cout << job.send();
+  return 0;
+}
+
 int run(const cardprint::Arguments& arguments) {
   platform::setTraceToStandardError(arguments.trace);
   if (arguments.dialog) initializeToolkit();
-  cardprint::CardJob job(arguments);
-  for (const std::string& notice : job.notices()) tellError(notice);
-  if (arguments.dialog) return printWithDialog(job);
-  std::cout << job.send();
-  return 0;
+  auto job = std::make_unique<cardprint::CardJob>(arguments);
+  tell(*job);
+  return arguments.dialog ? printWithDialogs(arguments, std::move(job))
+                          : printAtOnce(*job, arguments.strict);
 }
 
 }  // namespace

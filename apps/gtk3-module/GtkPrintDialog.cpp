@@ -15,6 +15,7 @@ using host::Option;
 using platform::_;
 
 constexpr int kBorder = 18;
+constexpr int kTabSpacing = 6;
 // The value of an option that is left out of the job.
 constexpr const char* kLeftOut = "gtk-ignore-value";
 
@@ -136,7 +137,9 @@ class GtkPrintDialog::Control {
 GtkPrintDialog::GtkPrintDialog(GtkPrintUnixDialog* dialog)
     : dialog_(dialog),
       conflictSign_(childNamed(GTK_WIDGET(dialog), "conflicts_widget")),
-      paperSizes_(childNamed(GTK_WIDGET(dialog), "paper_size_combo")) {
+      paperSizes_(childNamed(GTK_WIDGET(dialog), "paper_size_combo")),
+      guard_(dialog),
+      statusBar_(GTK_DIALOG(dialog), [this] { openPage(); }) {
   if (conflictSign_ != nullptr) {
     g_signal_connect_swapped(conflictSign_, "notify::visible",
                              G_CALLBACK(+[](GtkPrintDialog* shown) { shown->denyConflict(); }),
@@ -150,7 +153,11 @@ GtkPrintDialog::GtkPrintDialog(GtkPrintUnixDialog* dialog)
 }
 
 GtkPrintDialog::~GtkPrintDialog() {
-  if (page_ != nullptr) g_signal_handlers_disconnect_by_data(page_, &page_);
+  if (page_ != nullptr) {
+    g_signal_handlers_disconnect_by_data(page_, &page_);
+    g_signal_handlers_disconnect_by_data(page_, this);
+  }
+  if (sign_ != nullptr) g_signal_handlers_disconnect_by_data(sign_, &sign_);
   for (GtkWidget* each : {conflictSign_, paperSizes_}) {
     if (each != nullptr) g_signal_handlers_disconnect_by_data(each, this);
   }
@@ -216,12 +223,28 @@ void GtkPrintDialog::set(const Option& option) {
   }
 }
 
+/// The page's tab: its name, and a sign that shows when there is something to see.
+GtkWidget* GtkPrintDialog::newTab() {
+  GtkWidget* const tab = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, kTabSpacing);
+  gtk_box_pack_start(GTK_BOX(tab), gtk_label_new(_("Card")), TRUE, TRUE, 0);
+  sign_ = gtk_image_new_from_icon_name("dialog-warning-symbolic", GTK_ICON_SIZE_MENU);
+  g_signal_connect(sign_, "destroy", G_CALLBACK(gtk_widget_destroyed), &sign_);
+  gtk_box_pack_start(GTK_BOX(tab), sign_, FALSE, FALSE, 0);
+  gtk_widget_show_all(tab);
+  gtk_widget_hide(sign_);
+  return tab;
+}
+
 GtkWidget* GtkPrintDialog::emptyPage() {
   cardPage_.reset();
   if (page_ == nullptr) {
     page_ = gtk_box_new(GTK_ORIENTATION_VERTICAL, 0);
     g_signal_connect(page_, "destroy", G_CALLBACK(gtk_widget_destroyed), &page_);
-    gtk_print_unix_dialog_add_custom_tab(dialog_, page_, gtk_label_new(_("Card")));
+    for (const char* signal : {"map", "unmap"}) {
+      g_signal_connect_swapped(page_, signal,
+                               G_CALLBACK(+[](GtkPrintDialog* self) { self->tellStatus(); }), this);
+    }
+    gtk_print_unix_dialog_add_custom_tab(dialog_, page_, newTab());
   }
   gtk_container_foreach(
       GTK_CONTAINER(page_), [](GtkWidget* child, gpointer) { gtk_widget_destroy(child); }, nullptr);
@@ -237,12 +260,14 @@ void GtkPrintDialog::showText(const std::string& text) {
   gtk_widget_show(label);
 }
 
-void GtkPrintDialog::showPanels(host::PanelHost& panels) {
+dialog::Page& GtkPrintDialog::showPanels(host::PanelHost& panels) {
   gtk_container_set_border_width(GTK_CONTAINER(emptyPage()), 0);
   cardPage_ = std::make_unique<gtk3::CardPage>(panels);
   gtk_box_pack_start(GTK_BOX(page_), GTK_WIDGET(cardPage_->gobj()), TRUE, TRUE, 0);
+  cardPage_->widenWindowWhenSeen();
   cardPage_->show();
   hideControls(panels.claimedKeys());
+  return cardPage_->page();
 }
 
 void GtkPrintDialog::hideControls(const std::set<std::string>& keys) {
@@ -253,12 +278,46 @@ void GtkPrintDialog::hideControls(const std::set<std::string>& keys) {
   });
 }
 
-void GtkPrintDialog::panelsChanged() {
-  if (cardPage_) cardPage_->page().optionsChanged();
+void GtkPrintDialog::showStatus(const dialog::PageStatus& status) {
+  status_ = status;
+  guard_.hold(!status_.wrong.empty());
+  tellStatus();
 }
 
-void GtkPrintDialog::tell(const std::string& message, const std::function<void()>& insist) {
-  if (cardPage_) cardPage_->page().tell(message, insist);
+/// The page's own bar tells what is pressing while it is seen.
+void GtkPrintDialog::tellStatus() {
+  const bool seen = page_ != nullptr && gtk_widget_get_mapped(page_) != FALSE;
+  const std::string pressing = dialog::joined(status_.pressing, "\n");
+  const bool isWrong = !status_.wrong.empty();
+  const std::string& why = isWrong ? status_.wrong : pressing;
+  statusBar_.tell(seen && !isWrong ? "" : why, isWrong ? GTK_MESSAGE_ERROR : GTK_MESSAGE_WARNING);
+  if (sign_ == nullptr) return;
+  gtk_widget_set_visible(sign_, why.empty() ? FALSE : TRUE);
+  gtk_widget_set_tooltip_text(gtk_widget_get_parent(sign_), why.c_str());
+  describeTab(why);
+}
+
+GtkNotebook* GtkPrintDialog::notebook() const {
+  GtkWidget* const found =
+      page_ == nullptr ? nullptr : gtk_widget_get_ancestor(page_, GTK_TYPE_NOTEBOOK);
+  return found == nullptr ? nullptr : GTK_NOTEBOOK(found);
+}
+
+/// Assistive technology knows a tab by its page, not by what is drawn in it.
+void GtkPrintDialog::describeTab(const std::string& text) {
+  GtkNotebook* const tabs = notebook();
+  if (tabs == nullptr) return;
+  AtkObject* const accessible = gtk_widget_get_accessible(GTK_WIDGET(tabs));
+  AtkObject* const tab =
+      atk_object_ref_accessible_child(accessible, gtk_notebook_page_num(tabs, page_));
+  if (tab == nullptr) return;
+  atk_object_set_description(tab, text.c_str());
+  g_object_unref(tab);
+}
+
+void GtkPrintDialog::openPage() {
+  GtkNotebook* const tabs = notebook();
+  if (tabs != nullptr) gtk_notebook_set_current_page(tabs, gtk_notebook_page_num(tabs, page_));
 }
 
 void GtkPrintDialog::removePage() {

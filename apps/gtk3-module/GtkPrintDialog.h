@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "apps/gtk3-module/PrintGuard.h"
+#include "apps/gtk3-module/StatusBar.h"
 #include "dialog/PrintDialog.h"
 #include "ports/gtk3/CardPage.h"
 
@@ -34,9 +36,8 @@ class GtkPrintDialog final : public dialog::PrintDialog {
   std::string pageSize() const override;
   void set(const host::Option& option) override;
   void showText(const std::string& text) override;
-  void showPanels(host::PanelHost& panels) override;
-  void panelsChanged() override;
-  void tell(const std::string& message, const std::function<void()>& insist) override;
+  dialog::Page& showPanels(host::PanelHost& panels) override;
+  void showStatus(const dialog::PageStatus& status) override;
   void removePage() override;
 
  private:
@@ -44,16 +45,25 @@ class GtkPrintDialog final : public dialog::PrintDialog {
   class Control;
 
   void forgetControls();
+  GtkWidget* newTab();
   GtkWidget* emptyPage();
   void hideControls(const std::set<std::string>& keys);
   void changeLater();
   void denyConflict();
+  GtkNotebook* notebook() const;
+  void describeTab(const std::string& text);
+  void openPage();
+  void tellStatus();
 
   GtkPrintUnixDialog* dialog_;
   std::vector<std::unique_ptr<Control>> controls_;
   GtkWidget* conflictSign_ = nullptr;
   GtkWidget* paperSizes_ = nullptr;
   GtkWidget* page_ = nullptr;  // the notebook's child
+  GtkWidget* sign_ = nullptr;  // in its tab
+  PrintGuard guard_;
+  StatusBar statusBar_;
+  dialog::PageStatus status_;
   std::unique_ptr<gtk3::CardPage> cardPage_;
   std::function<void()> changed_;
   std::function<bool()> conflictDenied_;

@@ -8,10 +8,13 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "apps/gtk3-module/GtkPrintDialog.h"
+#include "dialog/Captions.h"
 #include "dialog/DialogSession.h"
 #include "dialog/QueueReading.h"
+#include "platform/StringTable.h"
 #include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk3/MainLoop.h"
 
@@ -26,15 +29,14 @@ std::string bundlePath() {
   return (std::filesystem::absolute(self.dli_fname).parent_path() / "cardpanels.bundle").string();
 }
 
-/// The bundle, which also brings the translations of the page's own texts.
-const std::shared_ptr<gtk3::GtkBundle>& bundle() {
-  static const auto* const shared =
-      new std::shared_ptr<gtk3::GtkBundle>(std::make_shared<gtk3::GtkBundle>(bundlePath()));
-  return *shared;
-}
+/// GTK's own text, which its catalogue translates.
+std::string gtkText(const char* text) { return g_dgettext("gtk30", text); }
 
 std::unique_ptr<host::PanelHost> makePanels(host::JobOptions& job) {
-  return std::make_unique<host::PanelHost>(bundlePath(), bundle(), job);
+  auto captions =
+      dialog::captionsOf(job, {gtkText("_Cancel"), gtkText("_Print"), gtkText("Pre_view")});
+  return std::make_unique<host::PanelHost>(
+      bundlePath(), std::make_shared<gtk3::GtkBundle>(bundlePath(), std::move(captions)), job);
 }
 
 /// A print dialog that has shown a card printer.
@@ -43,7 +45,6 @@ class WatchedDialog {
   explicit WatchedDialog(GtkPrintUnixDialog* dialog)
       : dialog_(dialog),
         session_(dialog_, dialog::readQueueOnThread(gtk3::postToMainLoop), makePanels) {
-    bundle();
     dialog_.setChanged([this] { session_.dialogChanged(); });
     dialog_.setConflictDenied([this] { return session_.knowsNoConflict(); });
   }
@@ -56,6 +57,8 @@ class WatchedDialog {
   void print() { session_.print(); }
 
  private:
+  // Brings the translations of the page's own texts, also where no panel loads.
+  platform::StringTable translations_{bundlePath()};
   GtkPrintDialog dialog_;
   dialog::DialogSession session_;
 };

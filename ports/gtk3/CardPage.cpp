@@ -1,25 +1,29 @@
 #include "ports/gtk3/CardPage.h"
 
 #include <glibmm/main.h>
-#include <gtkmm/dialog.h>
+#include <gtkmm/label.h>
+#include <gtkmm/scrollbar.h>
 #include <gtkmm/separator.h>
+#include <gtkmm/window.h>
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
 #include "platform/Messages.h"
 #include "platform/TextField.h"
+#include "ports/gtk3/Emphasis.h"
 #include "ports/gtk3/WidgetView.h"
+#include "ports/gtk3/WindowWidth.h"
 
 namespace cardpanels::gtk3 {
 namespace {
 
 using platform::_;
 
-constexpr int kRowPadding = 8;
 constexpr int kBorder = 18;
-constexpr int kMinimumMessageHeight = 54;
-constexpr int kMaximumMessageHeight = 120;
+constexpr int kResetWidth = 8;  // characters
+constexpr int kFootMargin = 4;
 constexpr int kMinimumContentWidth = 300;
 constexpr int kMinimumContentHeight = 150;
 
@@ -31,11 +35,20 @@ Gtk::Label* newText(const Glib::ustring& text) {
   return label;
 }
 
+/// Tab goes through the children in this order, not by where they stand.
+void tabThrough(Gtk::Container& container, const std::vector<Gtk::Widget*>& order) {
+  G_GNUC_BEGIN_IGNORE_DEPRECATIONS
+  container.set_focus_chain(order);
+  G_GNUC_END_IGNORE_DEPRECATIONS
+}
+
 }  // namespace
 
 CardPage::CardPage(host::PanelDriver& driver)
-    : Gtk::Box(Gtk::ORIENTATION_VERTICAL), page_(new dialog::Page(driver, *this)) {
-  addMessageBar();
+    : Gtk::Box(Gtk::ORIENTATION_VERTICAL),
+      help_([this] { return page_->help(); }),
+      page_(new dialog::Page(driver, *this)) {
+  pack_start(noticeBar_, Gtk::PACK_SHRINK);
   if (page_->sections().empty()) {
     pack_start(*newText(dialog::Page::nothingToChoose()), Gtk::PACK_EXPAND_WIDGET);
   } else {
@@ -51,67 +64,101 @@ CardPage::~CardPage() {
   for (Gtk::ScrolledWindow* frame : frames_) frame->remove();
 }
 
-void CardPage::addMessageBar() {
-  messageLabel_.set_line_wrap();
-  messageLabel_.set_line_wrap_mode(Pango::WRAP_WORD_CHAR);
-  messageLabel_.set_xalign(0);
-  messageLabel_.show();
-  auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
-  scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
-  scroller->set_overlay_scrolling(false);  // a bar that always shows tells that there is more
-  scroller->set_propagate_natural_height(true);
-  scroller->set_min_content_height(kMinimumMessageHeight);
-  scroller->set_max_content_height(kMaximumMessageHeight);
-  scroller->set_hexpand();
-  scroller->add(messageLabel_);
-  scroller->show();
-  dynamic_cast<Gtk::Container&>(*messageBar_.get_content_area()).add(*scroller);
-  insistButton_ = messageBar_.add_button(_("Change An_yway"), Gtk::RESPONSE_ACCEPT);
-  for (auto* button : {insistButton_, messageBar_.add_button(_("Cl_ose"), Gtk::RESPONSE_CLOSE)}) {
-    button->set_valign(Gtk::ALIGN_CENTER);
-  }
-  // Below each other, so that the message has room in a small window.
-  dynamic_cast<Gtk::Box&>(*messageBar_.get_action_area())
-      .set_orientation(Gtk::ORIENTATION_VERTICAL);
-  messageBar_.signal_response().connect(sigc::mem_fun(*this, &CardPage::messageAnswered));
-  messageBar_.set_no_show_all();
-  pack_start(messageBar_, Gtk::PACK_SHRINK);
-}
-
 void CardPage::addSections() {
   auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
   scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
   scroller->get_style_context()->add_class("sidebar");
+  scroller->set_vexpand();
   scroller->add(sidebar_);
-  sidebar_.set_selection_mode(Gtk::SELECTION_BROWSE);
   sidebar_.get_accessible()->set_name(_("Card options"));
 
-  auto* const columns = Gtk::make_managed<Gtk::Box>();
-  columns->pack_start(*scroller, Gtk::PACK_SHRINK);
-  columns->pack_start(*Gtk::make_managed<Gtk::Separator>(Gtk::ORIENTATION_VERTICAL),
-                      Gtk::PACK_SHRINK);
-  columns->pack_start(stack_, Gtk::PACK_EXPAND_WIDGET);
+  auto* const reset = Gtk::make_managed<Gtk::Label>(_("Reset to _Defaults"), true);
+  reset->set_line_wrap();
+  reset->set_max_width_chars(kResetWidth);
+  reset->set_justify(Gtk::JUSTIFY_CENTER);
+  resetButton_.add(*reset);
+  resetButton_.signal_clicked().connect([this] { page_->reset(); });
+  help_.set_halign(Gtk::ALIGN_START);
+  auto* const foot = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, kFootMargin);
+  foot->property_margin() = kFootMargin;
+  foot->pack_start(resetButton_, Gtk::PACK_SHRINK);
+  foot->pack_start(help_, Gtk::PACK_SHRINK);
+  stack_.set_hexpand();
+  stack_.set_vexpand();
+  auto* const columns = Gtk::make_managed<Gtk::Grid>();
+  // Assistive technology reads a grid's last child first.
+  columns->attach(*foot, 0, 1);
+  columns->attach(stack_, 2, 0, 1, 2);
+  columns->attach(*Gtk::make_managed<Gtk::Separator>(Gtk::ORIENTATION_VERTICAL), 1, 0, 1, 2);
+  columns->attach(*scroller, 0, 0);
   pack_start(*columns, Gtk::PACK_EXPAND_WIDGET);
+  tabThrough(*columns, {scroller, &stack_, foot});
+  tabThrough(*this, {columns, &noticeBar_});
 
   for (const auto& section : page_->sections()) addSection(section.name);
   frames_.back()->add(summary_);
   sidebar_.signal_row_selected().connect(sigc::mem_fun(*this, &CardPage::rowSelected));
+  addKeys();
+}
+
+void CardPage::addKeys() {
+  const auto go = [this](void (dialog::Page::*to)()) {
+    return [this, to] {
+      help_.closeHelp();  // before the focus that it gives back is somewhere else
+      (page_.get()->*to)();
+    };
+  };
+  keys_ = std::make_unique<PageKeys>(
+      *this, PageKeys::Actions{go(&dialog::Page::selectPrevious), go(&dialog::Page::selectNext),
+                               [this] { help_.toggleHelp(); }});
+}
+
+int CardPage::naturalWidth() {
+  page_->prepareAll();
+  // Bold captions, which may come, are wider.
+  for (Gtk::ScrolledWindow* frame : frames_) emphasizeAllCaptions(*frame);
+  int least = 0;
+  int natural = 0;
+  stack_.get_preferred_width(least, natural);
+  const int inside = natural;
+  int widest = natural;
+  for (std::size_t i = 0; i + 1 < frames_.size(); ++i) {  // without the summary, whose texts wrap
+    frames_[i]->get_vscrollbar()->get_preferred_width(least, natural);
+    widest = std::max(widest, widthWithHidden(*frames_[i]->get_child()) + natural);
+  }
+  get_preferred_width(least, natural);
+  for (std::size_t i = 0; i < frames_.size(); ++i) emphasizeCaptions(*frames_[i], emphasized_[i]);
+  return natural - inside + widest;
+}
+
+void CardPage::widenWindowWhenSeen() {
+  seen_ = signal_map().connect([this] {
+    seen_.disconnect();
+    // Once the page has got its place.
+    Glib::signal_idle().connect_once(sigc::mem_fun(*this, &CardPage::widenWindow));
+  });
+}
+
+void CardPage::widenWindow() {
+  auto* const window = dynamic_cast<Gtk::Window*>(get_toplevel());
+  const int missing = naturalWidth() - get_allocated_width();
+  if (window == nullptr || missing <= 0) return;
+  int width = 0;
+  int height = 0;
+  window->get_size(width, height);
+  const int most = std::max(width, workArea(*window).get_width());
+  window->resize(std::min(width + missing, most), height);
 }
 
 void CardPage::addSection(const std::string& name) {
-  auto* const label = Gtk::make_managed<Gtk::Label>(name);
-  label->set_xalign(0);
-  label->property_margin() = kRowPadding;
-  auto* const row = Gtk::make_managed<Gtk::ListBoxRow>();
-  row->add(*label);
-  row->get_accessible()->set_name(name);
-  sidebar_.append(*row);
+  sidebar_.addName(name);
   auto* const frame = Gtk::make_managed<Gtk::ScrolledWindow>();
   frame->set_min_content_width(kMinimumContentWidth);
   frame->set_min_content_height(kMinimumContentHeight);
   frame->set_overlay_scrolling(false);
   stack_.add(*frame);
   frames_.push_back(frame);
+  emphasized_.emplace_back();
 }
 
 /// The list box repeats itself when it gets the focus; the page takes no notice.
@@ -131,7 +178,8 @@ void CardPage::on_unmap() {
 
 void CardPage::showSection(std::size_t section) {
   stack_.set_visible_child(*frames_[section]);
-  sidebar_.select_row(*sidebar_.get_row_at_index(static_cast<int>(section)));
+  sidebar_.select(section);
+  help_.set_sensitive(page_->offersHelp());
 }
 
 void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
@@ -146,12 +194,13 @@ void CardPage::fillSectionWithText(std::size_t section, const std::string& text)
 
 void CardPage::showSummary(const dialog::Summary& summary) { summary_.display(summary); }
 
-void CardPage::showMessage(const dialog::Message& message) {
-  messageLabel_.set_text(message.text);
-  messageBar_.set_message_type(message.kind == dialog::Message::Kind::error ? Gtk::MESSAGE_ERROR
-                                                                            : Gtk::MESSAGE_WARNING);
-  insistButton_->set_visible(message.offersInsisting);
-  messageBar_.set_visible(!message.text.empty());
+void CardPage::showNotices(const dialog::Notices& notices) { noticeBar_.display(notices); }
+
+void CardPage::markRow(std::size_t section, const std::string& why) { sidebar_.mark(section, why); }
+
+void CardPage::emphasize(std::size_t section, const std::set<std::string>& keys) {
+  emphasized_[section] = keys;
+  emphasizeCaptions(*frames_[section], keys);
 }
 
 /// The slot ends with this object, which sigc tracks.
@@ -160,13 +209,5 @@ void CardPage::later(std::function<void()> task) {
 }
 
 void CardPage::perform(const std::function<void()>& task) { task(); }
-
-void CardPage::messageAnswered(int response) {
-  if (response == Gtk::RESPONSE_ACCEPT) {
-    page_->insist();
-  } else {
-    page_->closeMessage();
-  }
-}
 
 }  // namespace cardpanels::gtk3

@@ -2,19 +2,22 @@
 
 #include <gtkmm/box.h>
 #include <gtkmm/button.h>
-#include <gtkmm/infobar.h>
 #include <gtkmm/label.h>
-#include <gtkmm/listbox.h>
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/stack.h>
 
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "dialog/Page.h"
 #include "dialog/PageView.h"
+#include "ports/gtk3/HelpButton.h"
+#include "ports/gtk3/NoticeBar.h"
+#include "ports/gtk3/PageKeys.h"
+#include "ports/gtk3/Sidebar.h"
 #include "ports/gtk3/SummaryGrid.h"
 
 namespace cardpanels::gtk3 {
@@ -30,6 +33,14 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   /// What the page does.
   dialog::Page& page() { return *page_; }
 
+  /// What the page would like to be wide, in pixels, for the widest of its panels whatever they
+  /// show. Loads all of them.
+  int naturalWidth();
+
+  /// Has the window become wide enough for `naturalWidth`, within the monitor, when the page is
+  /// first seen. For a window that another program makes.
+  void widenWindowWhenSeen();
+
  protected:
   void on_map() override;
   void on_unmap() override;
@@ -39,24 +50,30 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) override;
   void fillSectionWithText(std::size_t section, const std::string& text) override;
   void showSummary(const dialog::Summary& summary) override;
-  void showMessage(const dialog::Message& message) override;
+  void markRow(std::size_t section, const std::string& why) override;
+  void emphasize(std::size_t section, const std::set<std::string>& keys) override;
+  void showNotices(const dialog::Notices& notices) override;
+  void allowReset(bool allowed) override { resetButton_.set_sensitive(allowed); }
   void later(std::function<void()> task) override;
 
   void perform(const std::function<void()>& task);
-  void addMessageBar();
   void addSections();
   void addSection(const std::string& name);
+  void addKeys();
+  void widenWindow();
   void rowSelected(Gtk::ListBoxRow* row);
-  void messageAnswered(int response);
 
-  Gtk::InfoBar messageBar_;
-  Gtk::Label messageLabel_;
-  Gtk::Button* insistButton_ = nullptr;  // in the bar
-  Gtk::ListBox sidebar_;
+  NoticeBar noticeBar_;
+  Sidebar sidebar_;
+  Gtk::Button resetButton_;
+  HelpButton help_;
   Gtk::Stack stack_;
   SummaryGrid summary_;
-  std::vector<Gtk::ScrolledWindow*> frames_;  // a section each
+  std::vector<Gtk::ScrolledWindow*> frames_;       // a section each
+  std::vector<std::set<std::string>> emphasized_;  // the options in bold there
   std::unique_ptr<dialog::Page> page_;
+  std::unique_ptr<PageKeys> keys_;
+  sigc::connection seen_;
 };
 
 }  // namespace cardpanels::gtk3

@@ -39,12 +39,12 @@ TabView::TabView(const Glib::RefPtr<Gtk::Widget>& tabs) : Viewed(tabs) {
 }
 
 EntryField::EntryField(const Glib::RefPtr<Gtk::Widget>& entry_) : Viewed(entry_) {
-  ownTooltip_ = entry().get_tooltip_text();
+  help_ = entry().get_tooltip_text();
   if (entry().get_max_length() == 0) entry().set_max_length(kMaximumLength);
   entry().get_style_context()->add_provider(readableText(),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   entry().signal_changed().connect(sigc::mem_fun(*this, &EntryField::changed));
-  entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::finishEdit));
+  entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::activated));
   entry().signal_focus_out_event().connect(sigc::mem_fun(*this, &EntryField::focusLeft));
 }
 
@@ -59,7 +59,7 @@ void EntryField::setStringValue(const platform::Text& text) {
 std::string EntryField::caption() const { return entry().get_accessible()->get_name(); }
 
 void EntryField::mark(const platform::Text& why) {
-  const Glib::ustring help = why ? Glib::ustring(*why) : ownTooltip_;
+  const Glib::ustring help = why.value_or(help_);
   const auto style = entry().get_style_context();
   if (why) {
     style->add_class("error");
@@ -73,13 +73,14 @@ void EntryField::mark(const platform::Text& why) {
   entry().get_accessible()->set_description(help);
 }
 
-void EntryField::finishEdit() {
-  const auto self = shared_from_this();  // the end of an edit may let it go
-  endEdit();
+void EntryField::activated() {
+  const auto self = shared_from_this();  // its page may let it go
+  enter();
 }
 
 bool EntryField::focusLeft(GdkEventFocus* /*event*/) {
-  finishEdit();
+  const auto self = shared_from_this();
+  leave();
   return false;
 }
 

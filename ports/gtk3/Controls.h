@@ -72,7 +72,9 @@ class EntryField final : public Viewed<platform::TextField>, public dialog::Meas
   std::string stringValue() const override { return entry().get_text(); }
   void setStringValue(const platform::Text& text) override;
   std::string text() const override { return stringValue(); }
+  void setText(const std::string& text) override { setStringValue(text); }
   std::string caption() const override;
+  bool hasFocus() const override { return widget().is_focus(); }
   void takeFocus() override { widget().grab_focus(); }
   std::string_view className() const override { return "TextField"; }
 
@@ -80,11 +82,12 @@ class EntryField final : public Viewed<platform::TextField>, public dialog::Meas
   Gtk::Entry& entry() const { return dynamic_cast<Gtk::Entry&>(widget()); }
   bool isEditable() const override { return entry().get_editable(); }
   void mark(const platform::Text& why) override;
+  void setHelp(const std::string& help) override { help_ = help; }
   void changed();
-  void finishEdit();
+  void activated();
   bool focusLeft(GdkEventFocus* event);
 
-  Glib::ustring ownTooltip_;
+  std::string help_;  // what the tooltip tells while the text is good
 };
 
 /// The items of a pop-up, and the rows that show their titles.

@@ -9,13 +9,14 @@ namespace cardpanels::gtk3 {
 
 using platform::Text;
 
-GtkBundle::GtkBundle(std::string path) : path_(std::move(path)), strings_(path_) {}
+GtkBundle::GtkBundle(std::string path, dialog::Captions captions)
+    : path_(std::move(path)), captions_(std::move(captions)), strings_(path_) {}
 
 std::shared_ptr<platform::View> GtkBundle::loadNibNamed_owner(
     const std::string& name, const std::shared_ptr<platform::NibOwner>& owner) {
   loadError_.reset();
   try {
-    return loadNibFile(path_ + "/resources/ui/" + name + ".ui", owner);
+    return loadNibFile(path_ + "/resources/ui/" + name + ".ui", owner, captions_);
   } catch (const std::runtime_error& error) {
     loadError_ = error.what();
     return nullptr;

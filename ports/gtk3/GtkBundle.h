@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "dialog/Captions.h"
 #include "platform/Bundle.h"
 #include "platform/StringTable.h"
 
@@ -12,8 +13,8 @@ namespace cardpanels::gtk3 {
 /// Loading needs a display; the string table does not.
 class GtkBundle final : public platform::Bundle {
  public:
-  /// The bundle in folder `path`.
-  explicit GtkBundle(std::string path);
+  /// The bundle in folder `path`. Panels have the captions of `captions` where that has them.
+  explicit GtkBundle(std::string path, dialog::Captions captions = {});
 
   std::shared_ptr<platform::View> loadNibNamed_owner(
       const std::string& name, const std::shared_ptr<platform::NibOwner>& owner) override;
@@ -25,6 +26,7 @@ class GtkBundle final : public platform::Bundle {
 
  private:
   std::string path_;
+  dialog::Captions captions_;
   platform::StringTable strings_;
   platform::Text loadError_;
 };

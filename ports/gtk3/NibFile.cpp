@@ -12,6 +12,7 @@
 
 #include "platform/NibConnections.h"
 #include "platform/Text.h"
+#include "ports/gtk3/Captions.h"
 #include "ports/gtk3/Controls.h"
 #include "ports/gtk3/WidgetView.h"
 
@@ -43,15 +44,6 @@ std::string_view idOf(GObject* object) {
   return id.starts_with("___object_") ? std::string_view() : id;
 }
 
-/// Gives a control the text of its caption as the name that assistive technology tells.
-void nameByCaption(Gtk::Widget& control) {
-  const auto accessible = control.get_accessible();
-  for (auto* caption : control.list_mnemonic_labels()) {
-    const auto* const label = dynamic_cast<const Gtk::Label*>(caption);
-    if (label != nullptr && accessible->get_name().empty()) accessible->set_name(label->get_text());
-  }
-}
-
 /// Assistive technology reads a grid's children backwards: puts them so that it reads them in the
 /// order of the file. Tab follows where they stand.
 void readForwards(Gtk::Grid& grid) {
@@ -72,7 +64,8 @@ void readForwards(Gtk::Grid& grid) {
 /// A file's widgets and their views, on their way to an owner.
 class Nib {
  public:
-  explicit Nib(const std::string& path) : builder_(Gtk::Builder::create()) {
+  Nib(const std::string& path, const dialog::Captions& captions)
+      : builder_(Gtk::Builder::create()) {
     contents_.file = path;
     if (!Gdk::Display::get_default()) fail("there is no display to show it on");
     try {
@@ -84,6 +77,7 @@ class Nib {
     }
     makeViews();
     nestViews();
+    giveCaptions(dynamic_cast<WidgetView&>(*top_).widget(), captions);
     gtk_builder_connect_signals_full(builder_->gobj(), addSignal, &signals_);
     for (const Signal& signal : signals_) contents_.handlers.push_back(signal.handler);
   }
@@ -113,7 +107,6 @@ class Nib {
         gtk_widget_destroy(widget->gobj());
         anyWindow = true;
       } else {
-        nameByCaption(*widget.operator->());
         if (auto* const grid = dynamic_cast<Gtk::Grid*>(widget.operator->())) readForwards(*grid);
         const ViewPointer view = viewOver(widget);
         views_[object->gobj()] = view;
@@ -165,9 +158,10 @@ class Nib {
 
 }  // namespace
 
-ViewPointer loadNibFile(const std::string& path, const std::shared_ptr<platform::NibOwner>& owner) {
+ViewPointer loadNibFile(const std::string& path, const std::shared_ptr<platform::NibOwner>& owner,
+                        const dialog::Captions& captions) {
   if (!owner) throw std::runtime_error(path + ": there is no owner to load it for");
-  return Nib(path).connect(owner);
+  return Nib(path, captions).connect(owner);
 }
 
 }  // namespace cardpanels::gtk3

@@ -1,9 +1,9 @@
 #include "ports/gtk3/SummaryGrid.h"
 
-#include <gtkmm/label.h>
-#include <pangomm/attributes.h>
-
 #include <algorithm>
+#include <numeric>
+
+#include "ports/gtk3/Emphasis.h"
 
 namespace cardpanels::gtk3 {
 namespace {
@@ -25,17 +25,20 @@ Gtk::Label* newLabel(const std::string& text) {
 
 Gtk::Label* newHeading(const std::string& text) {
   auto* const heading = newLabel(text);
-  Pango::AttrList attributes;
-  auto bold = Pango::Attribute::create_attr_weight(Pango::WEIGHT_BOLD);
-  attributes.insert(bold);
-  heading->set_attributes(attributes);
+  makeBold(*heading, true);
   heading->get_accessible()->set_role(Atk::ROLE_HEADING);
   return heading;
 }
 
-int groupHeight(const dialog::SummaryGroup& group) {
-  const auto entries = static_cast<int>(group.entries->size());
-  return entries > 0 ? 1 + entries : 0;
+int height(const dialog::SummaryEntry& entry) {
+  const bool hasLine = !entry.title.empty() || !entry.value.empty();
+  return (hasLine ? 1 : 0) + (entry.remark.empty() ? 0 : 1);
+}
+
+int height(const dialog::SummaryGroup& group) {
+  if (group.entries.empty()) return 0;
+  return std::accumulate(group.entries.begin(), group.entries.end(), 1,
+                         [](int sum, const auto& entry) { return sum + height(entry); });
 }
 
 /// Tells assistive technology that `title` is what `value` is called.
@@ -57,13 +60,12 @@ SummaryGrid::SummaryGrid() {
 void SummaryGrid::display(const dialog::Summary& summary) {
   for (Gtk::Widget* child : get_children()) remove(*child);
   int row = 0;
-  for (const auto& group : summary) row += groupHeight(group);
+  for (const auto& group : summary) row += height(group);
   // From the end to the start: assistive technology reads a grid's last child first.
   std::for_each(summary.rbegin(), summary.rend(), [&](const dialog::SummaryGroup& group) {
-    if (group.entries->empty()) return;
-    std::vector<platform::Dictionary::Entry> entries(group.entries->begin(), group.entries->end());
-    std::reverse(entries.begin(), entries.end());
-    for (const auto& [title, value] : entries) attachRow(--row, title, value);
+    if (group.entries.empty()) return;
+    std::for_each(group.entries.rbegin(), group.entries.rend(),
+                  [&](const dialog::SummaryEntry& entry) { attachEntry(row, entry); });
     auto* const heading = newHeading(group.name);
     if (--row > 0) heading->set_margin_top(kGroupSpacing);
     attach(*heading, 0, row, 2, 1);
@@ -71,14 +73,25 @@ void SummaryGrid::display(const dialog::Summary& summary) {
   show_all_children();
 }
 
-void SummaryGrid::attachRow(int row, const std::string& title, const std::string& value) {
-  auto* const titleLabel = newLabel(title);
-  titleLabel->set_margin_start(kIndent);
-  auto* const valueLabel = newLabel(value);
-  valueLabel->set_hexpand();
-  relate(*titleLabel, *valueLabel);
-  attach(*valueLabel, 1, row);
-  attach(*titleLabel, 0, row);
+void SummaryGrid::attachEntry(int& row, const dialog::SummaryEntry& entry) {
+  if (!entry.remark.empty()) attachText(--row, entry.remark);
+  if (entry.title.empty() && entry.value.empty()) return;
+  --row;
+  auto* const title = newLabel(entry.title);
+  title->set_margin_start(kIndent);
+  auto* const value = newLabel(entry.value);
+  makeBold(*value, entry.differs);
+  value->set_hexpand();
+  relate(*title, *value);
+  attach(*value, 1, row);
+  attach(*title, 0, row);
+}
+
+/// Over both columns.
+void SummaryGrid::attachText(int row, const std::string& text) {
+  auto* const label = newLabel(text);
+  label->set_margin_start(kIndent);
+  attach(*label, 0, row, 2, 1);
 }
 
 }  // namespace cardpanels::gtk3

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <gtkmm/grid.h>
-
-#include <string>
+#include <gtkmm/label.h>
 
 #include "dialog/Summary.h"
 
 namespace cardpanels::gtk3 {
 
-/// What is chosen, to be read: a heading a panel, below it a row an option.
+/// What is chosen, to be read: a heading a group, below it a row an entry.
 class SummaryGrid : public Gtk::Grid {
  public:
   SummaryGrid();
@@ -17,7 +16,8 @@ class SummaryGrid : public Gtk::Grid {
   void display(const dialog::Summary& summary);
 
  private:
-  void attachRow(int row, const std::string& title, const std::string& value);
+  void attachEntry(int& row, const dialog::SummaryEntry& entry);
+  void attachText(int row, const std::string& text);
 };
 
 }  // namespace cardpanels::gtk3

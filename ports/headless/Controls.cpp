@@ -4,6 +4,22 @@ namespace cardpanels::headless {
 
 ViewState::~ViewState() = default;
 
+void TextField::setStringValue(const platform::Text& text) {
+  text_ = text.value_or("");
+  textChanged(false);
+}
+
+void TextField::userTypes(const std::string& text) {
+  focused_ = true;
+  text_ = text;
+  textChanged(true);
+}
+
+void TextField::userLeaves() {
+  focused_ = false;
+  leave();
+}
+
 std::shared_ptr<platform::MenuItem> Menu::itemAtIndex(std::int64_t index) {
   const bool there = index >= 0 && index < static_cast<std::int64_t>(items_.size());
   return there ? items_[static_cast<std::size_t>(index)] : nullptr;

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "dialog/MeasurementField.h"
 #include "platform/Menu.h"
 #include "platform/NibOwner.h"
 #include "platform/PopUpButton.h"
@@ -63,14 +64,44 @@ class TabView final : public Viewed<platform::TabView> {
   std::string_view className() const override { return "TabView"; }
 };
 
-class TextField final : public Viewed<platform::TextField> {
+/// A label, or a field in which a user types a measurement.
+class TextField final : public Viewed<platform::TextField>, public dialog::MeasurementField {
  public:
+  enum class Use { label, entry };
+  explicit TextField(Use use) : use_(use) {}
+
   std::string stringValue() const override { return text_; }
-  void setStringValue(const platform::Text& text) override { text_ = text.value_or(""); }
+  void setStringValue(const platform::Text& text) override;
+  std::string text() const override { return text_; }
+  void setText(const std::string& text) override { setStringValue(text); }
+  std::string caption() const override { return caption_; }
+  bool hasFocus() const override { return focused_; }
+  void takeFocus() override { focused_ = true; }
   std::string_view className() const override { return "TextField"; }
 
+  void setCaption(std::string caption) { caption_ = std::move(caption); }
+
+  /// What a user does: goes into the field and types `text` in place of what is there; leaves it;
+  /// presses Enter in it.
+  void userTypes(const std::string& text);
+  void userLeaves();
+  void userPressesEnter() { enter(); }
+
+  /// Why the field is marked, and what its tooltip tells while it is not.
+  const platform::Text& markedWhy() const { return why_; }
+  const std::string& help() const { return help_; }
+
  private:
+  bool isEditable() const override { return use_ == Use::entry; }
+  void mark(const platform::Text& why) override { why_ = why; }
+  void setHelp(const std::string& help) override { help_ = help; }
+
+  Use use_;
   std::string text_;
+  std::string caption_;
+  bool focused_ = false;
+  platform::Text why_;
+  std::string help_;
 };
 
 class Menu final : public platform::Menu {

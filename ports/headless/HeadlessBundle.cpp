@@ -51,8 +51,8 @@ class Loader {
   std::shared_ptr<platform::View> make(const pugi::xml_node& object) {
     const std::string_view kind = object.attribute("class").value();
     if (kind == "GtkComboBoxText" || kind == "GtkComboBox") return makePopUp(object);
-    if (kind == "GtkEntry") return makeTextField(object, "text");
-    if (kind == "GtkLabel") return makeTextField(object, "label");
+    if (kind == "GtkEntry") return makeTextField(object, "text", TextField::Use::entry);
+    if (kind == "GtkLabel") return makeTextField(object, "label", TextField::Use::label);
     if (kind == "GtkNotebook" || kind == "GtkStack") {
       return finish(object, std::make_shared<TabView>());
     }
@@ -75,9 +75,12 @@ class Loader {
   }
 
   std::shared_ptr<platform::View> makeTextField(const pugi::xml_node& object,
-                                                std::string_view textProperty) {
-    const auto field = std::make_shared<TextField>();
+                                                std::string_view textProperty, TextField::Use use) {
+    const auto field = std::make_shared<TextField>(use);
     field->setStringValue(std::string(property(object, textProperty)));
+    const auto accessible = object.find_child_by_attribute("child", "internal-child", "accessible");
+    field->setCaption(
+        std::string(property(accessible.child("object"), "AtkObject::accessible-name")));
     return finish(object, field);
   }
 

@@ -6,6 +6,7 @@
 #include "dialog/CardKeys.h"
 #include "dialog/DialogSession.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/FakePageView.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
@@ -29,17 +30,17 @@ class FakeDialog : public PrintDialog {
     }
   }
   void showText(const std::string& shown) override { text = shown; }
-  void showPanels(host::PanelHost& shown) override {
+  Page& showPanels(host::PanelHost& shown) override {
     text.clear();
     panels = &shown;
+    page = std::make_unique<Page>(shown, view);
+    page->start();
+    return *page;
   }
-  void panelsChanged() override { ++changes; }
-  void tell(const std::string& message, const std::function<void()>& offered) override {
-    told = message;
-    insist = offered;
-  }
+  void showStatus(const PageStatus& shown) override { status = shown; }
   void removePage() override {
     text.clear();
+    page.reset();
     panels = nullptr;
   }
 
@@ -55,9 +56,9 @@ class FakeDialog : public PrintDialog {
   std::string hidden;  // a choice that the dialog does not offer
   std::string text;
   host::PanelHost* panels = nullptr;
-  int changes = 0;
-  std::string told;
-  std::function<void()> insist;
+  test::FakePageView view;
+  std::unique_ptr<Page> page;
+  PageStatus status;
 };
 
 class Sessions : public testing::Test {
@@ -76,6 +77,13 @@ class Sessions : public testing::Test {
                        test::testOption("frontRotation", "Rotation", 2)},
                       lines + test::testAreaOption("frontResinInclude1")));
     done({host::openPPD(path), {}});
+    dialog.view.rest();
+  }
+
+  /// What the page's bar tells.
+  std::string told() {
+    dialog.view.rest();
+    return joined(dialog.view.texts(), "\n");
   }
 
   static constexpr const char* kConstraints =
@@ -138,7 +146,7 @@ TEST_F(Sessions, PanelsStartFromWhatTheDialogWouldPrint) {
   open({{"cardLaminate", "Back"}, {"frontResinInclude1", "1in 1in 2in 2in"}});
   const auto summary = dialog.panels->summary(dialog.panels->panels().front());
   EXPECT_EQ(summary->valueForKey("Card Laminate"), "Back Side");
-  EXPECT_EQ(dialog.told, "");
+  EXPECT_THAT(told(), HasSubstr("Set from your last print: “Card Laminate” is “Back Side”"));
   EXPECT_EQ(dialog.value("frontResinInclude1"), "1in 1in 2in 2in");
 }
 
@@ -148,7 +156,8 @@ TEST_F(Sessions, AChoiceOnThePageReachesTheDialog) {
   dialog.panels->change("frontResinInclude1", "1in 1in 2in 2in");
   EXPECT_EQ(dialog.value("cardLaminate"), "Front");
   EXPECT_EQ(dialog.value("frontResinInclude1"), "Custom.1in 1in 2in 2in");
-  EXPECT_GT(dialog.changes, 0);
+  dialog.view.rest();
+  EXPECT_EQ(dialog.view.summaryOf("Card Laminate"), "Front Side");
 }
 
 TEST_F(Sessions, AChangeInTheDialogReachesThePanels) {
@@ -163,15 +172,15 @@ TEST_F(Sessions, AConflictingChangeInTheDialogIsSetBackOrResolvedAndTold) {
   open({{"cardLaminate", "Both"}, {"coating", "Choice0"}});
   dialog.choose("coating", "Choice1");
   session.dialogChanged();
-  EXPECT_THAT(dialog.told, HasSubstr("“Card Laminate”"));
-  EXPECT_THAT(dialog.told, HasSubstr("“Coating”"));
+  EXPECT_THAT(told(), HasSubstr("“Card Laminate”"));
+  EXPECT_THAT(told(), HasSubstr("“Coating”"));
   EXPECT_TRUE(session.knowsNoConflict());
   EXPECT_TRUE(dialog.value("coating") == "Choice0" || dialog.value("cardLaminate") == "None");
 }
 
 TEST_F(Sessions, ConflictsThatAreThereAtFirstAreTold) {
   open({{"cardLaminate", "Both"}, {"coating", "Choice1"}});
-  EXPECT_THAT(dialog.told, HasSubstr("“Coating” is “Choice 1”"));
+  EXPECT_THAT(told(), HasSubstr("“Coating” is “Choice 1”"));
   EXPECT_FALSE(session.knowsNoConflict());
 }
 
@@ -179,7 +188,7 @@ TEST_F(Sessions, ThePageSizeTakesPartInConflicts) {
   dialog.size = "CR79";
   open({{"cardLaminate", "None"}});
   dialog.panels->change("cardLaminate", "Both");
-  EXPECT_THAT(dialog.told, HasSubstr("“Card Size” is “CR-79”"));
+  EXPECT_THAT(told(), HasSubstr("“Card Size” is “CR-79”"));
   EXPECT_EQ(dialog.value("cardLaminate"), "None");
 }
 
@@ -187,7 +196,7 @@ TEST_F(Sessions, AChoiceThatTheDialogDoesNotOfferIsSetBackAndTold) {
   dialog.hidden = "Back";
   open({{"cardLaminate", "None"}});
   dialog.panels->change("cardLaminate", "Back");
-  EXPECT_EQ(dialog.told, "“Card Laminate” cannot be “Back Side” in this dialog.");
+  EXPECT_EQ(told(), "“Card Laminate” cannot be “Back Side” in this dialog.");
   EXPECT_EQ(dialog.panels->summary(dialog.panels->panels().front())->valueForKey("Card Laminate"),
             "None");
 }
@@ -195,15 +204,15 @@ TEST_F(Sessions, AChoiceThatTheDialogDoesNotOfferIsSetBackAndTold) {
 TEST_F(Sessions, ValuesThatAreNoChoicesAreLeftAloneUnlessAPanelClaimsThem) {
   open({{"cardLaminate", "Gold"}, {"coating", "typed"}});
   EXPECT_EQ(dialog.value("cardLaminate"), "None");
-  EXPECT_THAT(dialog.told, HasSubstr("cardLaminate=Gold"));
+  EXPECT_THAT(told(), HasSubstr("cardLaminate=Gold"));
   EXPECT_EQ(dialog.value("coating"), "typed");
   dialog.choose("coating", "typed more");
   session.dialogChanged();
   EXPECT_EQ(dialog.value("coating"), "typed more");
-  EXPECT_THAT(dialog.told, HasSubstr("typed more"));
-  dialog.tell("", {});
+  EXPECT_THAT(told(), HasSubstr("typed more"));
+  dialog.page->closeNotices();
   session.dialogChanged();
-  EXPECT_EQ(dialog.told, "");
+  EXPECT_EQ(told(), "");
 }
 
 TEST_F(Sessions, NothingReachesADialogThatHasAnotherPrinter) {

@@ -1,279 +1,229 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <utility>
-
-#include "dialog/MeasurementField.h"
 #include "dialog/Page.h"
-#include "platform/NibOwner.h"
-#include "platform/TextField.h"
+#include "ports/headless/Controls.h"
+#include "tests/support/FakePageView.h"
+#include "tests/support/RecordingDriver.h"
 
 namespace cardpanels::dialog {
 namespace {
 
-using platform::Text;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FakeField final : public platform::TextField, public MeasurementField {
- public:
-  /// What the user does.
-  void type(const std::string& typed) {
-    text_ = typed;
-    textChanged(true);
-  }
-  void leave() { endEdit(); }
-
-  std::string stringValue() const override { return text_; }
-  void setStringValue(const Text& text) override {
-    text_ = text.value_or("");
-    textChanged(false);
-    textSet();
-  }
-  std::string text() const override { return text_; }
-  std::string caption() const override { return "Width"; }
-  void takeFocus() override { hasFocus = true; }
-  void setHidden(bool /*hidden*/) override {}
-  std::shared_ptr<platform::View> viewWithTag(std::int64_t /*tag*/) override { return nullptr; }
-  std::string_view className() const override { return "TextField"; }
-
-  bool hasFocus = false;
-  Text why;
-
- private:
-  bool isEditable() const override { return true; }
-  void mark(const Text& reason) override { why = reason; }
-
-  std::string text_;
-};
-
-/// A panel of one field, which stands for its view too.
-class FieldPanel final : public platform::PrintPanel, public platform::NibOwner {
- public:
-  explicit FieldPanel(std::string name) : name_(std::move(name)) {}
-
-  std::shared_ptr<platform::View> panelView() override { return field; }
-  Text panelName() override { return name_; }
-  Text panelKind() override { return std::nullopt; }
-  std::shared_ptr<platform::StringArray> supportedPPDOptionKeys() override { return nullptr; }
-  void willShow() override {}
-  bool shouldHide() override { return true; }
-  bool shouldShowHelp() override { return true; }
-  void PPDOptionKeyValueDidChange_ppdChoice(const Text&, const Text&) override {}
-  bool restoreValuesAndReturnError(Text*) override { return true; }
-  bool saveValuesAndReturnError(Text*) override { return true; }
-  void updateMarkedSelections() override {}
-  void updateUI() override {}
-  void initializeUI() override {}
-  std::shared_ptr<platform::Dictionary> summaryInfo() override { return nullptr; }
-  std::string_view className() const override { return "FieldPanel"; }
-  std::span<const platform::Outlet> outlets() const override {
-    static constexpr std::array kOutlets{platform::outlet<&FieldPanel::field>("field")};
-    return kOutlets;
-  }
-  std::span<const platform::Action> actions() const override { return {}; }
-
-  std::shared_ptr<FakeField> field = std::make_shared<FakeField>();
-
- private:
-  std::string name_;
-};
-
-/// Driver and view at once: notes in order what the page asks of either.
-class Recorder final : public host::PanelDriver, public PageView {
- public:
-  const std::vector<Panel>& panels() const override { return panels_; }
-  std::shared_ptr<platform::View> view(const Panel& panel) override {
-    note("load", panel);
-    if (fails) throw std::runtime_error("no field");
-    return panel->panelView();
-  }
-  void show(const Panel& panel) override { note("show", panel); }
-  void hide(const Panel& panel) override { note("hide", panel); }
-  void storeTyped(const Panel& panel) override { note("store", panel); }
-  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override {
-    auto entries = std::make_shared<platform::Dictionary>();
-    entries->setValueForKey(value, *panel->panelName());
-    return entries;
-  }
-
-  void showSection(std::size_t section) override { note("section " + std::to_string(section)); }
-  void fillSection(std::size_t section, const std::shared_ptr<platform::View>&) override {
-    note("fill " + std::to_string(section));
-  }
-  void fillSectionWithText(std::size_t section, const std::string& text) override {
-    note("fill " + std::to_string(section) + " with " + text);
-  }
-  void showSummary(const Summary& shown) override {
-    summary_.clear();
-    for (const auto& [name, entries] : shown) {
-      summary_.push_back(name + " " + entries->begin()->second);
-    }
-  }
-  void showMessage(const Message& shown) override { message = shown; }
-  void later(std::function<void()> task) override { tasks.push_back(std::move(task)); }
-
-  void add(const std::string& name) { panels_.push_back(std::make_shared<FieldPanel>(name)); }
-  FakeField& field(std::size_t panel) { return *dynamic_cast<FieldPanel&>(*panels_[panel]).field; }
-  std::vector<std::string> calls() { return std::exchange(calls_, {}); }
-  const std::vector<std::string>& shownSummary() const { return summary_; }
-
-  bool fails = false;
-  std::string value = "None";
-  Message message;
-  std::vector<std::function<void()>> tasks;
-
- private:
-  void note(const std::string& call) { calls_.push_back(call); }
-  void note(const std::string& call, const Panel& panel) { note(call + " " + *panel->panelName()); }
-
-  std::vector<Panel> panels_;
-  std::vector<std::string> calls_;
-  std::vector<std::string> summary_;
-};
+/// Gives the panel a field that stands for its view too.
+void loadField(const std::shared_ptr<test::FieldPanel>& panel) {
+  const auto field = std::make_shared<headless::TextField>(headless::TextField::Use::entry);
+  field->setCaption("Width");
+  panel->view = panel->field = field;
+}
 
 class Pages : public testing::Test {
  protected:
   void SetUp() override {
-    for (const char* name : {"Peel", "Laminate"}) recorder.add(name);
-    page = std::make_unique<Page>(recorder, recorder);
+    for (const char* name : {"Peel", "Laminate"}) driver.add(name);
+    page = std::make_unique<Page>(driver, view);
     page->start();
-    recorder.calls();
+    driver.calls();
   }
   void TearDown() override { page.reset(); }
 
-  Recorder recorder;
+  headless::TextField& field(std::size_t panel) {
+    return dynamic_cast<headless::TextField&>(*driver.panel(panel).field);
+  }
+
+  test::RecordingDriver driver{loadField};
+  test::FakePageView view;
   std::unique_ptr<Page> page;
 };
 
-TEST_F(Pages, HasASectionForEachPanelAndTheSummaryAsTheLast) {
+TEST_F(Pages, HaveASectionForEachPanelAndTheSummaryAsTheLast) {
   std::vector<std::string> names;
   for (const auto& section : page->sections()) names.push_back(section.name);
   EXPECT_THAT(names, ElementsAre("Peel", "Laminate", "Summary"));
   EXPECT_EQ(page->sections().back().panel, nullptr);
-  EXPECT_THAT(recorder.shownSummary(), ElementsAre("Peel None", "Laminate None"));
+  EXPECT_EQ(view.summaryOf("Card Laminate"), "None");
 }
 
-TEST_F(Pages, LoadsAPanelWhenItIsFirstSeen) {
-  EXPECT_THAT(recorder.calls(), IsEmpty());
+TEST_F(Pages, LoadAPanelWhenItIsFirstSeen) {
+  EXPECT_THAT(driver.calls(), IsEmpty());
   page->appear();
-  EXPECT_THAT(recorder.calls(), ElementsAre("load Peel", "fill 0", "show Peel"));
+  EXPECT_THAT(driver.calls(), ElementsAre("load Peel", "show Peel"));
+  EXPECT_EQ(view.filled[0], "view");
   page->disappear();
   page->appear();
-  EXPECT_THAT(recorder.calls(), ElementsAre("hide Peel", "show Peel"));
+  EXPECT_THAT(driver.calls(), ElementsAre("hide Peel", "show Peel"));
 }
 
-TEST_F(Pages, HidesAPanelBeforeTheNextIsShown) {
+TEST_F(Pages, HideAPanelBeforeTheNextIsShown) {
   page->appear();
-  recorder.calls();
+  driver.calls();
   page->select(1);
-  EXPECT_THAT(recorder.calls(),
-              ElementsAre("hide Peel", "load Laminate", "fill 1", "show Laminate", "section 1"));
+  EXPECT_THAT(driver.calls(), ElementsAre("hide Peel", "load Laminate", "show Laminate"));
+  EXPECT_EQ(view.shown, 1U);
   page->select(1);
-  EXPECT_THAT(recorder.calls(), IsEmpty());
+  EXPECT_THAT(driver.calls(), IsEmpty());
   page->select(2);
-  EXPECT_THAT(recorder.calls(), ElementsAre("hide Laminate", "section 2"));
+  EXPECT_THAT(driver.calls(), ElementsAre("hide Laminate"));
 }
 
-TEST_F(Pages, ShowsThePanelThatWasChosenWhileThePageWasNotSeen) {
+TEST_F(Pages, ShowThePanelThatWasChosenWhileThePageWasNotSeen) {
   page->select(1);
-  EXPECT_THAT(recorder.calls(), ElementsAre("section 1"));
+  EXPECT_THAT(driver.calls(), IsEmpty());
   page->appear();
-  EXPECT_THAT(recorder.calls(), ElementsAre("load Laminate", "fill 1", "show Laminate"));
+  EXPECT_THAT(driver.calls(), ElementsAre("load Laminate", "show Laminate"));
 }
 
-TEST_F(Pages, TellsInItsPlaceWhyAPanelHasNoView) {
-  recorder.fails = true;
+TEST_F(Pages, TellInItsPlaceWhyAPanelHasNoView) {
+  driver.fails = true;
   page->appear();
-  EXPECT_THAT(recorder.calls(), ElementsAre("load Peel", "fill 0 with no field", "show Peel"));
+  EXPECT_EQ(view.filled[0], "no field");
 }
 
-TEST_F(Pages, StoresWhatWasTypedWhenTheEditEnds) {
+TEST_F(Pages, StoreWhatWasTypedOnceWhenTheFocusIsElsewhere) {
   page->appear();
-  recorder.calls();
-  recorder.field(0).type("1in");
-  EXPECT_THAT(recorder.calls(), IsEmpty());
-  recorder.field(0).leave();
-  EXPECT_THAT(recorder.calls(), ElementsAre("store Peel"));
-  recorder.field(0).leave();
-  EXPECT_THAT(recorder.calls(), IsEmpty());
+  driver.calls();
+  field(0).userTypes("1in");
+  view.rest();
+  EXPECT_THAT(driver.calls(), IsEmpty());
+  field(0).userLeaves();
+  view.rest();
+  EXPECT_THAT(driver.calls(), ElementsAre("store Peel"));
+  field(0).userLeaves();
+  view.rest();
+  EXPECT_THAT(driver.calls(), IsEmpty());
 }
 
-TEST_F(Pages, NeitherStoresNorLeavesATextThatIsNoMeasurement) {
+TEST_F(Pages, StoreWhatWasTypedWithEnterAndBeforeAPanelIsLeft) {
   page->appear();
-  recorder.field(0).type("abc");
-  EXPECT_TRUE(recorder.field(0).why);
-  recorder.field(0).leave();
-  recorder.calls();
+  driver.calls();
+  field(0).userTypes("1in");
+  field(0).userPressesEnter();
+  EXPECT_THAT(driver.calls(), ElementsAre("store Peel"));
+  field(0).userTypes("2in");
+  page->select(2);
+  EXPECT_THAT(driver.calls(), ElementsAre("store Peel", "hide Peel"));
+}
+
+TEST_F(Pages, NeitherStoreNorLeaveNorPrintATextThatIsNoMeasurement) {
+  page->appear();
+  driver.calls();
+  field(0).userTypes("abc");
+  EXPECT_TRUE(field(0).markedWhy());
+  EXPECT_EQ(page->status().wrong, "“Width” is no measurement: “abc”");
+  field(0).userLeaves();
+  view.rest();
   page->select(1);
-  EXPECT_THAT(recorder.calls(), ElementsAre("section 0"));
-  EXPECT_EQ(recorder.message.text, "“Width” is no measurement: “abc”");
-  EXPECT_EQ(recorder.message.kind, Message::Kind::error);
-  EXPECT_TRUE(recorder.field(0).hasFocus);
-  EXPECT_FALSE(page->hasOnlyGoodTexts());
-  recorder.field(0).type("1in");
-  EXPECT_FALSE(recorder.field(0).why);
-  EXPECT_TRUE(page->hasOnlyGoodTexts());
+  EXPECT_EQ(view.shown, 0U);
+  EXPECT_THAT(view.texts(), ElementsAre("“Width” is no measurement: “abc”"));
+  EXPECT_EQ(view.notices.front().kind, Notice::Kind::error);
+  EXPECT_TRUE(field(0).hasFocus());
+  EXPECT_FALSE(page->mayPrint([] {}));
+  page->disappear();
+  EXPECT_THAT(driver.calls(), IsEmpty());
+  field(0).userTypes("1in");
+  EXPECT_FALSE(field(0).markedWhy());
+  EXPECT_EQ(page->status(), PageStatus());
+  EXPECT_TRUE(page->mayPrint([] {}));
   page->select(1);
-  EXPECT_THAT(recorder.calls(), testing::Contains("section 1"));
+  EXPECT_EQ(view.shown, 1U);
 }
 
-TEST_F(Pages, WhatTheProgramSetsIsNoEdit) {
-  page->appear();
-  recorder.calls();
-  recorder.field(0).type("1in");
-  recorder.field(0).setStringValue("2in");
-  recorder.field(0).leave();
-  EXPECT_THAT(recorder.calls(), IsEmpty());
-}
-
-TEST_F(Pages, ReadsTheSummaryOnceAfterManyChanges) {
-  recorder.value = "Front";
+TEST_F(Pages, ReadTheSummaryOnceAfterManyChanges) {
+  driver.value = "Front";
   page->optionsChanged();
   page->optionsChanged();
-  EXPECT_THAT(recorder.shownSummary(), ElementsAre("Peel None", "Laminate None"));
-  ASSERT_EQ(recorder.tasks.size(), 1U);
-  recorder.tasks.front()();
-  EXPECT_THAT(recorder.shownSummary(), ElementsAre("Peel Front", "Laminate Front"));
-  page->optionsChanged();
-  EXPECT_EQ(recorder.tasks.size(), 2U);
+  EXPECT_EQ(view.summaryOf("Card Laminate"), "None");
+  view.rest();
+  EXPECT_EQ(view.summaryOf("Card Laminate"), "Front");
 }
 
-TEST_F(Pages, OffersToInsistOnlyWhereThatIsOffered) {
+TEST_F(Pages, OfferToInsistOnlyWhereThatIsOffered) {
   int insisted = 0;
   page->tell("That would remove an area.", [&] { ++insisted; });
-  EXPECT_TRUE(recorder.message.offersInsisting);
-  page->insist();
+  EXPECT_TRUE(view.answer("That would remove an area.", "Change An_yway"));
   EXPECT_EQ(insisted, 1);
-  EXPECT_EQ(recorder.message.text, "");
-  page->insist();
-  EXPECT_EQ(insisted, 1);
+  EXPECT_THAT(view.texts(), IsEmpty());
   page->tell("Something else.");
-  EXPECT_FALSE(recorder.message.offersInsisting);
-  EXPECT_EQ(recorder.message.kind, Message::Kind::warning);
-  page->closeMessage();
-  EXPECT_EQ(recorder.message.text, "");
+  EXPECT_FALSE(view.answer("Something else.", "Change An_yway"));
+  EXPECT_EQ(view.notices.front().kind, Notice::Kind::warning);
+  EXPECT_TRUE(view.answer("Something else.", "Cl_ose"));
+  EXPECT_THAT(view.texts(), IsEmpty());
+}
+
+TEST_F(Pages, KeepWhatIsNotAnOutcomeUntilItIsClosed) {
+  page->keep("The saved option x was left out.");
+  page->keep("The saved option x was left out.");
+  page->tell("Something.");
+  page->tell("");
+  EXPECT_THAT(view.texts(), ElementsAre("The saved option x was left out."));
+  EXPECT_TRUE(view.answer("The saved option x was left out.", "Cl_ose"));
+  EXPECT_THAT(view.texts(), IsEmpty());
 }
 
 TEST_F(Pages, ThatEndHideTheirPanelAndStoreNothingMore) {
   page->appear();
-  recorder.calls();
+  driver.calls();
   page.reset();
-  EXPECT_THAT(recorder.calls(), ElementsAre("hide Peel"));
-  recorder.field(0).type("1in");
-  recorder.field(0).leave();
-  EXPECT_THAT(recorder.calls(), IsEmpty());
+  EXPECT_THAT(driver.calls(), ElementsAre("hide Peel"));
+  field(0).userTypes("1in");
+  field(0).userLeaves();
+  view.rest();
+  EXPECT_THAT(driver.calls(), IsEmpty());
+}
+
+TEST_F(Pages, GoFromSectionToSectionAndStopAtTheEnds) {
+  page->selectPrevious();
+  EXPECT_EQ(view.shown, 0U);
+  for (int i = 0; i < 3; ++i) page->selectNext();
+  EXPECT_EQ(view.shown, 2U);
+  page->selectPrevious();
+  EXPECT_EQ(view.shown, 1U);
+}
+
+TEST_F(Pages, GoOnFromNoTextThatIsNoMeasurement) {
+  page->appear();
+  field(0).userTypes("abc");
+  page->selectNext();
+  EXPECT_EQ(view.shown, 0U);
+  EXPECT_TRUE(field(0).hasFocus());
+}
+
+TEST_F(Pages, HelpWithThePanelThatShowsWhereThatOffersHelp) {
+  EXPECT_TRUE(page->offersHelp());
+  EXPECT_EQ(page->help().title, "Peel");
+  page->select(2);
+  EXPECT_EQ(page->help().title, "Summary");
+  EXPECT_THAT(page->help().paragraphs, testing::Contains(testing::HasSubstr("chosen")));
+  driver.panel(1).offersHelp = false;
+  page->select(1);
+  EXPECT_FALSE(page->offersHelp());
+  EXPECT_THAT(page->help().paragraphs, IsEmpty());
+}
+
+TEST_F(Pages, PrepareEachPanelThatWasNotSeen) {
+  page->appear();
+  driver.calls();
+  page->prepareAll();
+  page->prepareAll();
+  EXPECT_THAT(driver.calls(), ElementsAre("load Laminate", "prepare Laminate"));
+  EXPECT_EQ(view.filled[1], "view");
+  page->select(1);
+  EXPECT_THAT(driver.calls(), ElementsAre("hide Peel", "show Laminate"));
 }
 
 TEST(PageOfNothing, HasNoSections) {
-  Recorder recorder;
-  Page page(recorder, recorder);
+  test::RecordingDriver driver(loadField);
+  test::FakePageView view;
+  Page page(driver, view);
   page.start();
   page.appear();
   EXPECT_THAT(page.sections(), IsEmpty());
-  EXPECT_TRUE(page.hasOnlyGoodTexts());
-  EXPECT_THAT(recorder.calls(), IsEmpty());
+  EXPECT_TRUE(page.mayPrint([] {}));
+  page.selectNext();
+  page.selectPrevious();
+  EXPECT_FALSE(page.offersHelp());
 }
 
 }  // namespace

@@ -106,10 +106,12 @@ TEST_F(Host, AResolvedConflictIsToldToTheDialogAndToThePanelThatItConcerns) {
   show("PeelOffPanelPDE");
   show("ThermalLaminatePDE");
   control<headless::PopUpButton>("ThermalLaminatePDE", "frontLaminatePopUp")->userSelects(1);
+  ASSERT_EQ(job.ruleChanges().size(), 1U);
   EXPECT_EQ(
-      dialog.messages.back(),
+      job.ruleChanges().front().sentence,
       "“Front Peel-Off” was changed from “Choice 1” to “Choice 0”, because “Card Laminate” is "
       "now “Front Side”.");
+  EXPECT_EQ(dialog.messages.back(), "");
   EXPECT_EQ(host.summary(panel("PeelOffPanelPDE"))->description(),
             R"({"Front Peel-Off" = "Choice 0"; })");
 }

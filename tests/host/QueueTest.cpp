@@ -10,7 +10,9 @@
 
 #include "host/Error.h"
 #include "host/JobOptions.h"
+#include "host/LpArguments.h"
 #include "host/Queue.h"
+#include "host/Submission.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/Process.h"
 #include "tests/support/TestPPD.h"
@@ -21,6 +23,8 @@ namespace {
 using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Key;
+using testing::Not;
 using testing::Pair;
 using Options = std::vector<Option>;
 
@@ -54,7 +58,7 @@ class AtAServer : public testing::Test {
   static void TearDownTestSuite() { server.reset(); }
 
   std::map<std::string, std::string> submitted(const Options& options) const {
-    return server->job(submitJob({"card", ""}, "Badges", {file}, options));
+    return server->job(submitJob({{"card", ""}, "Badges", {file}, options}));
   }
 
   static std::unique_ptr<test::PrivatePrintServer> server;
@@ -118,6 +122,12 @@ TEST_F(AtAServer, SavedOptionsOfTheUserComeWithTheQueue) {
             (Options{{"area", "Custom.1in 1in 2in 2in"}, {"cardLaminate", "Front"}}));
 }
 
+TEST_F(AtAServer, ASavedMediaComesWithTheQueue) {
+  server->addQueue("media", cardPPD());
+  server->saveOptions("media", "media=CR79");
+  EXPECT_EQ(openQueue({"media", ""}).savedOptions, (Options{{"media", "CR79"}}));
+}
+
 TEST_F(AtAServer, SavedOptionsOfAnInstanceAreItsOwn) {
   server->addQueue("many", cardPPD());
   saveOptions({"many", "gold"}, {{"cardLaminate", "Both"}});
@@ -167,7 +177,7 @@ TEST_F(AtAServer, FiltersReadEveryValueBackExactly) {
   server->enable("filtered");
   const Options options = {{"Mark", "{Text=\"a \\\"b'\\\" \\\\c\" Size=3}"},
                            {"area", "Custom.1\" 1\" 2\" '2'\\ $(HOME), größer"}};
-  const int id = submitJob({"filtered", ""}, "Badges", {file}, options);
+  const int id = submitJob({{"filtered", ""}, "Badges", {file}, options});
   const OptionList received = OptionList::parsed(server->filterOptions(id));
   for (const Option& each : options) EXPECT_EQ(received.value(each.key), each.value);
 }
@@ -178,15 +188,58 @@ TEST_F(AtAServer, ADefaultThatTheJobNamesWinsOverTheSavedOption) {
   JobOptions options(openQueue({"own", ""}).ppd);
   options.markSaved(openQueue({"own", ""}).savedOptions);
   options.request("cardLaminate", "None");
-  const auto job = server->job(submitJob({"own", ""}, "Badges", {file}, options.options()));
+  const auto job = server->job(submitJob({{"own", ""}, "Badges", {file}, options.options()}));
   EXPECT_THAT(job, Contains(Pair("cardLaminate", "None")));
   EXPECT_THAT(job, Contains(Pair("copies", "2")));
+}
+
+/// What the server has of a job with the saved options alone.
+std::map<std::string, std::string> sent(const test::PrivatePrintServer& server,
+                                        const std::string& queue, const std::string& file) {
+  JobOptions options(openQueue({queue, ""}).ppd);
+  options.markSaved(openQueue({queue, ""}).savedOptions);
+  return server.job(submitJob({{queue, ""}, "Badges", {file}, options.options()}));
+}
+
+TEST_F(AtAServer, ASavedOptionThatThePPDDoesNotKnowIsNotInTheJob) {
+  server->addQueue("old", cardPPD());
+  server->saveOptions("old", "cardLaminate=Gold copies=2");
+  const auto job = sent(*server, "old", file);
+  EXPECT_THAT(job, Contains(Pair("cardLaminate", "None")));
+  EXPECT_THAT(job, Contains(Pair("copies", "2")));
+}
+
+TEST_F(AtAServer, ADefaultOfTheServerThatThePPDDoesNotKnowIsNotInTheJob) {
+  server->addQueue("admin", cardPPD());
+  server->setDefaults("admin", "-o cardLaminate-default=Gold");
+  EXPECT_EQ(openQueue({"admin", ""}).savedOptions, (Options{{"cardLaminate", "Gold"}}));
+  EXPECT_THAT(sent(*server, "admin", file), Contains(Pair("cardLaminate", "None")));
+}
+
+TEST_F(AtAServer, TheSizeOfASavedMediaGoesOutOnceAsThePageSize) {
+  server->addQueue("size", cardPPD());
+  server->saveOptions("size", "media=CR79");
+  const auto job = sent(*server, "size", file);
+  EXPECT_THAT(job, Contains(Pair("PageSize", "CR79")));
+  EXPECT_THAT(job, Not(Contains(Key("media"))));
+}
+
+TEST_F(AtAServer, ASizeThatWasChosenIsNotJoinedByTheServersMedia) {
+  server->addQueue("kiosk", cardPPD());
+  server->setDefaults("kiosk", "-o media-default=CR79");
+  JobOptions options(openQueue({"kiosk", ""}).ppd);
+  options.markSaved(openQueue({"kiosk", ""}).savedOptions);
+  EXPECT_EQ(options.options(), (Options{{"PageSize", "CR79"}}));
+  options.request("PageSize", "CR80");
+  const auto job = server->job(submitJob({{"kiosk", ""}, "Badges", {file}, options.options()}));
+  EXPECT_THAT(job, Contains(Pair("PageSize", "CR80")));
+  EXPECT_THAT(job, Contains(Pair("media", "CR80")));
 }
 
 TEST_F(AtAServer, AllFilesMakeOneJob) {
   const int before = server->jobCount();
   const auto second = folder.write("back.txt", "the back\n");
-  const auto job = server->job(submitJob({"card", ""}, "Badges", {file, second}, {}));
+  const auto job = server->job(submitJob({{"card", ""}, "Badges", {file, second}, {}}));
   EXPECT_THAT(job, Contains(Pair("number-of-documents", "2")));
   EXPECT_EQ(server->jobCount(), before + 1);
 }
@@ -196,23 +249,34 @@ TEST_F(AtAServer, AFileThatCannotBeReadIsToldAndNothingIsPrinted) {
   const std::string none = (folder.path() / "none").string();
   const std::string directory = folder.path().string();
   EXPECT_EQ(errorOf([&] {
-              submitJob({"card", ""}, "Badges", {file, none}, {});
+              submitJob({{"card", ""}, "Badges", {file, none}, {}});
             }),
             none + ": No such file or directory");
   EXPECT_EQ(errorOf([&] {
-              submitJob({"card", ""}, "Badges", {directory}, {});
+              submitJob({{"card", ""}, "Badges", {directory}, {}});
             }),
             directory + ": Is a directory");
   EXPECT_EQ(errorOf([&] {
-              submitJob({"card", ""}, "Badges", {}, {});
+              submitJob({{"card", ""}, "Badges", {}, {}});
             }),
             "There is no file to print.");
   EXPECT_EQ(server->jobCount(), before);
 }
 
+TEST_F(AtAServer, AJobChosenOnAnotherPPDThanTheQueueHasIsNotSent) {
+  server->addQueue("swap", cardPPD());
+  const Queue queue = openQueue({"swap", ""});
+  const int before = server->jobCount();
+  submitJob({queue.name, "Badges", {file}, {}, queue.ppdText});
+  EXPECT_EQ(server->jobCount(), before + 1);
+  server->addQueue("swap", cardPPD() + "*% another one\n");
+  EXPECT_THROW(submitJob({queue.name, "Badges", {file}, {}, queue.ppdText}), PPDChanged);
+  EXPECT_EQ(server->jobCount(), before + 1);
+}
+
 TEST_F(AtAServer, AJobForAnUnknownQueueIsTold) {
   EXPECT_THAT(errorOf([&] {
-                submitJob({"cord", ""}, "Badges", {file}, {});
+                submitJob({{"cord", ""}, "Badges", {file}, {}});
               }),
               HasSubstr("has no queue cord."));
 }
@@ -262,38 +326,6 @@ TEST_F(WithoutAServer, AServerThatAcceptsAndSaysNothingIsGivenUp) {
               }),
               HasSubstr("cannot be asked: "));
   close(silent);
-}
-
-// What is pasted into a shell
-
-/// What `lp` would make of `arguments` in a shell.
-Options readBack(const std::string& arguments) {
-  const auto shell = test::runCommand("printf '%s\\0' " + arguments);
-  OptionList options;
-  std::string_view rest = shell.output;
-  while (!rest.empty()) {
-    const std::string word(rest.substr(0, rest.find('\0')));
-    rest.remove_prefix(word.size() + 1);
-    if (word == "-o") continue;
-    options.count = cupsParseOptions(word.c_str(), options.count, &options.list);
-  }
-  return options.options();
-}
-
-TEST(LpArguments, PlainOptionsStandPlain) {
-  EXPECT_EQ(lpArguments({{"cardLaminate", "Front"}, {"area", "Custom.1in 1in 2in 2in"}}),
-            "-o cardLaminate=Front -o 'area=\"Custom.1in 1in 2in 2in\"'");
-  EXPECT_EQ(lpArguments({}), "");
-}
-
-TEST(LpArguments, AShellAndLpReadEveryValueBack) {
-  for (const std::string value :
-       {"Front", "Custom.1in 1in 2in 2in", "Custom.1\" 1\" 2\" 2\"", "Custom.it's", "Custom.a\\b",
-        "Custom.$HOME `id` $(id)", "Custom.\"'\\\"'", "{Text=\"a b\" Size=3}", "Custom.{x} y",
-        "Custom.a,b", "Custom.a=b", "Custom.größer", "Custom.*?[a]~#!&|;<>()", "Custom.\\", "-x",
-        "", "true", "Custom.line\nend"}) {
-    EXPECT_EQ(readBack(lpArguments({{"area", value}})), (Options{{"area", value}})) << value;
-  }
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host/Conflicts.h"
@@ -7,6 +8,9 @@
 
 namespace cardpanels::host {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 class Sentences : public testing::Test {
  protected:
@@ -26,14 +30,14 @@ class Sentences : public testing::Test {
 };
 
 TEST_F(Sentences, EachConflictIsToldOnce) {
-  EXPECT_EQ(allConflicts(marks), "");
+  EXPECT_THAT(allConflicts(marks), IsEmpty());
   set("peelOff", "Full");
   set("ribbon", "Mono");
   set("Collate", "True");
   set("uv", "On");
-  EXPECT_EQ(allConflicts(marks),
-            "“Peel-Off Front” cannot be “Full” while “Ribbon” is “Monochrome”. “Ultraviolet” "
-            "cannot be “On” while “Collate” is “Yes”.");
+  EXPECT_THAT(allConflicts(marks),
+              ElementsAre("“Peel-Off Front” cannot be “Full” while “Ribbon” is “Monochrome”.",
+                          "“Ultraviolet” cannot be “On” while “Collate” is “Yes”."));
 }
 
 TEST_F(Sentences, WhatIsNotMarkedIsCalledDefault) {

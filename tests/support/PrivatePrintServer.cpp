@@ -114,6 +114,10 @@ void PrivatePrintServer::writeConfiguration() const {
   for (const char* name : {"home", "log", "spool", "cache", "state", "tmp"}) {
     std::filesystem::create_directory(folder_.path() / name);
   }
+  // Filters run as another user when cupsd is root's.
+  using std::filesystem::perms;
+  std::filesystem::permissions(folder_.path(), perms(0755));
+  std::filesystem::permissions(folder_.path() / "tmp", perms(01777));
   folder_.write("cups-files.conf", "ServerRoot " + root + "\nRequestRoot " + root +
                                        "/spool\nCacheDir " + root + "/cache\nStateDir " + root +
                                        "/state\nTempDir " + root + "/tmp\nErrorLog " + root +
@@ -172,7 +176,17 @@ void PrivatePrintServer::addQueue(const std::string& name, const std::string& pp
 
 void PrivatePrintServer::enable(const std::string& name) { run("cupsenable " + name); }
 
+void PrivatePrintServer::stop(const std::string& name, const std::string& reason) {
+  run("cupsdisable -r '" + reason + "' " + name);
+}
+
+void PrivatePrintServer::reject(const std::string& name) { run("cupsreject " + name); }
+
 void PrivatePrintServer::setDefault(const std::string& name) { run("lpadmin -d " + name); }
+
+void PrivatePrintServer::setDefaults(const std::string& name, const std::string& defaults) {
+  run("lpadmin -p " + name + " " + defaults);
+}
 
 void PrivatePrintServer::saveOptions(const std::string& name, const std::string& options) {
   run("lpoptions -p " + name + " -o '" + options + "'");
@@ -208,6 +222,16 @@ std::string PrivatePrintServer::filterOptions(int id) const {
     return withoutLogEscapes(text.substr(from, end - 1 - from));
   }
   throw std::runtime_error("no filter was started: " + log());
+}
+
+std::string PrivatePrintServer::endedJob(int id) const {
+  std::string state;
+  for (const auto limit = std::chrono::steady_clock::now() + kPatience;
+       std::chrono::steady_clock::now() < limit; std::this_thread::sleep_for(20ms)) {
+    state = job(id)["job-state"];
+    if (state == "completed" || state == "canceled" || state == "aborted") return state;
+  }
+  throw std::runtime_error("the job is still " + state);
 }
 
 int PrivatePrintServer::jobCount() const {

@@ -36,8 +36,18 @@ class PrivatePrintServer {
   /// Lets the queue `name` print its jobs, into a file in the temporary folder.
   void enable(const std::string& name);
 
+  /// Stops the queue's printer for `reason`.
+  void stop(const std::string& name, const std::string& reason);
+
+  /// Has the queue take no jobs.
+  void reject(const std::string& name);
+
   /// Makes `name` the server's default.
   void setDefault(const std::string& name);
+
+  /// Sets what the server adds to jobs of the queue that lack it: `-o KEY-default=VALUE …`, as
+  /// `lpadmin` takes them.
+  void setDefaults(const std::string& name, const std::string& defaults);
 
   /// Saves `options` (`KEY=VALUE …`, as `lpoptions -o` takes them) under `name`.
   void saveOptions(const std::string& name, const std::string& options);
@@ -48,6 +58,10 @@ class PrivatePrintServer {
   /// The options of job `id` as the server hands them to the filters, all in one text. Waits until
   /// it has. The queue must be enabled.
   std::string filterOptions(int id) const;
+
+  /// How job `id` has ended (`completed`, `canceled`, `aborted`), which this waits for. The queue
+  /// must be enabled.
+  std::string endedJob(int id) const;
 
   /// The number of jobs that the server has been given.
   int jobCount() const;

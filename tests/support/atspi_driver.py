@@ -2,7 +2,7 @@
 
     with Desktop() as desktop:
         program = desktop.start(["build/bin/cardprint", "--ppd", "card.ppd"])
-        choose(program.find("combo box", "Laminate"), "Front")
+        choose(program.find("combo box", "Thermal Laminate"), "Front")
         press(program.find("push button", "Print"))
         status = program.finish()
 

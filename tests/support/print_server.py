@@ -101,7 +101,14 @@ class PrintServer:
         """Adds a queue with the PPD file `ppd`; a raw one without."""
         model = ["-P", str(ppd)] if ppd else ["-m", "raw"]
         self._run("lpadmin", "-p", name, "-v", "file:/dev/null", *model)
-        self._run("cupsaccept", name)
+        self.accept(name)
+
+    def accept(self, queue):
+        self._run("cupsaccept", queue)
+
+    def reject(self, queue):
+        """The queue takes no jobs until `accept`."""
+        self._run("cupsreject", queue)
 
     def job(self, number):
         """The attributes of a job as the server keeps them, None before there is one."""

@@ -58,10 +58,60 @@ TEST(Cardprint, TakesItsOwnLastLineAsOptions) {
   EXPECT_EQ(withSample("card-duplex", lastLine).output, once);
 }
 
-TEST(Cardprint, TellsWhatElseAChangeChanged) {
-  const auto finished = withSample("card-duplex", "-o frontPO=Chip -o cardLaminate=Front");
-  EXPECT_NE(finished.errors, "");
-  EXPECT_THAT(finished.errors, HasSubstr("Front Peel-Off"));
+TEST(Cardprint, NamesBothOfTwoOptionsThatExcludeEachOtherInEitherOrder) {
+  for (const char* arguments :
+       {"-o cardLaminate=Both -o PageSize=CR79", "-o PageSize=CR79 -o cardLaminate=Both",
+        "-o 'PageSize=CR79 cardLaminate=Both'"}) {
+    const auto finished = withSample("card-laminate", arguments);
+    expectError(finished, "“Thermal Laminate”");
+    expectError(finished, "“Card Size”");
+  }
+}
+
+TEST(Cardprint, TakesOptionsThatGoTogetherInEitherOrder) {
+  for (const char* arguments :
+       {"-o frontUV=ImageCopy -o frontRibbon=YMCF", "-o frontRibbon=YMCF -o frontUV=ImageCopy"}) {
+    const auto finished = withSample("card-duplex", arguments);
+    EXPECT_EQ(finished.status, 0);
+    EXPECT_EQ(finished.errors, "");
+    EXPECT_THAT(finished.output, EndsWith("\n-o frontRibbon=YMCF -o frontUV=ImageCopy\n"));
+  }
+}
+
+TEST(Cardprint, SeesWhatAGivenMediaExcludes) {
+  expectError(withSample("card-laminate", "-o media=CR79 -o cardLaminate=Both"), "“Card Size”");
+  expectError(withSample("card-laminate", "-o media=gold"), "-o media=gold: ");
+}
+
+TEST(Cardprint, NamesWhatIsNoMeasurementOfAnArea) {
+  for (const std::string wrong : {"abc", "1,5cm"}) {
+    const auto finished =
+        withSample("card-duplex", "-o frontResinInclude1='" + wrong + " 1in 1in 1in'");
+    expectError(finished, "frontResinInclude1=");
+    expectError(finished, "“" + wrong + "” is no measurement");
+  }
+  expectError(withSample("card-duplex", "-o CustombackPeelOff3='1in 1in 1in'"),
+              "four measurements");
+}
+
+constexpr const char* kOffTheCard =
+    "-o frontResin=DefinedAreas -o frontResinInclude1='9cm 1in 2in 1in' ";
+
+TEST(Cardprint, TellsAnAreaThatCannotBeRightAndPrints) {
+  const auto finished = withSample("card-duplex", kOffTheCard);
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_THAT(finished.errors,
+              AllOf(StartsWith("cardprint: “Front "), HasSubstr("outside the card")));
+  EXPECT_THAT(finished.output, EndsWith("-o 'frontResinInclude1=\"Custom.9cm 1in 2in 1in\"'\n"));
+}
+
+TEST(Cardprint, PrintsNoSuchAreaWhenItIsStrict) {
+  expectError(withSample("card-duplex", std::string("--strict ") + kOffTheCard),
+              "outside the card");
+  const auto right = withSample(
+      "card-duplex", "--strict -o frontResin=DefinedAreas -o frontResinInclude1='1cm 1cm 1cm 1cm'");
+  EXPECT_EQ(right.status, 0);
+  EXPECT_EQ(right.errors, "");
 }
 
 TEST(Cardprint, NamesAnUnknownKey) {
@@ -108,7 +158,7 @@ TEST(Cardprint, HelpNamesEveryOption) {
   const auto finished = cardprint("--help");
   EXPECT_EQ(finished.status, 0);
   for (const char* option :
-       {"--ppd", "-d", "-o", "--no-dialog", "--trace", "--help", "--version"}) {
+       {"--ppd", "-d", "-o", "--no-dialog", "--strict", "--trace", "--help", "--version"}) {
     EXPECT_THAT(finished.output, HasSubstr("\n  " + std::string(option)));
   }
 }

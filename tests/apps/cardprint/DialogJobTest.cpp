@@ -37,29 +37,29 @@ void expectPrinted(const test::Finished& finished, int job) {
 
 /// Chosen on all five panels, with two areas for resin and one to peel off.
 constexpr const char* kChoosing = R"(panel Ribbon and Resin
-choose Front resin = Defined Areas
-type Front include area 1, X = 0.1234567890123456in
-type Front include area 1, Y = .50cm
-type Front include area 1, width = 007mm
-type Front include area 1, height = 40px
+choose Front Resin = Defined Areas
+type Front Resin Area 1, X = 0.1234567890123456in
+type Front Resin Area 1, Y = .50cm
+type Front Resin Area 1, width = 007mm
+type Front Resin Area 1, height = 40px
 page Front resin areas = Exclude
-type Front exclude area 3, X = 1
-type Front exclude area 3, Y = 0.1in
-type Front exclude area 3, width = 2.0in
-type Front exclude area 3, height = 0.25in
-choose Back ribbon = Color and UV (YMCF)
+type Front No-Resin Area 3, X = 1
+type Front No-Resin Area 3, Y = 1.5in
+type Front No-Resin Area 3, width = 2.0in
+type Front No-Resin Area 3, height = 0.25in
+choose Back Ribbon = Color and UV (YMCF)
 panel Ultraviolet
-choose Back ultraviolet = Text Only
+choose Back UV = Text Only
 panel Peel-Off
-choose Front peel-off = Defined Areas
-type Front peel-off area 2, X = 1in
-type Front peel-off area 2, Y = 1.25in
-type Front peel-off area 2, width = 0.50in
-type Front peel-off area 2, height = 12.70mm
+choose Front Peel-Off = Defined Areas
+type Front Peel-Off Area 2, X = 1in
+type Front Peel-Off Area 2, Y = 1.25in
+type Front Peel-Off Area 2, width = 0.50in
+type Front Peel-Off Area 2, height = 12.70mm
 panel Thermal Laminate
-choose Laminate = Back Side
+choose Thermal Laminate = Back Side
 panel Card Handling
-choose Front rotation = 180 Degrees
+choose Front Rotation = 180 Degrees
 untold
 )";
 
@@ -67,7 +67,7 @@ untold
 const Options kChosen{
     {"frontResin", "DefinedAreas"},
     {"frontResinInclude1", "Custom.0.1234567890123456in .50cm 007mm 40px"},
-    {"frontResinExclude3", "Custom.1px 0.1in 2.0in 0.25in"},
+    {"frontResinExclude3", "Custom.1px 1.5in 2.0in 0.25in"},
     {"backRibbon", "YMCF"},
     {"backUV", "Text"},
     {"frontPO", "DefinedAreas"},
@@ -78,33 +78,33 @@ const Options kChosen{
 
 /// The dialog of a printer where all of `kChosen` is chosen.
 constexpr const char* kReading = R"(panel Peel-Off
-see Front peel-off = Defined Areas
-see Back peel-off = No Peel-Off
-read Front peel-off area 2, X = 1in
-read Front peel-off area 2, Y = 1.25in
-read Front peel-off area 2, width = 0.50in
-read Front peel-off area 2, height = 12.70mm
-read Front peel-off area 1, X =
+see Front Peel-Off = Defined Areas
+see Back Peel-Off = No Peel-Off
+read Front Peel-Off Area 2, X = 1in
+read Front Peel-Off Area 2, Y = 1.25in
+read Front Peel-Off Area 2, width = 0.50in
+read Front Peel-Off Area 2, height = 12.70mm
+read Front Peel-Off Area 1, X =
 panel Ribbon and Resin
-see Front resin = Defined Areas
-see Back ribbon = Color and UV (YMCF)
-read Front include area 1, X = 0.1234567890123456in
-read Front include area 1, Y = .50cm
-read Front include area 1, width = 007mm
-read Front include area 1, height = 40px
-read Front include area 2, X =
+see Front Resin = Defined Areas
+see Back Ribbon = Color and UV (YMCF)
+read Front Resin Area 1, X = 0.1234567890123456in
+read Front Resin Area 1, Y = .50cm
+read Front Resin Area 1, width = 007mm
+read Front Resin Area 1, height = 40px
+read Front Resin Area 2, X =
 page Front resin areas = Exclude
-read Front exclude area 3, X = 1px
-read Front exclude area 3, Y = 0.1in
-read Front exclude area 3, width = 2.0in
-read Front exclude area 3, height = 0.25in
-read Front exclude area 1, height =
+read Front No-Resin Area 3, X = 1px
+read Front No-Resin Area 3, Y = 1.5in
+read Front No-Resin Area 3, width = 2.0in
+read Front No-Resin Area 3, height = 0.25in
+read Front No-Resin Area 1, height =
 panel Ultraviolet
-see Back ultraviolet = Text Only
+see Back UV = Text Only
 panel Thermal Laminate
-see Laminate = Back Side
+see Thermal Laminate = Back Side
 panel Card Handling
-see Front rotation = 180 Degrees
+see Front Rotation = 180 Degrees
 untold
 )";
 
@@ -164,10 +164,10 @@ TEST_F(DialogJob, IsNotSentOnCancelAndTheSavedOptionsStay) {
   saveChosenAs("card/badges");
   const std::string before = savedAs("card/badges");
   const auto finished = useDialog("-d card/badges " + picture_, R"(panel Peel-Off
-type Front peel-off area 2, X = 3in
-choose Front peel-off = Chip
+type Front Peel-Off Area 2, X = 3in
+choose Front Peel-Off = Chip
 panel Card Handling
-choose Back rotation = 180 Degrees
+choose Back Rotation = 180 Degrees
 press Cancel
 )");
   EXPECT_EQ(finished.status, 1) << finished.errors;
@@ -180,17 +180,45 @@ TEST_F(DialogJob, OfAPrinterForOneSideIsSentAtOnce) {
   server_.addQueue("single",
                    test::fileContent(CARDPANELS_SOURCE_DIR "/resources/ppd/card-single.ppd"));
   const auto finished = useDialog("-d single " + picture_, R"(panel Peel-Off
-choose Front peel-off = Defined Areas
-type Front peel-off area 1, X = 1in
-type Front peel-off area 1, Y = 1in
-type Front peel-off area 1, width = 1in
-type Front peel-off area 1, height = 1in
+choose Front Peel-Off = Defined Areas
+type Front Peel-Off Area 1, X = 1in
+type Front Peel-Off Area 1, Y = 1in
+type Front Peel-Off Area 1, width = 1in
+type Front Peel-Off Area 1, height = 1in
 untold
 press Print
 )");
   EXPECT_EQ(finished.status, 0) << finished.errors;
   EXPECT_EQ(cardOptions(1), (Options{{"frontPO", "DefinedAreas"},
                                      {"CustomfrontPeelOff1", "Custom.1in 1in 1in 1in"}}));
+}
+
+/// The queue gets another PPD while the dialog is open: one without both-sided laminate, and
+/// without the areas.
+TEST_F(DialogJob, IsNotSentWithWhatAnotherPPDDoesNotHave) {
+  const std::string other = folder_.write(
+      "other.ppd",
+      test::testPPD({test::testOption("frontRotation", "Front Rotation", 2),
+                     {"cardLaminate", "Laminate", {{"None", "None"}, {"Back", "Back Side"}}, {}},
+                     {"frontUV", "Front Ultraviolet", {{"None", "None"}, {"Logo", "Logo"}}, {}}}));
+  const auto finished =
+      useDialog("-d card -o cardLaminate=Both -o frontResinInclude1='1in 1in 2in 2in' " + picture_,
+                R"(panel Thermal Laminate
+see Thermal Laminate = Both Sides
+run lpadmin -p card -P )" +
+                    other + R"(
+press Print
+told have changed meanwhile
+told was left out
+panel Thermal Laminate
+see Laminate = None
+choose Laminate = Back Side
+press Print
+)");
+  EXPECT_EQ(finished.status, 0) << finished.output << finished.errors;
+  EXPECT_THAT(finished.errors, HasSubstr("frontResinInclude1=Custom.1in 1in 2in 2in was left out"));
+  EXPECT_EQ(server_.jobCount(), 1);
+  EXPECT_EQ(cardOptions(1), (Options{{"cardLaminate", "Back"}}));
 }
 
 /// A printer that cannot laminate both sides where an area is peeled off.
@@ -207,11 +235,11 @@ class ConflictWithAnArea : public testing::Test {
   /// What the job gets when the person does what `script` says after laminating both sides was
   /// refused.
   std::string lastLine(const std::string& script) {
-    const auto finished = useDialog("--ppd " + ppd_ + " -o CustomfrontPeelOff1='1in 1in 2in 2in'",
+    const auto finished = useDialog("--ppd " + ppd_ + " -o CustomfrontPeelOff1='1in 1in 2in 1in'",
                                     R"(panel Thermal Laminate
-try Laminate = Both Sides
-told would remove “1in 1in 2in 2in”
-see Laminate = None
+try Card Laminate = Both Sides
+told would remove “1in 1in 2in 1in”
+see Card Laminate = None
 )" + script);
     EXPECT_EQ(finished.status, 0) << finished.output << finished.errors;
     EXPECT_THAT(finished.errors, Not(HasSubstr("cardprint: ")));
@@ -225,22 +253,23 @@ see Laminate = None
 TEST_F(ConflictWithAnArea, IsToldAndLeavesEverythingAsItWas) {
   EXPECT_EQ(lastLine(R"(press Close
 untold
-see Laminate = None
+see Card Laminate = None
 panel Peel-Off
 read Front peel-off area 1, X = 1in
-read Front peel-off area 1, height = 2in
+read Front peel-off area 1, height = 1in
 press Print
 )"),
-            "-o 'CustomfrontPeelOff1=\"Custom.1in 1in 2in 2in\"'\n");
+            "-o 'CustomfrontPeelOff1=\"Custom.1in 1in 2in 1in\"'\n");
 }
 
 TEST_F(ConflictWithAnArea, IsResolvedWhenThePersonInsists) {
   EXPECT_EQ(lastLine(R"(press Change Anyway
-see Laminate = Both Sides
+see Card Laminate = Both Sides
 panel Peel-Off
 read Front peel-off area 1, X =
 read Front peel-off area 1, height =
 press Print
+press Print Anyway
 )"),
             "-o CustomfrontPeelOff1=Default -o cardLaminate=Both\n");
 }

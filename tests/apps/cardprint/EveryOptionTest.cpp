@@ -40,7 +40,7 @@ std::vector<Given> pickOneOptions() {
       {"backUV", "Logo", "backRibbon=YMCF"},
       {"frontUVMAC", "Serial", "frontRibbon=YMCF"},
       {"backUVMAC", "DateTime", "backRibbon=YMCF"},
-      {"frontPO", "DefinedAreas", ""},
+      {"frontPO", "Chip", ""},
       {"backPO", "Signature", ""},
       {"cardLaminate", "Both", ""},
       {"frontRotation", "Rotate180", ""},

@@ -11,6 +11,7 @@
 namespace cardpanels {
 namespace {
 
+using testing::AllOf;
 using testing::Contains;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -42,6 +43,79 @@ TEST_F(CardprintQueueTest, SendsTheFilesWithTheChosenOptionsAndTellsTheJob) {
   EXPECT_THAT(finished.output, EndsWith("\nrequest id is card-1 (2 file(s))\n"));
   EXPECT_THAT(server_.job(1), Contains(Pair("cardLaminate", "Front")));
   EXPECT_THAT(server_.job(1), Contains(Pair("job-name", "badge.txt")));
+}
+
+TEST_F(CardprintQueueTest, AJobIsPrinted) {
+  server_.enable("card");
+  cardprint("-d card -o cardLaminate=Front " + picture_);
+  EXPECT_EQ(server_.endedJob(1), "completed");
+  EXPECT_THAT(server_.filterOptions(1), HasSubstr("cardLaminate=Front"));
+}
+
+TEST_F(CardprintQueueTest, PrintsNothingWhenTwoOptionsExcludeEachOther) {
+  const auto finished = cardprint("-d card -o cardLaminate=Both -o PageSize=CR79 " + picture_);
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_EQ(finished.output, "");
+  EXPECT_EQ(server_.jobCount(), 0);
+}
+
+TEST_F(CardprintQueueTest, ChangesASavedOptionForAGivenOneAndTellsIt) {
+  server_.saveOptions("card", "cardLaminate=Both");
+  server_.enable("card");
+  const auto finished = cardprint("-d card -o PageSize=CR79 " + picture_);
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_THAT(finished.errors,
+              AllOf(HasSubstr("“Both Sides” to “No Laminate”"), HasSubstr("Card Size")));
+  EXPECT_EQ(server_.endedJob(1), "completed");
+  EXPECT_THAT(server_.job(1),
+              AllOf(Contains(Pair("PageSize", "CR79")), Contains(Pair("cardLaminate", "None"))));
+}
+
+TEST_F(CardprintQueueTest, PrintsNothingWhenSavedOptionsExcludeEachOther) {
+  server_.saveOptions("card", "cardLaminate=Both PageSize=CR79");
+  const auto finished = cardprint("-d card " + picture_);
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_THAT(finished.errors, AllOf(HasSubstr("“Thermal Laminate”"), HasSubstr("“Card Size”")));
+  EXPECT_EQ(cardprint("-d card -o cardLaminate=Front " + picture_).status, 2);
+  EXPECT_EQ(server_.jobCount(), 0);
+}
+
+TEST_F(CardprintQueueTest, PrintsWhenAGivenOptionResolvesWhatSavedOnesExclude) {
+  server_.saveOptions("card", "cardLaminate=Both PageSize=CR79");
+  server_.enable("card");
+  const auto finished = cardprint("-d card -o PageSize=CR80 " + picture_);
+  EXPECT_EQ(finished.status, 0) << finished.errors;
+  EXPECT_EQ(finished.errors, "");
+  EXPECT_EQ(server_.endedJob(1), "completed");
+  EXPECT_THAT(server_.filterOptions(1),
+              AllOf(HasSubstr("PageSize=CR80"), HasSubstr("cardLaminate=Both")));
+}
+
+TEST_F(CardprintQueueTest, WhatIsToldAsLeftOutIsNotInTheJob) {
+  server_.setDefaults("card", "-o cardLaminate-default=Nope");
+  server_.enable("card");
+  const auto finished = cardprint("-d card " + picture_);
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_THAT(finished.errors, HasSubstr("cardLaminate=Nope was left out"));
+  EXPECT_EQ(server_.endedJob(1), "completed");
+  EXPECT_THAT(server_.filterOptions(1),
+              AllOf(HasSubstr("cardLaminate=None"), Not(HasSubstr("Nope"))));
+}
+
+TEST_F(CardprintQueueTest, SeesWhatASavedMediaExcludes) {
+  server_.saveOptions("card", "cardLaminate=Both media=CR79");
+  EXPECT_EQ(cardprint("-d card " + picture_).status, 2);
+  EXPECT_EQ(server_.jobCount(), 0);
+}
+
+TEST_F(CardprintQueueTest, SendsTheSizeOfAGivenMediaOnce) {
+  server_.saveOptions("card", "media=CR79");
+  server_.enable("card");
+  const auto finished = cardprint("-d card -o media=iso_id-1_53.98x85.6mm " + picture_);
+  EXPECT_EQ(finished.status, 0) << finished.errors;
+  EXPECT_EQ(server_.endedJob(1), "completed");
+  EXPECT_THAT(server_.job(1),
+              AllOf(Contains(Pair("PageSize", "CR80")), Not(Contains(Key("media")))));
 }
 
 TEST_F(CardprintQueueTest, PrintsOnTheDefaultQueue) {

@@ -17,7 +17,7 @@ def choose_laminate(program, laminate, arguments):
     with user.Desktop() as desktop:
         dialog = desktop.start([program, *arguments], G_DEBUG="fatal-criticals", GDK_GL="disable", **server)
         user.select_row(dialog.window(), "Thermal Laminate")
-        user.choose(dialog.find("combo box", "Laminate"), laminate)
+        user.choose(dialog.find("combo box", "Thermal Laminate"), laminate)
         user.press(dialog.find("push button", "Print"))
         return dialog.finish()
 

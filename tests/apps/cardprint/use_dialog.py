@@ -12,10 +12,12 @@ standard input says, as a person would. Answers as the program does. A command a
     read FIELD = TEXT    waits until the field has that text
     told TEXT            waits until the message bar says TEXT, among other things
     untold               waits until no message is there
+    run COMMAND          runs a command of the shell, without any = in it
 """
 
 import os
 import pathlib
+import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "support"))
@@ -81,6 +83,9 @@ class Person:
         user.wait_for(
             lambda: not user.find_now(window, "info bar"), lambda: user.outline(window)
         )
+
+    def run(self, command):
+        subprocess.run("PATH=$PATH:/usr/sbin; " + command, shell=True, check=True)
 
     def do(self, command):
         verb, _, rest = command.partition(" ")

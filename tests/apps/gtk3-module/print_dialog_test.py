@@ -7,6 +7,7 @@ import subprocess
 import unittest
 
 import atspi_driver as user
+from keyboard import Keyboard
 from print_dialog import PrintDialog, criticals
 from print_server import PrintServer
 from slow_server import SlowServer
@@ -163,21 +164,21 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog.select_printer("card")
         dialog.open_card()
         self.assertFalse(dialog.has_tab("Advanced"))
-        dialog.choose("Front ribbon", "Color and UV (YMCF)")
-        dialog.choose("Back ribbon", "Color and Black Resin (YMCK)")
-        dialog.choose("Back resin", "Defined Areas")
+        dialog.choose("Front Ribbon", "Color and UV (YMCF)")
+        dialog.choose("Back Ribbon", "Color and Black Resin (YMCK)")
+        dialog.choose("Back Resin", "Defined Areas")
         for name, text in (("X", "1in"), ("Y", "0.5in"), ("width", "2in"), ("height", "1in")):
-            dialog.type(f"Back include area 1, {name}", text)
+            dialog.type(f"Back Resin Area 1, {name}", text)
         dialog.open_panel("Ultraviolet")
-        dialog.choose("Front ultraviolet", "Whole Card")
+        dialog.choose("Front UV", "Whole Card")
         dialog.open_panel("Peel-Off")
-        dialog.choose("Front peel-off", "Defined Areas")
+        dialog.choose("Front Peel-Off", "Defined Areas")
         for name, text in (("X", "0in"), ("Y", "0in"), ("width", "10mm"), ("height", "10mm")):
-            dialog.type(f"Front peel-off area 1, {name}", text)
+            dialog.type(f"Front Peel-Off Area 1, {name}", text)
         dialog.open_panel("Thermal Laminate")
-        dialog.choose("Laminate", "Back Side")
+        dialog.choose("Thermal Laminate", "Back Side")
         dialog.open_panel("Card Handling")
-        dialog.choose("Front rotation", "180 Degrees")
+        dialog.choose("Front Rotation", "180 Degrees")
         dialog.press("Print")
         self.assert_job(
             self.job(),
@@ -196,9 +197,9 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog = self.start_demo()
         dialog.select_printer("card")
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
+        dialog.choose("Front Resin", "Defined Areas")
         for name, text in (("X", "1in"), ("Y", "1in"), ("width", "2.125in"), ("height", "1.0625in")):
-            dialog.type(f"Front include area 2, {name}", text)
+            dialog.type(f"Front Resin Area 2, {name}", text)
         dialog.press("Print")
         self.assert_job(
             self.job(),
@@ -213,12 +214,12 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog = self.start_demo()
         dialog.select_printer("card")
         dialog.open_card()
-        field = dialog.program.find("text", "Front include area 1, width")
+        field = dialog.program.find("text", "Front Resin Area 1, width")
         self.assertEqual(user.text_of(field), "2in")
         dialog.open_panel("Card Handling")
-        dialog.choose("Front rotation", "No Rotation")
+        dialog.choose("Front Rotation", "No Rotation")
         dialog.open_panel("Thermal Laminate")
-        self.assertEqual(user.chosen(dialog.combo("Laminate")), "Back Side")
+        self.assertEqual(user.chosen(dialog.combo("Thermal Laminate")), "Back Side")
         dialog.press("Print")
         self.assert_job(
             self.job(),
@@ -232,13 +233,13 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog = self.start_program("operation")
         dialog.select_printer("card")
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
-        dialog.type("Front include area 1, X", "1in")
-        dialog.type("Front include area 1, Y", "1in")
-        dialog.type("Front include area 1, width", "1in")
-        dialog.type("Front include area 1, height", "1in")
+        dialog.choose("Front Resin", "Defined Areas")
+        dialog.type("Front Resin Area 1, X", "1in")
+        dialog.type("Front Resin Area 1, Y", "1in")
+        dialog.type("Front Resin Area 1, width", "1in")
+        dialog.type("Front Resin Area 1, height", "1in")
         dialog.open_panel("Thermal Laminate")
-        dialog.choose("Laminate", "Both Sides")
+        dialog.choose("Thermal Laminate", "Both Sides")
         dialog.press("Print")
         self.assert_job(
             self.job(1),
@@ -249,9 +250,9 @@ class PanelsTestCase(PrintDialogTestCase):
         self.send("operation")
         dialog.select_printer("card")
         dialog.open_card()
-        field = dialog.program.find("text", "Front include area 1, height")
+        field = dialog.program.find("text", "Front Resin Area 1, height")
         self.assertEqual(user.text_of(field), "1in")
-        dialog.choose("Front resin", "Black Text")
+        dialog.choose("Front Resin", "Black Text")
         dialog.press("Print")
         area = "Custom.1in 1in 1in 1in"
         self.assert_job(self.job(2), cardLaminate="Both", frontResinInclude1=area)
@@ -261,9 +262,9 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog = self.start_program("dialog")
         dialog.select_printer("card")
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
+        dialog.choose("Front Resin", "Defined Areas")
         for name in ("X", "Y", "width", "height"):
-            dialog.type(f"Front include area 3, {name}", "1in")
+            dialog.type(f"Front Resin Area 3, {name}", "1in")
         dialog.press(button)
         self.send("quit")
         _, out, errors = self.program.finish()
@@ -285,15 +286,73 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog = self.start_program("operation")
         dialog.select_printer("card")
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
-        dialog.type("Front include area 1, X", "1in")
+        dialog.choose("Front Resin", "Defined Areas")
+        dialog.type("Front Resin Area 1, X", "1in")
         dialog.press("Cancel")
         self.send("operation")
         dialog.select_printer("card")
         dialog.open_card()
-        self.assertEqual(user.chosen(dialog.combo("Front resin")), "Black Text")
+        self.assertEqual(user.chosen(dialog.combo("Front Resin")), "Black Text")
         dialog.press("Print")
         self.assert_job(self.job(1))
+
+
+class KeysTestCase(PrintDialogTestCase):
+    def start_card(self):
+        """The page Card of a dialog, and a keyboard with the focus in its sidebar."""
+        dialog = self.start_program("dialog")
+        dialog.select_printer("card")
+        page = dialog.open_card()
+        keyboard = Keyboard(self.desktop, self.program.find("dialog"))
+        row = user.find(page, "list item", "Ribbon and Resin")
+        row.get_component_iface().grab_focus()
+        keyboard.wait_for_focus("list item", "Ribbon and Resin")
+        return dialog, keyboard
+
+    def test_tab_goes_from_the_sidebar_into_the_panel_and_to_the_buttons(self):
+        dialog, keyboard = self.start_card()
+        keyboard.press("Down", "Down", "Down")
+        keyboard.wait_for_focus("list item", "Thermal Laminate")
+        keyboard.press("Tab")
+        keyboard.wait_for_focus("toggle button", "Thermal Laminate")
+        keyboard.press("Tab")
+        keyboard.wait_for_focus("toggle button", "Help")
+        keyboard.press("Tab")
+        user.wait_for(lambda: keyboard.focus()[0] == "push button", keyboard.focus)
+        self.assertIn(keyboard.focus()[1], ("Preview", "Cancel"))
+        keyboard.press("shift+Tab", "shift+Tab", "shift+Tab")
+        keyboard.wait_for_focus("list item", "Thermal Laminate")
+        dialog.press("Cancel")
+
+    def test_control_and_page_keys_are_the_panels_inside_the_page_and_the_dialogs_outside(self):
+        dialog, keyboard = self.start_card()
+        keyboard.press("Tab")
+        keyboard.wait_for_focus("toggle button", "Front Ribbon")
+        keyboard.press("ctrl+Next")
+        keyboard.wait_for_focus("toggle button", "Front UV")
+        keyboard.press("ctrl+Prior")
+        keyboard.wait_for_focus("toggle button", "Front Ribbon")
+        keyboard.press("shift+Tab", "shift+Tab")
+        user.wait_for(lambda: keyboard.focus()[0] == "page tab list", keyboard.focus)
+        keyboard.press("ctrl+Prior")
+        user.wait_for(
+            lambda: user.find_now(self.program.root, "list box", "Card options") is None,
+            "the dialog stays on the page Card",
+        )
+        dialog.press("Cancel")
+
+    def test_f1_opens_the_help_of_the_panel(self):
+        dialog, keyboard = self.start_card()
+        keyboard.press("F1")
+        keyboard.wait_for_focus_in("Ribbon and Resin\n")
+        keyboard.press("Escape")
+        keyboard.wait_for_focus("list item", "Ribbon and Resin")
+        keyboard.press("shift+Tab")
+        user.wait_for(lambda: keyboard.focus()[0] == "page tab list", keyboard.focus)
+        keyboard.press("F1")
+        keyboard.wait_for_focus_in("Ribbon and Resin\n")
+        keyboard.press("Escape")
+        dialog.press("Cancel")
 
 
 class PrintersTestCase(PrintDialogTestCase):
@@ -348,7 +407,7 @@ class InstalledTestCase(PrintDialogTestCase):
         for library in ("lib/libcardpanels-gtk3-page.so", "lib/cardpanels.bundle/cardpanels.so"):
             self.assertTrue(self.maps(f"{prefix}/{library}"), library)
         self.assertFalse(self.maps(f"{BUILD}/lib"))
-        dialog.choose("Front ribbon", "Metallic Silver")
+        dialog.choose("Front Ribbon", "Metallic Silver")
         dialog.press("Print")
         self.assert_job(self.job(), frontRibbon="Silver")
 
@@ -357,9 +416,9 @@ class InstalledTestCase(PrintDialogTestCase):
         dialog = self.start_demo(WAYLAND_DISPLAY=display, GDK_BACKEND="wayland")
         dialog.select_printer("card")
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
+        dialog.choose("Front Resin", "Defined Areas")
         for name in ("X", "Y", "width", "height"):
-            dialog.type(f"Front include area 1, {name}", "1in")
+            dialog.type(f"Front Resin Area 1, {name}", "1in")
         dialog.press("Print")
         area = "Custom.1in 1in 1in 1in"
         self.assert_job(self.job(), frontResin="DefinedAreas", frontResinInclude1=area)
@@ -396,7 +455,7 @@ class ConflictsTestCase(PrintDialogTestCase):
         dialog.select_printer("coated")
         dialog.open_card()
         dialog.open_panel("Thermal Laminate")
-        dialog.choose("Laminate", "Both Sides")
+        dialog.choose("Thermal Laminate", "Both Sides")
         dialog.open_tab("Advanced")
         dialog.choose("Coating:", "Glossy")
         dialog.open_tab("Card")
@@ -405,7 +464,7 @@ class ConflictsTestCase(PrintDialogTestCase):
             "“Thermal Laminate” was changed from “Both Sides” to “No Laminate”, because “Coating” "
             "is now “Glossy”.",
         )
-        self.assertEqual(user.chosen(dialog.combo("Laminate")), "No Laminate")
+        self.assertEqual(user.chosen(dialog.combo("Thermal Laminate")), "No Laminate")
         sign = "Some of the settings in the dialog conflict"
         self.assertIsNone(user.find_now(dialog.program.root, "label", sign))
         dialog.press("Print")
@@ -416,12 +475,135 @@ class ConflictsTestCase(PrintDialogTestCase):
         dialog.select_printer("coated")
         dialog.open_card()
         dialog.open_panel("Peel-Off")
-        dialog.choose("Front peel-off", "Chip")
+        dialog.choose("Front Peel-Off", "Chip")
         dialog.open_panel("Thermal Laminate")
-        dialog.choose("Laminate", "Both Sides")
+        dialog.choose("Thermal Laminate", "Both Sides")
         dialog.wait_for_text("“Front Peel-Off” was changed from “Chip” to “No Peel-Off”")
         dialog.press("Print")
         self.assert_job(self.job(), cardLaminate="Both", frontPO="None")
+
+
+class HeedTestCase(PrintDialogTestCase):
+    """What the user must know before they print, whatever page they look at."""
+
+    def wait_for_bar(self, dialog, part):
+        """Waits until a bar of the dialog tells `part`; answers the text whole."""
+
+        def told():
+            bars = [each for each in user.descendants(dialog.program.root)
+                    if each.get_role_name() == "info bar" and user.is_showing(each)]
+            texts = [user.text_of(each) for bar in bars for each in user.descendants(bar)]
+            return next((text for text in texts if part in text), None)
+
+        return user.wait_for(told, lambda: f"{part!r} is not told")
+
+    def takes_presses(self, dialog, button):
+        sensitive = user.Atspi.StateType.SENSITIVE
+        return dialog.button(button).get_state_set().contains(sensitive)
+
+    def wait_for_presses(self, dialog, button, expected):
+        user.wait_for(
+            lambda: self.takes_presses(dialog, button) == expected,
+            f"{button} is {'in' if expected else ''}sensitive",
+        )
+
+    def test_what_a_rule_changed_stays_told_until_it_is_undone(self):
+        dialog = self.start_demo()
+        dialog.select_printer("coated")
+        dialog.open_card()
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Thermal Laminate", "Both Sides")
+        dialog.open_tab("Advanced")
+        dialog.choose("Coating:", "Glossy")
+        told = self.wait_for_bar(dialog, "was changed")
+        dialog.choose("Coating:", "No Coating")
+        dialog.open_tab("Card")
+        self.assertEqual(self.wait_for_bar(dialog, "was changed"), told)
+        dialog.open_panel("Peel-Off")
+        self.assertEqual(self.wait_for_bar(dialog, "was changed"), told)
+        dialog.press("Undo")
+        user.wait_for(
+            lambda: not any("was changed" in text for text in dialog.texts()), "it stays told"
+        )
+        dialog.press("Print")
+        self.assert_job(self.job(), coating="None", cardLaminate="Both")
+
+    @unittest.skipIf(SANITIZED, "the tests' own program lets nobody choose the paper")
+    def test_a_paper_size_that_takes_the_laminate_away_is_told_before_print(self):
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Thermal Laminate", "Both Sides")
+        dialog.open_tab("Page Setup")
+        # Without opening the list, which the dialog may close while it looks at the printer.
+        dialog.combo("Paper size:").get_selection_iface().select_child(1)
+        told = self.wait_for_bar(dialog, "was changed")
+        self.assertIn("“Thermal Laminate” was changed from “Both Sides” to “No Laminate”", told)
+        self.assertEqual(dialog.tab("Card").get_description(), told)
+        dialog.press("Show")
+        dialog.wait_for_text("was changed")
+
+    def test_a_wrong_text_keeps_print_and_preview_back(self):
+        dialog = self.start_program("dialog")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front Resin", "Defined Areas")
+        dialog.type("Front Resin Area 1, X", "abc")
+        self.wait_for_presses(dialog, "Print", False)
+        self.assertFalse(self.takes_presses(dialog, "Preview"))
+        self.assertEqual(
+            self.wait_for_bar(dialog, "no measurement"),
+            "“Front Resin Area 1, X” is no measurement: “abc”",
+        )
+        for name in ("X", "Y", "width", "height"):
+            dialog.type(f"Front Resin Area 1, {name}", "1in")
+        self.wait_for_presses(dialog, "Print", True)
+        self.assertTrue(self.takes_presses(dialog, "Preview"))
+
+    def test_a_printer_that_rejects_jobs_and_a_wrong_text_keep_apart(self):
+        dialog = self.start_program("dialog")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front Resin", "Defined Areas")
+        dialog.type("Front Resin Area 1, X", "abc")
+        self.wait_for_presses(dialog, "Print", False)
+        self.server.reject("card")
+        self.server.accept("card")
+        dialog.type("Front Resin Area 1, Y", "1in")
+        self.assertFalse(self.takes_presses(dialog, "Print"))
+        self.server.reject("card")
+        dialog.type("Front Resin Area 1, X", "1in")
+        self.wait_for_presses(dialog, "Print", False)
+        self.server.accept("card")
+        self.wait_for_presses(dialog, "Print", True)
+
+    def test_what_was_set_at_the_last_print_is_told(self):
+        dialog = self.start_program("operation")
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.open_panel("Thermal Laminate")
+        dialog.choose("Thermal Laminate", "Both Sides")
+        dialog.press("Print")
+        self.assert_job(self.job(1), cardLaminate="Both")
+        self.send("operation")
+        dialog.select_printer("card")
+        dialog.open_card()
+        self.assertEqual(
+            dialog.wait_for_text("Set from your last print"),
+            "Set from your last print: “Thermal Laminate” is “Both Sides”.",
+        )
+        dialog.press("Reset to Defaults")
+        dialog.press("Print")
+        self.assert_job(self.job(2), cardLaminate="None")
+
+    def test_saved_options_that_conflict_are_told(self):
+        self.write(".cups/lpoptions", "Dest coated cardLaminate=Both coating=Gloss\n")
+        dialog = self.start_demo()
+        dialog.select_printer("coated")
+        told = self.wait_for_bar(dialog, "cannot be")
+        self.assertIn("“Coating”", told)
+        self.assertIn("“Thermal Laminate”", told)
 
 
 class TroubleTestCase(PrintDialogTestCase):
@@ -456,7 +638,7 @@ class TroubleTestCase(PrintDialogTestCase):
         dialog.choose("Front Ribbon:", "Metallic Silver")
         door.release()
         dialog.open_card()
-        self.assertEqual(user.chosen(dialog.combo("Front ribbon")), "Metallic Silver")
+        self.assertEqual(user.chosen(dialog.combo("Front Ribbon")), "Metallic Silver")
         self.assertFalse(dialog.has_tab("Advanced"))
 
     def test_the_page_gives_up_on_a_silent_server(self):
@@ -483,7 +665,7 @@ class TroubleTestCase(PrintDialogTestCase):
         dialog = self.start_demo()
         dialog.select_printer("card")
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
+        dialog.choose("Front Resin", "Defined Areas")
         self.server.stop()
         dialog.press("Print")
         user.wait_for(lambda: not dialog.has_tab("Card"), "the dialog stays")
@@ -494,18 +676,18 @@ class TroubleTestCase(PrintDialogTestCase):
         dialog = self.start_program("dialog")
         dialog.select_printer("card")
         dialog.open_card()
-        dialog.choose("Front resin", "Defined Areas")
-        dialog.type("Front include area 1, X", "1in")
+        dialog.choose("Front Resin", "Defined Areas")
+        dialog.type("Front Resin Area 1, X", "1in")
         self.send("hide")
         user.wait_for(lambda: not dialog.has_tab("Card"), "the dialog stays")
         self.send("show")
-        self.assertEqual(user.chosen(dialog.combo("Front resin")), "Defined Areas")
+        self.assertEqual(user.chosen(dialog.combo("Front Resin")), "Defined Areas")
         self.send("destroy")
         user.wait_for(lambda: not dialog.has_tab("Card"), "the dialog stays")
         self.send("dialog")
         dialog.select_printer("card")
         dialog.open_card()
-        self.assertEqual(user.chosen(dialog.combo("Front resin")), "Black Text")
+        self.assertEqual(user.chosen(dialog.combo("Front Resin")), "Black Text")
         self.send("quit")
         user.wait_for(lambda: not self.program.runs(), "the program does not end")
 
@@ -513,17 +695,17 @@ class TroubleTestCase(PrintDialogTestCase):
         first = self.start_program("dialog")
         first.select_printer("card")
         first.open_card()
-        first.choose("Front resin", "Defined Areas")
+        first.choose("Front Resin", "Defined Areas")
         second = self.second_dialog()
         second.select_printer("card")
         second.open_card()
-        self.assertEqual(user.chosen(second.combo("Front resin")), "Black Text")
-        second.choose("Front resin", "Bar Codes")
+        self.assertEqual(user.chosen(second.combo("Front Resin")), "Black Text")
+        second.choose("Front Resin", "Bar Codes")
         self.send("destroy")
         user.wait_for(
             lambda: user.find_now(self.program.root, "dialog", "Dialog 2") is None, "it stays"
         )
-        self.assertEqual(user.chosen(first.combo("Front resin")), "Defined Areas")
+        self.assertEqual(user.chosen(first.combo("Front Resin")), "Defined Areas")
 
     def second_dialog(self):
         self.send("dialog")

@@ -4,25 +4,21 @@
 #include <gtkmm/entry.h>
 #include <gtkmm/window.h>
 
-#include <algorithm>
-#include <array>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "platform/NibOwner.h"
-#include "platform/TextField.h"
 #include "ports/gtk3/CardPage.h"
 #include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
+#include "tests/support/RecordingDriver.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace cardpanels::gtk3 {
 namespace {
 
-using platform::Text;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -37,82 +33,11 @@ constexpr const char* kFieldFile = R"(<interface>
 </interface>
 )";
 
-/// A panel of one field, which takes part in nothing.
-class FieldPanel final : public platform::PrintPanel, public platform::NibOwner {
- public:
-  explicit FieldPanel(std::string name) : name_(std::move(name)) {}
-
-  std::shared_ptr<platform::View> panelView() override { return view; }
-  Text panelName() override { return name_; }
-  Text panelKind() override { return std::nullopt; }
-  std::shared_ptr<platform::StringArray> supportedPPDOptionKeys() override { return nullptr; }
-  void willShow() override {}
-  bool shouldHide() override { return true; }
-  bool shouldShowHelp() override { return true; }
-  void PPDOptionKeyValueDidChange_ppdChoice(const Text&, const Text&) override {}
-  bool restoreValuesAndReturnError(Text*) override { return true; }
-  bool saveValuesAndReturnError(Text*) override { return true; }
-  void updateMarkedSelections() override {}
-  void updateUI() override {}
-  void initializeUI() override {}
-  std::shared_ptr<platform::Dictionary> summaryInfo() override { return nullptr; }
-  std::string_view className() const override { return "FieldPanel"; }
-
-  std::span<const platform::Outlet> outlets() const override {
-    static constexpr std::array kOutlets{platform::outlet<&FieldPanel::view>("view"),
-                                         platform::outlet<&FieldPanel::field>("field")};
-    return kOutlets;
-  }
-  std::span<const platform::Action> actions() const override { return {}; }
-
-  std::shared_ptr<platform::View> view;
-  std::shared_ptr<platform::TextField> field;
-
- private:
-  std::string name_;
-};
-
-/// Notes what the page asks for, as "show Laminate".
-class RecordingDriver final : public host::PanelDriver {
- public:
-  RecordingDriver() { folder_.write("resources/ui/Field.ui", kFieldFile); }
-
-  void addPanel(const std::string& name) { panels_.push_back(std::make_shared<FieldPanel>(name)); }
-
-  const std::vector<Panel>& panels() const override { return panels_; }
-
-  std::shared_ptr<platform::View> view(const Panel& panel) override {
-    note("view", panel);
-    if (fails) throw std::runtime_error("Field.ui: no field");
-    const auto owner = std::dynamic_pointer_cast<FieldPanel>(panel);
-    return GtkBundle(folder_.path()).loadNibNamed_owner("Field", owner);
-  }
-  void show(const Panel& panel) override { note("show", panel); }
-  void hide(const Panel& panel) override { note("hide", panel); }
-  void storeTyped(const Panel& panel) override { note("store", panel); }
-  std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override {
-    ++summaries;
-    auto dictionary = std::make_shared<platform::Dictionary>();
-    if (!value.empty()) dictionary->setValueForKey(value, "Card " + *panel->panelName());
-    return dictionary;
-  }
-
-  FieldPanel& panel(std::size_t index) { return dynamic_cast<FieldPanel&>(*panels_[index]); }
-  std::vector<std::string> calls() { return std::exchange(calls_, {}); }
-
-  bool fails = false;
-  std::string value;
-  mutable int summaries = 0;  // how often one was asked for
-
- private:
-  void note(const std::string& what, const Panel& panel) {
-    calls_.push_back(what + " " + *panel->panelName());
-  }
-
-  test::TemporaryFolder folder_;
-  std::vector<Panel> panels_;
-  std::vector<std::string> calls_;
-};
+void loadField(const std::shared_ptr<test::FieldPanel>& panel) {
+  static const test::TemporaryFolder folder;
+  folder.write("resources/ui/Field.ui", kFieldFile);
+  GtkBundle(folder.path()).loadNibNamed_owner("Field", panel);
+}
 
 /// All widgets of that type at and below `widget`, in order.
 template <class Widget>
@@ -126,7 +51,7 @@ void collect(Gtk::Widget& widget, std::vector<Widget*>& found) {
 class CardPageTest : public testing::Test {
  protected:
   void makePage(const std::vector<std::string>& names = {"Peel", "Laminate"}) {
-    for (const auto& name : names) driver_.addPanel(name);
+    for (const auto& name : names) driver_.add(name);
     page_ = std::make_unique<CardPage>(driver_);
     window_ = std::make_unique<Gtk::Window>();
     window_->add(*page_);
@@ -150,6 +75,13 @@ class CardPageTest : public testing::Test {
     sidebar->select_row(*sidebar->get_row_at_index(index));
   }
 
+  Gtk::Button& button(const std::string& label) {
+    for (Gtk::Button* each : all<Gtk::Button>()) {
+      if (each->get_label() == label) return *each;
+    }
+    throw std::runtime_error("there is no button " + label);
+  }
+
   /// The texts of the labels that can be seen.
   std::vector<std::string> visibleTexts() {
     test::handleEvents();
@@ -160,7 +92,7 @@ class CardPageTest : public testing::Test {
     return texts;
   }
 
-  RecordingDriver driver_;
+  test::RecordingDriver driver_{loadField};
   std::unique_ptr<CardPage> page_;
   std::unique_ptr<Gtk::Window> window_;
 
@@ -185,7 +117,7 @@ TEST_F(CardPageTest, NothingIsShownBeforeThePageIs) {
 TEST_F(CardPageTest, TheFirstPanelIsShownWithThePage) {
   makePage();
   showWindow();
-  EXPECT_THAT(driver_.calls(), ElementsAre("view Peel", "show Peel"));
+  EXPECT_THAT(driver_.calls(), ElementsAre("load Peel", "show Peel"));
   EXPECT_TRUE(all<Gtk::Entry>().front()->get_mapped());
 }
 
@@ -194,24 +126,7 @@ TEST_F(CardPageTest, ThePanelBeforeHidesBeforeTheNextIsShown) {
   showWindow();
   driver_.calls();
   selectRow(1);
-  EXPECT_THAT(driver_.calls(), ElementsAre("hide Peel", "view Laminate", "show Laminate"));
-}
-
-TEST_F(CardPageTest, AViewIsLoadedOnceAndShownWheneverItAppears) {
-  makePage();
-  showWindow();
-  selectRow(1);
-  driver_.calls();
-  selectRow(0);
-  EXPECT_THAT(driver_.calls(), ElementsAre("hide Laminate", "show Peel"));
-}
-
-TEST_F(CardPageTest, TheSummaryHidesThePanel) {
-  makePage();
-  showWindow();
-  driver_.calls();
-  selectRow(2);
-  EXPECT_THAT(driver_.calls(), ElementsAre("hide Peel"));
+  EXPECT_THAT(driver_.calls(), ElementsAre("hide Peel", "load Laminate", "show Laminate"));
 }
 
 TEST_F(CardPageTest, ThePanelComesAndGoesWithThePage) {
@@ -260,7 +175,7 @@ TEST_F(CardPageTest, AViewThatCannotBeLoadedIsToldInItsPlace) {
   driver_.fails = true;
   makePage();
   showWindow();
-  EXPECT_THAT(visibleTexts(), testing::Contains("Field.ui: no field"));
+  EXPECT_THAT(visibleTexts(), testing::Contains("no field"));
 }
 
 TEST_F(CardPageTest, TheSummaryIsGroupedByPanel) {
@@ -268,8 +183,9 @@ TEST_F(CardPageTest, TheSummaryIsGroupedByPanel) {
   makePage();
   showWindow();
   selectRow(2);
-  EXPECT_THAT(visibleTexts(), ElementsAre("Peel", "Laminate", "Summary", "Peel", "Card Peel",
-                                          "Front", "Laminate", "Card Laminate", "Front"));
+  EXPECT_THAT(visibleTexts(), ElementsAre("Peel", "Laminate", "Summary", "Card", "Size",
+                                          "85.7 × 54 mm", "Peel", "Card Peel", "Front", "Laminate",
+                                          "Card Laminate", "Front", "Reset to Defaults", "?"));
 }
 
 TEST_F(CardPageTest, TheSummaryIsReadAgainAfterAChange) {
@@ -283,22 +199,13 @@ TEST_F(CardPageTest, TheSummaryIsReadAgainAfterAChange) {
               testing::AllOf(testing::Contains("Back"), testing::Not(testing::Contains("Front"))));
 }
 
-TEST_F(CardPageTest, TheSummaryIsReadWhenThePanelKnowsOfTheChangeToo) {
-  makePage();
-  showWindow();
-  selectRow(2);
-  page_->page().optionsChanged();
-  driver_.value = "Back";
-  EXPECT_THAT(visibleTexts(), testing::Contains("Back"));
-}
-
 TEST_F(CardPageTest, APageThatIsGoneReadsNoSummary) {
   makePage();
   page_->page().optionsChanged();
   page_.reset();
-  driver_.summaries = 0;
+  driver_.calls();
   test::handleEvents();
-  EXPECT_EQ(driver_.summaries, 0);
+  EXPECT_THAT(driver_.calls(), IsEmpty());
 }
 
 TEST_F(CardPageTest, AMessageIsToldUntilItNoLongerHolds) {
@@ -310,41 +217,31 @@ TEST_F(CardPageTest, AMessageIsToldUntilItNoLongerHolds) {
   EXPECT_THAT(visibleTexts(), testing::Not(testing::Contains("Laminate needs a ribbon.")));
 }
 
-TEST_F(CardPageTest, AMessageThatIsToldBeforeThePageAppearsIsThere) {
-  makePage();
-  page_->page().tell("Laminate needs a ribbon.");
-  window_->show_all();
-  showWindow();
-  EXPECT_THAT(visibleTexts(), testing::Contains("Laminate needs a ribbon."));
-}
-
-TEST_F(CardPageTest, TheUserClosesTheMessageBar) {
-  makePage();
-  showWindow();
-  page_->page().tell("Laminate needs a ribbon.");
-  all<Gtk::InfoBar>().front()->response(Gtk::RESPONSE_CLOSE);
-  EXPECT_FALSE(all<Gtk::InfoBar>().front()->get_visible());
-}
-
-TEST_F(CardPageTest, TheBarOffersToChangeAnywayOnlyWhereThatIsOffered) {
+TEST_F(CardPageTest, TheBarHasARowANoticeAndItsButtons) {
   makePage();
   showWindow();
   int insisted = 0;
+  page_->page().keep("A saved option was left out.");
   page_->page().tell("That would remove an area.", [&] { ++insisted; });
-  auto* const bar = all<Gtk::InfoBar>().front();
-  const auto buttons = all<Gtk::Button>();
-  auto* const button = *std::find_if(buttons.begin(), buttons.end(), [](const Gtk::Button* each) {
-    return each->get_label() == "Change An_yway";
-  });
-  EXPECT_TRUE(button->get_visible());
-  bar->response(Gtk::RESPONSE_CLOSE);
-  EXPECT_EQ(insisted, 0);
-  page_->page().tell("That would remove an area.", [&] { ++insisted; });
-  button->clicked();
+  EXPECT_THAT(visibleTexts(), testing::IsSupersetOf(
+                                  {"A saved option was left out.", "That would remove an area."}));
+  button("Change An_yway").clicked();
   EXPECT_EQ(insisted, 1);
-  EXPECT_FALSE(bar->get_visible());
-  page_->page().tell("Something else.");
-  EXPECT_FALSE(button->get_visible());
+  EXPECT_THAT(visibleTexts(), testing::Not(testing::Contains("That would remove an area.")));
+  auto& close = button("Cl_ose");
+  EXPECT_EQ(close.get_accessible()->get_description(), "A saved option was left out.");
+  close.clicked();
+  EXPECT_FALSE(all<Gtk::InfoBar>().front()->get_visible());
+}
+
+TEST_F(CardPageTest, ARowThatStaysKeepsTheFocus) {
+  makePage();
+  showWindow();
+  page_->page().keep("A saved option was left out.");
+  button("Cl_ose").grab_focus();
+  page_->page().optionsChanged();
+  test::handleEvents();
+  EXPECT_TRUE(button("Cl_ose").is_focus());
 }
 
 TEST_F(CardPageTest, AnErrorIsTold) {
@@ -367,6 +264,31 @@ TEST_F(CardPageTest, ThePageBecomesSmallWhateverIsOnIt) {
   EXPECT_LE(minimum, 400);
   page_->get_preferred_height(minimum, natural);
   EXPECT_LE(minimum, 240);
+}
+
+TEST_F(CardPageTest, AWindowBecomesWideEnoughForAPanelThatIsNotSeenYet) {
+  makePage();
+  page_->page().prepareAll();
+  all<Gtk::Entry>().back()->set_width_chars(60);
+  window_->set_default_size(1, 1);
+  page_->widenWindowWhenSeen();
+  showWindow();
+  EXPECT_TRUE(test::handleEventsUntil([this] {
+    return page_->get_allocated_width() >= page_->naturalWidth();
+  })) << page_->get_allocated_width()
+      << " of " << page_->naturalWidth();
+  EXPECT_GT(page_->naturalWidth(), 60 * 6);
+}
+
+TEST_F(CardPageTest, AWindowBecomesNoWiderThanTheMonitor) {
+  makePage();
+  page_->page().prepareAll();
+  all<Gtk::Entry>().back()->set_width_chars(400);
+  page_->widenWindowWhenSeen();
+  showWindow();
+  constexpr int kMonitor = 1280;
+  EXPECT_TRUE(test::handleEventsUntil([this] { return page_->get_allocated_width() == kMonitor; }))
+      << page_->get_allocated_width();
 }
 
 TEST_F(CardPageTest, APrinterWithoutPanelsIsTold) {

@@ -287,20 +287,31 @@ TEST_F(ControlsTest, AFieldMarksWhatTheProgramSetsToo) {
   EXPECT_TRUE(entry().get_style_context()->has_class("error"));
 }
 
-class EditTest : public ControlsTest {
+/// What a field tells of the user.
+class WatchTest : public ControlsTest, public dialog::FieldWatcher {
  protected:
   void SetUp() override {
     ControlsTest::SetUp();
-    dynamic_cast<EntryField&>(*owner_->field).setEditEnded([this] {
-      ++edits_;
-      if (onEdit_) onEdit_();
-    });
+    field().setWatcher(this);
     show();
     entry().grab_focus();
   }
+  void TearDown() override {
+    if (owner_->field) field().setWatcher(nullptr);
+    ControlsTest::TearDown();
+  }
+
+  void typed(dialog::MeasurementField& /*field*/) override { told_.emplace_back("typed"); }
+  void left(dialog::MeasurementField& /*field*/) override {
+    told_.emplace_back("left");
+    if (onLeft_) onLeft_();
+  }
+  void entered(dialog::MeasurementField& /*field*/) override { told_.emplace_back("entered"); }
+
+  EntryField& field() { return dynamic_cast<EntryField&>(*owner_->field); }
 
   void leaveField() {
-    comboBox().grab_focus();
+    window_.unset_focus();
     GdkEvent* const event = gdk_event_new(GDK_FOCUS_CHANGE);
     event->focus_change.window = GDK_WINDOW(g_object_ref(entry().get_window()->gobj()));
     event->focus_change.in = FALSE;
@@ -308,47 +319,56 @@ class EditTest : public ControlsTest {
     gdk_event_free(event);
   }
 
-  int edits_ = 0;
-  std::function<void()> onEdit_;
+  std::vector<std::string> told_;
+  std::function<void()> onLeft_;
 };
 
-TEST_F(EditTest, LeavingAChangedFieldEndsTheEditOnce) {
+TEST_F(WatchTest, TellsWhenTheUserTypesEntersAndLeaves) {
   entry().set_text("1in");
-  EXPECT_EQ(edits_, 0);
-  leaveField();
-  EXPECT_EQ(edits_, 1);
-  leaveField();
-  EXPECT_EQ(edits_, 1);
-}
-
-TEST_F(EditTest, EnterEndsTheEditOnce) {
-  entry().set_text("1in");
+  EXPECT_THAT(told_, testing::ElementsAre("typed"));
+  EXPECT_TRUE(field().isEdited());
+  EXPECT_TRUE(field().hasFocus());
   entry().activate();
-  EXPECT_EQ(edits_, 1);
   leaveField();
-  EXPECT_EQ(edits_, 1);
+  EXPECT_THAT(told_, testing::ElementsAre("typed", "entered", "left"));
+  EXPECT_FALSE(field().hasFocus());
 }
 
-TEST_F(EditTest, LeavingAnUnchangedFieldIsNoEdit) {
-  leaveField();
-  EXPECT_EQ(edits_, 0);
-}
-
-TEST_F(EditTest, WhatTheProgramSetsIsNoEdit) {
+TEST_F(WatchTest, WhatTheProgramSetsIsNotTyped) {
   entry().set_text("1in");
   owner_->field->setStringValue("2in");
-  leaveField();
-  EXPECT_EQ(edits_, 0);
+  EXPECT_FALSE(field().isEdited());
+  owner_->field->setStringValue("2in");
+  EXPECT_THAT(told_, testing::ElementsAre("typed"));
 }
 
-TEST_F(EditTest, TheFieldMayBeSetWhileTheEditEnds) {
-  onEdit_ = [this] { owner_->field->setStringValue("2in"); };
+TEST_F(WatchTest, ACommaBecomesThePointBeforeTheFieldIsSaidToBeLeft) {
+  entry().set_text("1,5cm");
+  std::string atLeaving;
+  onLeft_ = [&] { atLeaving = field().text(); };
+  leaveField();
+  EXPECT_EQ(atLeaving, "1.5cm");
+  EXPECT_TRUE(field().isEdited());
+  EXPECT_FALSE(entry().get_style_context()->has_class("error"));
+}
+
+TEST_F(WatchTest, TheFieldMayBeSetWhileItIsLeft) {
+  onLeft_ = [this] { owner_->field->setStringValue("2in"); };
   entry().set_text("1in");
   leaveField();
-  EXPECT_EQ(edits_, 1);
   EXPECT_EQ(owner_->field->stringValue(), "2in");
-  leaveField();
-  EXPECT_EQ(edits_, 1);
+}
+
+TEST_F(WatchTest, HelpIsTheTooltipWhileTheTextIsGood) {
+  field().setUnitHelp("One px is 1 mm.");
+  EXPECT_EQ(entry().get_tooltip_text(), "One px is 1 mm.");
+  entry().set_text("abc");
+  EXPECT_THAT(entry().get_tooltip_text().raw(), testing::EndsWith(" One px is 1 mm."));
+  entry().set_text("1");
+  field().reject("The printer refuses this.");
+  EXPECT_EQ(entry().get_tooltip_text(), "The printer refuses this.");
+  field().judge();
+  EXPECT_EQ(entry().get_tooltip_text(), "One px is 1 mm.");
 }
 
 }  // namespace

@@ -18,6 +18,9 @@
 #include <tuple>
 #include <vector>
 
+#include "dialog/Captions.h"
+#include "host/JobOptions.h"
+#include "host/PPDFile.h"
 #include "platform/CallbackObject.h"
 #include "platform/Messages.h"
 #include "platform/PlugIn.h"
@@ -49,23 +52,25 @@ constexpr PanelFile kPanels[] = {{"RibbonAndResin", 0, 4, 24, 2},
                                  {"ThermalLaminate", 3, 1, 0, 0},
                                  {"CardHandling", 4, 4, 0, 0}};
 
+/// Where a panel's captions come from.
+enum class From { file, ppd };
+
 /// The printer with everything, set so that all areas are open.
 class OpenHost final : public platform::CallbackObject {
  public:
-  OpenHost() : ppd_(ppdOpenFile(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd")) {
-    ppdMarkDefaults(ppd_);
+  OpenHost() : job_(host::openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd")) {
     for (const std::string side : {"front", "back"}) {
-      ppdMarkOption(ppd_, (side + "Ribbon").c_str(), "YMCK");
-      ppdMarkOption(ppd_, (side + "Resin").c_str(), "DefinedAreas");
-      ppdMarkOption(ppd_, (side + "PO").c_str(), "DefinedAreas");
+      job_.mark(side + "Ribbon", "YMCK");
+      job_.mark(side + "Resin", "DefinedAreas");
+      job_.mark(side + "PO", "DefinedAreas");
     }
   }
-  ~OpenHost() override { ppdClose(ppd_); }
-  ppd_file_t* ppdFile() override { return ppd_; }
+  host::JobOptions& job() { return job_; }
+  ppd_file_t* ppdFile() override { return job_.ppd(); }
   std::string_view className() const override { return "OpenHost"; }
 
  private:
-  ppd_file_t* ppd_;
+  host::JobOptions job_;
 };
 
 /// All widgets of these types inside `widget`, in the order that assistive technology reads.
@@ -122,13 +127,15 @@ Controls inReadingOrder(Controls controls, Gtk::Widget& around) {
 /// A panel in a window, in the language of `locale`.
 class ShownPanel {
  public:
-  ShownPanel(const PanelFile& file, const char* locale) {
+  ShownPanel(const PanelFile& file, const char* locale, From captions) {
     unsetenv("LANGUAGE");
     std::setlocale(LC_ALL, locale);
-    bundle_ = std::make_shared<GtkBundle>(CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle");
+    host_ = std::make_shared<OpenHost>();
+    dialog::Captions given;
+    if (captions == From::ppd) given = dialog::captionsOf(host_->job(), buttons());
+    bundle_ = std::make_shared<GtkBundle>(CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle", given);
     plugIn_->initWithBundle(bundle_);
-    const auto panels = plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType,
-                                                               std::make_shared<OpenHost>());
+    const auto panels = plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType, host_);
     panel_ = (*panels)[file.index];
     panel_->restoreValuesAndReturnError(nullptr);
     view_ = panel_->panelView();
@@ -147,6 +154,12 @@ class ShownPanel {
 
   Gtk::Widget& widget() { return dynamic_cast<WidgetView&>(*view_).widget(); }
   Gtk::Window& window() { return window_; }
+  const host::JobOptions& job() { return host_->job(); }
+
+  /// Those of the dialog.
+  static std::vector<std::string> buttons() {
+    return {platform::_("_Cancel"), platform::_("_Print")};
+  }
 
   /// All texts that a user sees or hears, but those of the PPD.
   std::vector<std::string> texts() {
@@ -163,18 +176,21 @@ class ShownPanel {
  private:
   test::RecordedLog log_;
   std::shared_ptr<platform::PlugIn> plugIn_ = std::make_shared<ORBPDEPlugIn>();
+  std::shared_ptr<OpenHost> host_;
   std::shared_ptr<GtkBundle> bundle_;
   std::shared_ptr<platform::PrintPanel> panel_;
   std::shared_ptr<platform::View> view_;
   Gtk::Window window_;
 };
 
-class ViewFile : public testing::TestWithParam<std::tuple<PanelFile, const char*>> {
+class ViewFile : public testing::TestWithParam<std::tuple<PanelFile, const char*, From>> {
  protected:
   static const PanelFile& file() { return std::get<0>(GetParam()); }
   static const char* locale() { return std::get<1>(GetParam()); }
 
   Gtk::Widget& widget() { return panel_.widget(); }
+  const host::JobOptions& job() { return panel_.job(); }
+  Gtk::Window& panelWindow() { return panel_.window(); }
   Controls controls() { return shown<Gtk::ComboBox, Gtk::Entry, Gtk::Notebook>(widget()); }
 
   /// Calls `check` for every combination of pages that can show.
@@ -207,7 +223,7 @@ class ViewFile : public testing::TestWithParam<std::tuple<PanelFile, const char*
   }
 
  private:
-  ShownPanel panel_{file(), locale()};
+  ShownPanel panel_{file(), locale(), std::get<2>(GetParam())};
 };
 
 TEST_P(ViewFile, HasItsControls) {
@@ -265,13 +281,51 @@ TEST_P(ViewFile, EveryPopUpAndEveryAreaHasAMnemonic) {
 
 std::string nameOfFile(const testing::TestParamInfo<ViewFile::ParamType>& info) {
   return std::get<0>(info.param).name + std::string("_") +
-         std::string(std::get<1>(info.param)).substr(0, 2);
+         std::string(std::get<1>(info.param)).substr(0, 2) +
+         (std::get<2>(info.param) == From::ppd ? "_titles" : "");
 }
 
 INSTANTIATE_TEST_SUITE_P(OfEachPanel, ViewFile,
                          testing::Combine(testing::ValuesIn(kPanels),
                                           testing::Values(kEnglish, "de_DE.UTF-8", "fr_FR.UTF-8",
-                                                          "ja_JP.UTF-8")),
+                                                          "ja_JP.UTF-8"),
+                                          testing::Values(From::file, From::ppd)),
+                         nameOfFile);
+
+/// A panel with the titles of the PPD.
+class TitledViewFile : public ViewFile {};
+
+TEST_P(TitledViewFile, CallsEachOptionAsMessagesDo) {
+  std::size_t captions = 0;
+  for (auto* each : all<Gtk::Label>(widget())) {
+    auto& label = dynamic_cast<Gtk::Label&>(*each);
+    if (label.get_mnemonic_widget() == nullptr) continue;
+    ++captions;
+    const std::string key = label.get_name().substr(std::string("title-").size());
+    const std::string title = job().optionTitle(key);
+    EXPECT_NE(title, key);
+    EXPECT_TRUE(label.get_text().raw().starts_with(title)) << label.get_text() << ", " << title;
+    // Of the four fields of an area, the first has the mnemonic.
+    const std::string name = nameOf(*label.get_mnemonic_widget());
+    EXPECT_TRUE(name == title ||
+                name == platform::filled(platform::_("{area}, X"), {{"area", title}}))
+        << name << ", " << title;
+  }
+  EXPECT_EQ(captions, file().popUps + 2 * file().fields / 4);
+}
+
+TEST_P(TitledViewFile, TellsAPopUpThatHasTheFocusByItsCaption) {
+  for (auto* popUp : all<Gtk::ComboBox>(widget())) {
+    popUp->grab_focus();
+    EXPECT_EQ(nameOf(*panelWindow().get_focus()), nameOf(*popUp));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachPanel, TitledViewFile,
+                         testing::Combine(testing::ValuesIn(kPanels),
+                                          testing::Values(kEnglish, "de_DE.UTF-8", "fr_FR.UTF-8",
+                                                          "ja_JP.UTF-8"),
+                                          testing::Values(From::ppd)),
                          nameOfFile);
 
 /// A panel in another language than English.
@@ -279,8 +333,9 @@ class TranslatedViewFile : public testing::TestWithParam<ViewFile::ParamType> {}
 
 TEST_P(TranslatedViewFile, HasNoEnglishTextOrName) {
   const std::set<std::string> international{"X", "Y"};
-  const auto english = ShownPanel(std::get<0>(GetParam()), kEnglish).texts();
-  const auto translated = ShownPanel(std::get<0>(GetParam()), std::get<1>(GetParam())).texts();
+  const auto english = ShownPanel(std::get<0>(GetParam()), kEnglish, From::file).texts();
+  const auto translated =
+      ShownPanel(std::get<0>(GetParam()), std::get<1>(GetParam()), From::file).texts();
   ASSERT_EQ(translated.size(), english.size());
   for (std::size_t i = 0; i < english.size(); ++i) {
     if (international.contains(english[i])) continue;
@@ -291,7 +346,8 @@ TEST_P(TranslatedViewFile, HasNoEnglishTextOrName) {
 INSTANTIATE_TEST_SUITE_P(OfEachPanel, TranslatedViewFile,
                          testing::Combine(testing::ValuesIn(kPanels),
                                           testing::Values("de_DE.UTF-8", "fr_FR.UTF-8",
-                                                          "ja_JP.UTF-8")),
+                                                          "ja_JP.UTF-8"),
+                                          testing::Values(From::file)),
                          nameOfFile);
 
 }  // namespace

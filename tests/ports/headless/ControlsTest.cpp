@@ -74,7 +74,7 @@ TEST_F(PopUp, DoesNotKeepItsOwnerAlive) {
 TEST(View, FindsATaggedViewInside) {
   const auto outer = std::make_shared<View>();
   const auto inner = std::make_shared<View>();
-  const auto field = std::make_shared<TextField>();
+  const auto field = std::make_shared<TextField>(TextField::Use::entry);
   field->setTag(7);
   inner->addSubview(field);
   outer->addSubview(inner);
@@ -83,7 +83,7 @@ TEST(View, FindsATaggedViewInside) {
 }
 
 TEST(TextField, ShowsNothingForAnAbsentText) {
-  TextField field;
+  TextField field(TextField::Use::entry);
   field.setStringValue("1in");
   EXPECT_EQ(field.stringValue(), "1in");
   field.setStringValue(std::nullopt);

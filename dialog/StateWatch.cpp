@@ -1,0 +1,50 @@
+#include "dialog/StateWatch.h"
+
+#include <exception>
+#include <optional>
+#include <utility>
+
+namespace cardpanels::dialog {
+
+/// Touched on the dialog's thread only.
+struct StateWatch::Listener {
+  std::function<void(const StateRead&)> changed;
+};
+
+namespace {
+
+constexpr int kLimitSeconds = 10;
+
+StateRead read(const std::string& queue, const std::atomic<bool>& abandoned) {
+  try {
+    return {host::printerState(queue, kLimitSeconds, abandoned)};
+  } catch (const std::exception& error) {
+    return {{}, error.what()};
+  }
+}
+
+}  // namespace
+
+StateWatch::StateWatch(const std::string& queue, Post post,
+                       std::function<void(const StateRead&)> changed,
+                       std::chrono::milliseconds interval)
+    : listener_(std::make_shared<Listener>(Listener{std::move(changed)})) {
+  const auto watch = [queue, post = std::move(post), listener = listener_,
+                      interval](Abandonment& abandonment) {
+    std::optional<StateRead> last;
+    do {
+      const StateRead now = read(queue, abandonment.flag());
+      if (abandonment.flag() || now == last) continue;
+      last = now;
+      post([listener, now] {
+        const auto told = listener->changed;  // which may end the watch
+        if (told) told(now);
+      });
+    } while (!abandonment.wait(interval));
+  };
+  thread_ = startServerThread(watch);
+}
+
+StateWatch::~StateWatch() { listener_->changed = nullptr; }
+
+}  // namespace cardpanels::dialog

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/Error.h"
+#include "host/JobOption.h"
+#include "host/Queue.h"
+#include "platform/Text.h"
+
+namespace cardpanels::host {
+
+/// The queue's PPD is another one than the job's options were chosen on; nothing was printed.
+class PPDChanged : public Error {
+ public:
+  using Error::Error;
+};
+
+/// A job to be printed.
+struct Submission {
+  QueueName queue;
+  std::string title;
+  std::vector<std::string> files;
+  std::vector<Option> options;  // of the PPD
+  platform::Text ppdText = {};  // what they were chosen on; nothing for whatever the queue has
+};
+
+/// Sends `job` with those saved options of the queue besides that the PPD does not know, such as
+/// `copies`, and answers its id. What the PPD knows is in the job's options, or was left out.
+/// Throws `PPDChanged`, `Error` as `openQueue` does, and for a file that cannot be read; then
+/// nothing is printed.
+int submitJob(const Submission& job, int seconds = 10);
+
+}  // namespace cardpanels::host
