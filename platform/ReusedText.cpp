@@ -1,18 +1,19 @@
 #include "platform/ReusedText.h"
 
 #include <cstddef>
-#include <deque>
+#include <memory>
+#include <vector>
 
 namespace cardpanels::platform {
 namespace {
 
 struct Pool {
-  std::deque<std::string> texts;
+  std::vector<std::unique_ptr<std::string>> texts;
   std::size_t lent = 0;
 
   std::string& lend() {
-    if (lent == texts.size()) texts.emplace_back();
-    return texts[lent++];
+    if (lent == texts.size()) texts.push_back(std::make_unique<std::string>());
+    return *texts[lent++];
   }
 };
 

@@ -33,12 +33,27 @@ bool isC1Control(std::string_view character) {
          static_cast<unsigned char>(character[1]) < 0xA0;
 }
 
+constexpr bool isPrintableASCII(char c) { return c >= ' ' && c <= '~'; }
+
+/// The length of `text`'s printable ASCII beginning. Nearly every line is no more than that: looked
+/// at in blocks without a way out inside, which compilers turn into a few instructions.
+std::size_t printableASCIILength(std::string_view text) {
+  constexpr std::size_t kBlock = 16;
+  std::size_t length = 0;
+  for (; length + kBlock <= text.size(); length += kBlock) {
+    const char* const block = text.data() + length;
+    unsigned char escaped = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) escaped |= isPrintableASCII(block[i]) ? 0 : 1;
+    if (escaped != 0) break;
+  }
+  while (length < text.size() && isPrintableASCII(text[length])) ++length;
+  return length;
+}
+
 /// `text` from its first character that a line shows escaped; empty when there is none.
 std::string_view afterPrintable(std::string_view text) {
   for (;;) {
-    const auto* const ascii =
-        std::find_if_not(text.begin(), text.end(), [](char c) { return c >= ' ' && c < '\x7F'; });
-    text.remove_prefix(static_cast<std::size_t>(ascii - text.begin()));
+    text.remove_prefix(printableASCIILength(text));
     const std::size_t length = utf8CharacterLength(text);
     if (length < 2 || isC1Control(text.substr(0, length))) return text;
     text.remove_prefix(length);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <cstring>
 #include <optional>
 #include <string_view>
@@ -102,7 +101,11 @@ const char* formatArea(const char* x, const char* y, const char* width, const ch
     }
   }
   if (!allEmpty && allFit) {
-    std::snprintf(szArea, sizeof szArea, "%s %s %s %s", parts[0], parts[1], parts[2], parts[3]);
+    char* end = szArea;
+    for (const std::string_view part : parts) {
+      if (end != szArea) *end++ = ' ';
+      end = std::copy(part.begin(), part.end(), end);
+    }
   }
   _PDEEpilog(nullptr, "formatArea: (%s)", szArea);
   return szArea;
