@@ -58,5 +58,5 @@ BENCHMARK(twoSnprintfAndAWrite);
 }  // namespace
 
 int main(int argc, char** argv) {
-  return cardpanels::bench::runWithRatios(argc, argv, {{"traceLine", "twoSnprintfAndAWrite", 1.2}});
+  return cardpanels::bench::runWithRatios(argc, argv, {{"traceLine", "twoSnprintfAndAWrite", 1.1}});
 }
