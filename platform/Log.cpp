@@ -44,6 +44,8 @@ class JournalSink final : public LogSink {
 };
 
 class FileDescriptorSink final : public LogSink {
+  using Clock = std::chrono::system_clock;
+
  public:
   explicit FileDescriptorSink(int descriptor)
       : descriptor_(descriptor),
@@ -51,28 +53,28 @@ class FileDescriptorSink final : public LogSink {
                  "] ") {}
 
   void writeLine(std::string_view line) override {
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
-    line_.assign(secondText(milliseconds / 1000));
-    const auto fraction = static_cast<int>(milliseconds % 1000);
-    line_ += '.';
-    for (const int unit : {100, 10, 1}) line_ += static_cast<char>('0' + fraction / unit % 10);
-    line_.append(process_).append(line).append(1, '\n');
+    const auto now = std::chrono::floor<std::chrono::milliseconds>(Clock::now());
+    const auto second = std::chrono::floor<std::chrono::seconds>(now);
+    startLine(Clock::to_time_t(second), static_cast<int>((now - second).count()));
+    line_.append(line).append(1, '\n');
     writeAll(line_);
   }
 
  private:
-  /// The local time of `second`, worked out once a second.
-  const std::string& secondText(std::time_t second) {
-    if (second != second_) {
+  /// Makes the line its prefix, which but for the milliseconds is worked out once a second.
+  void startLine(std::time_t second, int milliseconds) {
+    if (second != second_ || prefix_.empty()) {
       std::tm local{};
       localtime_r(&second, &local);
-      std::array<char, sizeof "2026-11-21 05:08:21+margin"> text{};
-      const auto length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local);
-      secondText_.assign(text.data(), length);
+      std::array<char, sizeof "2026-11-21 05:08:21.000+margin"> text{};
+      fraction_ = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S.", &local);
+      prefix_.assign(text.data(), fraction_).append("000").append(process_);
       second_ = second;
     }
-    return secondText_;
+    line_ = prefix_;
+    line_[fraction_] = static_cast<char>('0' + milliseconds / 100);
+    line_[fraction_ + 1] = static_cast<char>('0' + milliseconds / 10 % 10);
+    line_[fraction_ + 2] = static_cast<char>('0' + milliseconds % 10);
   }
 
   void writeAll(std::string_view bytes) const {
@@ -86,8 +88,9 @@ class FileDescriptorSink final : public LogSink {
 
   int descriptor_;
   std::string process_;
-  std::time_t second_ = -1;
-  std::string secondText_;
+  std::time_t second_ = 0;
+  std::size_t fraction_ = 0;  // where the milliseconds stand in the prefix
+  std::string prefix_;
   std::string line_;
 };
 

@@ -2,7 +2,13 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <iomanip>
 #include <regex>
+#include <sstream>
+#include <thread>
 
 #include "platform/Log.h"
 #include "tests/support/RecordedLog.h"
@@ -44,6 +50,35 @@ TEST(Log, AFileDescriptorGetsTimeProgramAndProcessBeforeTheLine) {
   const std::regex shape("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3} platform-test\\[" +
                          std::to_string(getpid()) + "\\] BEGIN something\n");
   EXPECT_TRUE(std::regex_match(written({"BEGIN something"}), shape));
+}
+
+TEST(Log, AFileDescriptorGetsTheLocalTimeOfEachLine) {
+  using std::chrono::floor;
+  using std::chrono::milliseconds;
+  using Clock = std::chrono::system_clock;
+  const test::TemporaryFolder folder;
+  const std::string path = folder.write("log", "");
+  FILE* file = std::fopen(path.c_str(), "w");
+  const auto sink = fileDescriptorSink(fileno(file));
+  std::vector<Clock::time_point> bounds{floor<milliseconds>(Clock::now())};
+  for (int i = 0; i < 3; ++i) {
+    sink->writeLine("line");
+    bounds.push_back(floor<milliseconds>(Clock::now()));
+    std::this_thread::sleep_for(milliseconds(37));
+  }
+  std::fclose(file);
+  std::istringstream lines(test::fileContent(path));
+  std::string line;
+  for (std::size_t i = 0; i < 3; ++i) {
+    ASSERT_TRUE(std::getline(lines, line));
+    std::tm local{};
+    std::istringstream(line) >> std::get_time(&local, "%Y-%m-%d %H:%M:%S");
+    local.tm_isdst = -1;
+    const auto time =
+        Clock::from_time_t(std::mktime(&local)) + milliseconds(std::stoi(line.substr(20, 3)));
+    EXPECT_LE(bounds[i], time) << line;
+    EXPECT_LE(time, bounds[i + 1]) << line;
+  }
 }
 
 TEST(Log, AFileDescriptorGetsEveryLine) {
