@@ -41,7 +41,7 @@ Text titleByName(const Captions& captions, std::string_view name) {
   if (!captions.title || !name.starts_with(kTitle)) return std::nullopt;
   name.remove_prefix(kTitle.size());
   const std::size_t dash = name.find('-');
-  const auto title = captions.title(std::string(name.substr(0, dash)));
+  Text title = captions.title(std::string(name.substr(0, dash)));
   if (!title || dash == std::string_view::npos) return title;
   return platform::filled(measurement(name.substr(dash + 1)), {{"area", *title}});
 }

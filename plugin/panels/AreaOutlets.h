@@ -40,7 +40,7 @@ class OutletNames {
     }
   }
 
-  constexpr const char* operator[](std::size_t i) const { return &texts_[i][0]; }
+  constexpr const char* operator[](std::size_t i) const { return texts_[i].data(); }
 
  private:
   // A name and its NUL; a name without the room does not compile.

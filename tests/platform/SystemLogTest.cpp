@@ -24,22 +24,21 @@ std::vector<std::string> fields;
 #pragma GCC visibility push(default)
 
 extern "C" int sd_journal_sendv_with_location(const char* /*file*/, const char* /*line*/,
-                                              const char* /*function*/, const iovec* parts,
-                                              int count) {
+                                              const char* /*func*/, const iovec* iov, int n) {
   fields.clear();
-  for (int i = 0; i < count; ++i) {
-    fields.emplace_back(static_cast<const char*>(parts[i].iov_base), parts[i].iov_len);
+  for (int i = 0; i < n; ++i) {
+    fields.emplace_back(static_cast<const char*>(iov[i].iov_base), iov[i].iov_len);
   }
   return 0;
 }
 
-extern "C" void syslog(int priority, const char* format, ...) {
+extern "C" void syslog(int pri, const char* fmt, ...) {
   std::array<char, 256> text{};
   va_list arguments;
-  va_start(arguments, format);
-  std::vsnprintf(text.data(), text.size(), format, arguments);
+  va_start(arguments, fmt);
+  std::vsnprintf(text.data(), text.size(), fmt, arguments);
   va_end(arguments);
-  fields = {std::string("MESSAGE=") + text.data(), "PRIORITY=" + std::to_string(LOG_PRI(priority)),
+  fields = {std::string("MESSAGE=") + text.data(), "PRIORITY=" + std::to_string(LOG_PRI(pri)),
             std::string("SYSLOG_IDENTIFIER=") + program_invocation_short_name};
 }
 
