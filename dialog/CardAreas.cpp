@@ -152,10 +152,4 @@ std::optional<AreaField> areaFieldOf(std::string_view outlet) {
   return std::nullopt;
 }
 
-void replaceText(std::vector<CardArea>& areas, const AreaField& field, const std::string& text) {
-  for (CardArea& area : areas) {
-    if (area.key == field.key) area.texts[static_cast<std::size_t>(field.column)] = text;
-  }
-}
-
 }  // namespace cardpanels::dialog

@@ -82,7 +82,4 @@ std::vector<CardArea> areasOf(const host::JobOptions& job, const AreaSide& side)
 /// What a panel's text field of this outlet holds; nothing for every other outlet.
 std::optional<AreaField> areaFieldOf(std::string_view outlet);
 
-/// Puts what is typed in `field` at this moment in the place of what `areas` has for it.
-void replaceText(std::vector<CardArea>& areas, const AreaField& field, const std::string& text);
-
 }  // namespace cardpanels::dialog

@@ -144,15 +144,6 @@ TEST_F(CardAreas, ThatThePrinterLacksAreNone) {
   EXPECT_THAT(keysOf(areasOf(other, areaSides()[3])), ElementsAre("CustombackPeelOff3"));
 }
 
-TEST_F(CardAreas, TakeWhatIsTypedAtTheMoment) {
-  job.mark("frontResinInclude1", "1in 2in 3in 4in");
-  auto areas = areasOf(job, frontResin);
-  replaceText(areas, areaFieldOf("frontResinIncludeField1_Width").value(), "7mm");
-  replaceText(areas, areaFieldOf("backResinIncludeField2_Width").value(), "8mm");
-  EXPECT_EQ(areas[0].texts, (AreaTexts{"1in", "2in", "7mm", "4in"}));
-  EXPECT_TRUE(areas[1].isEmpty());
-}
-
 TEST_F(CardAreas, HaveNoOtherFields) {
   for (const char* outlet :
        {"", "frontResinPopUp", "frontResinIncludeField", "frontResinIncludeField1",

@@ -63,7 +63,7 @@ TEST(Log, AFileDescriptorGetsTheLocalTimeOfEachLine) {
   std::vector<Clock::time_point> bounds{floor<milliseconds>(Clock::now())};
   for (int i = 0; i < 3; ++i) {
     sink->writeLine("line");
-    bounds.push_back(floor<milliseconds>(Clock::now()));
+    bounds.emplace_back(floor<milliseconds>(Clock::now()));
     std::this_thread::sleep_for(milliseconds(37));
   }
   std::fclose(file);
