@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "dialog/PrinterStateText.h"
 #include "host/Error.h"
 #include "platform/ASCII.h"
 #include "platform/CustomPrefix.h"
@@ -18,8 +19,12 @@ constexpr const char* kPageSize = "PageSize";
 
 }  // namespace
 
-DialogSession::DialogSession(PrintDialog& dialog, ReadQueue readQueue, MakePanels makePanels)
-    : dialog_(dialog), readQueue_(std::move(readQueue)), makePanels_(std::move(makePanels)) {}
+DialogSession::DialogSession(PrintDialog& dialog, ReadQueue readQueue, WatchState watchState,
+                             MakePanels makePanels)
+    : dialog_(dialog),
+      readQueue_(std::move(readQueue)),
+      watchState_(std::move(watchState)),
+      makePanels_(std::move(makePanels)) {}
 
 DialogSession::~DialogSession() { leave(); }
 
@@ -31,6 +36,7 @@ void DialogSession::leave() {
 }
 
 void DialogSession::forget() {
+  watching_.reset();
   page_ = nullptr;
   panels_.reset();
   job_.reset();
@@ -42,6 +48,7 @@ void DialogSession::forget() {
 
 void DialogSession::selectPrinter(const std::string& queue) {
   leave();
+  queue_ = queue;
   if (queue.empty()) return;
   dialog_.showText(_("Reading the printer's options…"));
   reading_ = readQueue_(queue, [this](QueueRead read) { queueRead(std::move(read)); });
@@ -81,6 +88,8 @@ void DialogSession::startPanels(QueueRead read) {
   for (const std::string& each : leftOut) page_->keep(each);
   tellCarriedOver(read.savedOptions);
   bringToDialog();
+  watching_ = watchState_(
+      queue_, [this](const StateRead& read) { page_->tellState(stateLine(read, job_->ppd())); });
 }
 
 /// A program's dialog starts with what was set at its last print, which another document may not

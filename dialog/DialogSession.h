@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dialog/PrintDialog.h"
+#include "dialog/StateWatch.h"
 #include "host/JobOptions.h"
 #include "host/PPDFile.h"
 #include "host/PanelHost.h"
@@ -33,7 +34,8 @@ using MakePanels = std::function<std::unique_ptr<host::PanelHost>(host::JobOptio
 class DialogSession : private host::PanelObserver {
  public:
   /// `dialog` must outlive this.
-  DialogSession(PrintDialog& dialog, ReadQueue readQueue, MakePanels makePanels);
+  DialogSession(PrintDialog& dialog, ReadQueue readQueue, WatchState watchState,
+                MakePanels makePanels);
   ~DialogSession() override;
 
   /// The dialog shows the options of `queue` from now on, which has card options; empty for none.
@@ -69,8 +71,11 @@ class DialogSession : private host::PanelObserver {
 
   PrintDialog& dialog_;
   ReadQueue readQueue_;
+  WatchState watchState_;
   MakePanels makePanels_;
+  std::string queue_;
   std::shared_ptr<void> reading_;
+  std::shared_ptr<void> watching_;  // the printer's state
   std::unique_ptr<host::JobOptions> job_;
   std::unique_ptr<host::PanelHost> panels_;
   Page* page_ = nullptr;                          // the dialog's, on the panels

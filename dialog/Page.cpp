@@ -202,6 +202,13 @@ void Page::keep(const std::string& message) {
   showNotices();
 }
 
+void Page::tellState(const std::string& line) {
+  if (line == status_.printer) return;
+  status_.printer = line;
+  showNotices();
+  if (statusChanged_) statusChanged_();
+}
+
 void Page::showNotices() { view_.showNotices(notices()); }
 
 Notices Page::notices() {
@@ -223,25 +230,26 @@ Notices Page::notices() {
   }
   TypedAreas* const areas = currentAreas();
   if (areas != nullptr && areas->firstRefused() != nullptr) {
-    all.push_back({Notice::Kind::error, areas->refusal(), {{_("_Take Stored Area Back"), [areas] {
+    all.push_back({Notice::Kind::error, areas->refusal(), {{_("Take Stored Area Back"), [areas] {
                                                               areas->takeStoredBack();
                                                             }}}});
   }
   const auto concerned = pageTexts().concerns();
   if (!concerned.empty()) {
     Notice notice{Notice::Kind::warning, joined(concerned, "\n"), {}};
-    if (printAnyway_) notice.answers.push_back({_("Print _Anyway"), printAnyway_});
+    if (printAnyway_) notice.answers.push_back({_("Print Anyway"), printAnyway_});
     all.push_back(std::move(notice));
   }
   for (const host::RuleChange& change : driver_.job().ruleChanges()) {
     all.push_back(
         {Notice::Kind::warning,
          change.sentence,
-         {{_("_Undo"), [this, key = change.key] { undo(key); }}, close([this, key = change.key] {
+         {{_("Undo"), [this, key = change.key] { undo(key); }}, close([this, key = change.key] {
             driver_.job().closeRuleChange(key);
             read();
           })}});
   }
+  if (!status_.printer.empty()) all.push_back({Notice::Kind::warning, status_.printer, {}});
   for (const std::string& text : kept_) {
     all.push_back({Notice::Kind::information, text, {close([this, text] {
                      std::erase(kept_, text);
@@ -280,6 +288,7 @@ void Page::updateStatus() {
   }
   now.pressing = pageTexts().concerns();
   for (const auto& change : driver_.job().ruleChanges()) now.pressing.push_back(change.sentence);
+  now.printer = status_.printer;
   if (now.pressing != status_.pressing) printAnyway_ = nullptr;
   if (now == status_) return;
   status_ = std::move(now);

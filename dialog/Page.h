@@ -25,6 +25,8 @@ struct PageStatus {
   std::string wrong;
   /// What the user must know before they print, a sentence each.
   std::vector<std::string> pressing;
+  /// The printer's state in a line; "" when there is nothing to know.
+  std::string printer;
   bool operator==(const PageStatus&) const = default;
 };
 
@@ -90,6 +92,9 @@ class Page {
 
   /// Tells `message` until the user closes it.
   void keep(const std::string& message);
+
+  /// Tells the printer's state in `line` for as long as it is that; "" for nothing to know.
+  void tellState(const std::string& line);
 
   /// The user closes the bar: whatever can be closed is.
   void closeNotices();

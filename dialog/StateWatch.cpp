@@ -47,4 +47,11 @@ StateWatch::StateWatch(const std::string& queue, Post post,
 
 StateWatch::~StateWatch() { listener_->changed = nullptr; }
 
+WatchState watchStateOnThread(Post post) {
+  return [post = std::move(post)](const std::string& queue,
+                                  std::function<void(const StateRead&)> changed) {
+    return std::make_shared<StateWatch>(queue, post, std::move(changed));
+  };
+}
+
 }  // namespace cardpanels::dialog

@@ -17,6 +17,11 @@ struct StateRead {
   bool operator==(const StateRead&) const = default;
 };
 
+/// Begins to watch a queue's printer, and calls `changed` on the caller's thread with its first
+/// state and each other one, until what it answers is destroyed.
+using WatchState = std::function<std::shared_ptr<void>(
+    const std::string& queue, std::function<void(const StateRead&)> changed)>;
+
 /// Reads the state of a queue's printer again and again, on a thread of its own, for as long as
 /// this lives. To be made, used and destroyed on the dialog's thread, which never waits.
 class StateWatch {
@@ -35,5 +40,8 @@ class StateWatch {
   std::shared_ptr<Listener> listener_;
   std::shared_ptr<void> thread_;
 };
+
+/// A `WatchState` by `StateWatch`.
+WatchState watchStateOnThread(Post post);
 
 }  // namespace cardpanels::dialog

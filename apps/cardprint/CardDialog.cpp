@@ -5,9 +5,12 @@
 
 #include <algorithm>
 
+#include "dialog/PrinterStateText.h"
+#include "dialog/StateWatch.h"
 #include "host/Error.h"
 #include "host/Submission.h"
 #include "platform/Messages.h"
+#include "ports/gtk3/MainLoop.h"
 #include "ports/gtk3/WindowWidth.h"
 
 namespace cardpanels::cardprint {
@@ -37,6 +40,15 @@ CardDialog::CardDialog(CardJob& job, const std::string& told)
   job_.panels().setObserver(this);
   page_.page().keep(told);
   for (const std::string& each : job_.leftOut()) page_.page().keep(each);
+  watchPrinter();
+}
+
+void CardDialog::watchPrinter() {
+  if (job_.queue().queue.empty()) return;
+  watching_ = std::make_shared<dialog::StateWatch>(
+      job_.queue().queue, gtk3::postToMainLoop, [this](const dialog::StateRead& read) {
+        page_.page().tellState(dialog::stateLine(read, job_.panels().job().ppd()));
+      });
 }
 
 /// Wide enough for all panels, whatever the size of the text.

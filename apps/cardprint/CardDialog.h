@@ -33,11 +33,13 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
 
   void setDefaultSize();
+  void watchPrinter();
   std::optional<std::string> print();
 
   CardJob& job_;
   gtk3::CardPage page_;
   std::string error_;
+  std::shared_ptr<void> watching_;  // the printer's state
 };
 
 }  // namespace cardpanels::cardprint

@@ -24,6 +24,9 @@ class CardJob {
   /// What the printer is called.
   const std::string& printerName() const { return printerName_; }
 
+  /// The print server's queue; its name is empty when the job is made for a PPD file alone.
+  const host::QueueName& queue() const { return queue_; }
+
   host::PanelHost& panels() { return panels_; }
 
   /// Which saved or chosen options were left out and why, a sentence each.

@@ -287,7 +287,9 @@ void GtkPrintDialog::showStatus(const dialog::PageStatus& status) {
 /// The page's own bar tells what is pressing while it is seen.
 void GtkPrintDialog::tellStatus() {
   const bool seen = page_ != nullptr && gtk_widget_get_mapped(page_) != FALSE;
-  const std::string pressing = dialog::joined(status_.pressing, "\n");
+  auto told = status_.pressing;
+  if (!status_.printer.empty()) told.push_back(status_.printer);
+  const std::string pressing = dialog::joined(told, "\n");
   const bool isWrong = !status_.wrong.empty();
   const std::string& why = isWrong ? status_.wrong : pressing;
   statusBar_.tell(seen && !isWrong ? "" : why, isWrong ? GTK_MESSAGE_ERROR : GTK_MESSAGE_WARNING);

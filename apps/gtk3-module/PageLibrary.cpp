@@ -44,7 +44,8 @@ class WatchedDialog {
  public:
   explicit WatchedDialog(GtkPrintUnixDialog* dialog)
       : dialog_(dialog),
-        session_(dialog_, dialog::readQueueOnThread(gtk3::postToMainLoop), makePanels) {
+        session_(dialog_, dialog::readQueueOnThread(gtk3::postToMainLoop),
+                 dialog::watchStateOnThread(gtk3::postToMainLoop), makePanels) {
     dialog_.setChanged([this] { session_.dialogChanged(); });
     dialog_.setConflictDenied([this] { return session_.knowsNoConflict(); });
   }

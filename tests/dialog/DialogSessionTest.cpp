@@ -6,6 +6,7 @@
 #include "dialog/CardKeys.h"
 #include "dialog/DialogSession.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/FakePageView.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
@@ -15,8 +16,6 @@ namespace {
 
 using host::Option;
 using testing::HasSubstr;
-
-const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
 
 /// A dialog in memory that notes what it is told.
 class FakeDialog : public PrintDialog {
@@ -96,6 +95,9 @@ class Sessions : public testing::Test {
   std::weak_ptr<int> reading;
   std::function<void(QueueRead)> done;
   std::string readQueue;
+  std::weak_ptr<int> watching;
+  std::string watchedQueue;
+  std::function<void(StateRead)> stateChanged;
   DialogSession session{dialog,
                         [this](const std::string& queue, std::function<void(QueueRead)> then) {
                           auto token = std::make_shared<int>();
@@ -104,9 +106,17 @@ class Sessions : public testing::Test {
                           done = std::move(then);
                           return token;
                         },
+                        [this](const std::string& queue, std::function<void(StateRead)> changed) {
+                          auto token = std::make_shared<int>();
+                          watching = token;
+                          watchedQueue = queue;
+                          stateChanged = std::move(changed);
+                          return token;
+                        },
                         [](host::JobOptions& job) {
                           return std::make_unique<host::PanelHost>(
-                              kBundle, std::make_shared<headless::HeadlessBundle>(kBundle), job);
+                              test::kBundle,
+                              std::make_shared<headless::HeadlessBundle>(test::kBundle), job);
                         }};
 };
 
@@ -117,6 +127,26 @@ TEST_F(Sessions, APageTellsThatThePrinterIsBeingRead) {
   answer("");
   ASSERT_NE(dialog.panels, nullptr);
   EXPECT_EQ(dialog.panels->panels().size(), 2U);
+}
+
+TEST_F(Sessions, ThePrintersStateIsToldOnThePageAndTheDialog) {
+  open({});
+  EXPECT_EQ(watchedQueue, "card");
+  stateChanged({{.isStopped = true, .reasons = {"media-empty-error"}}});
+  EXPECT_THAT(dialog.view.texts(), testing::ElementsAre("Printer stopped · No cards"));
+  EXPECT_EQ(dialog.status.printer, "Printer stopped · No cards");
+  EXPECT_EQ(dialog.status.wrong, "");
+  stateChanged({{}});
+  EXPECT_THAT(dialog.view.texts(), testing::IsEmpty());
+  EXPECT_EQ(dialog.status, PageStatus());
+}
+
+TEST_F(Sessions, AnotherPrinterEndsTheWatchOfTheState) {
+  open({});
+  stateChanged({{.isStopped = true}});
+  session.selectPrinter("");
+  EXPECT_TRUE(watching.expired());
+  EXPECT_EQ(dialog.status, PageStatus());
 }
 
 TEST_F(Sessions, AnotherPrinterEndsTheReading) {
@@ -231,7 +261,7 @@ TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
     EXPECT_NE(dialog.panels, nullptr) << key;
   }
   session.selectPrinter("card");
-  done({host::openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd"), {}});
+  done({host::openPPD(test::kDuplexPPD), {}});
   ASSERT_NE(dialog.panels, nullptr);
   std::vector<std::string> known(std::begin(kCardKeys), std::end(kCardKeys));
   for (const std::string& key : dialog.panels->claimedKeys()) {

@@ -53,8 +53,16 @@ SystemGroup root
 """
 
 
+# By number, as RFC 8011 has them.
+JOB_STATES = dict(
+    enumerate(
+        ("pending", "held", "processing", "stopped", "canceled", "aborted", "completed"), start=3
+    )
+)
+
+
 class PrintServer:
-    """A real cupsd. Its queues keep their jobs: nothing is sent anywhere."""
+    """A real cupsd. Its queues print to nowhere, and keep their jobs."""
 
     def __init__(self):
         self.root = None
@@ -98,10 +106,16 @@ class PrintServer:
         self._process = None
 
     def add_queue(self, name, ppd):
-        """Adds a queue with the PPD file `ppd`; a raw one without."""
+        """Adds a queue that prints, with the PPD file `ppd`; a raw one without."""
         model = ["-P", str(ppd)] if ppd else ["-m", "raw"]
-        self._run("lpadmin", "-p", name, "-v", "file:/dev/null", *model)
-        self.accept(name)
+        self._run("lpadmin", "-p", name, "-v", "file:/dev/null", *model, "-E")
+
+    def disable(self, queue, reason):
+        """The queue takes jobs, but prints none until `enable`."""
+        self._run("cupsdisable", "-r", reason, queue)
+
+    def enable(self, queue):
+        self._run("cupsenable", queue)
 
     def accept(self, queue):
         self._run("cupsaccept", queue)
@@ -140,7 +154,8 @@ class PrintServer:
 
 
 def ipp_attributes(message):
-    """The attributes in an IPP message: texts by name; of several values the last."""
+    """The attributes in an IPP message: texts by name, the job's state as IPP's keyword; of several
+    values the last."""
     attributes, name, at = {}, None, 8
     while message[at] != 3:  # the end
         tag = message[at]
@@ -154,4 +169,6 @@ def ipp_attributes(message):
             at += 2 + length
         name = parts[0].decode() or name
         attributes[name] = parts[1].decode("utf-8", errors="replace")
+        if name == "job-state":
+            attributes[name] = JOB_STATES[parts[1][-1]]
     return attributes

@@ -13,6 +13,7 @@
 #include "bench/support/Ratios.h"
 #include "dialog/DialogSession.h"
 #include "ports/gtk3/GtkBundle.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/Display.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/TemporaryFolder.h"
@@ -23,9 +24,6 @@ namespace {
 using namespace cardpanels;
 using Clock = std::chrono::steady_clock;
 
-constexpr const char* kPPD = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
-const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
-
 double secondsSince(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
 }
@@ -34,7 +32,7 @@ double secondsSince(Clock::time_point start) {
 class Dialog {
  public:
   Dialog() {
-    server_.addQueue("card", test::fileContent(kPPD));
+    server_.addQueue("card", test::fileContent(test::kDuplexPPD));
     server_.addQueue("plain", test::testPPD({test::testOption("toner", "Toner", 2)}));
     widget_ = gtk_print_unix_dialog_new(nullptr, nullptr);
     gtk_widget_show(widget_);
@@ -101,9 +99,12 @@ void pageGetsReady(benchmark::State& state) {
         done = std::move(then);
         return std::make_shared<int>();
       },
+      [](const std::string&, const std::function<void(const dialog::StateRead&)>&) {
+        return nullptr;
+      },
       [](host::JobOptions& job) {
-        return std::make_unique<host::PanelHost>(kBundle,
-                                                 std::make_shared<gtk3::GtkBundle>(kBundle), job);
+        return std::make_unique<host::PanelHost>(
+            test::kBundle, std::make_shared<gtk3::GtkBundle>(test::kBundle), job);
       });
   for (auto _ : state) {
     dialog().select("plain");
@@ -111,7 +112,7 @@ void pageGetsReady(benchmark::State& state) {
     session.selectPrinter("");
     dialog().rest();
     dialog().select("card");
-    host::PPDFile ppd = host::openPPD(kPPD);
+    host::PPDFile ppd = host::openPPD(test::kDuplexPPD);
     const auto start = Clock::now();
     controls.controlsReplaced();
     session.selectPrinter("card");

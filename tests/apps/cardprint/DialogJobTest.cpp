@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/Process.h"
 #include "tests/support/TemporaryFolder.h"
@@ -111,8 +112,8 @@ untold
 class DialogJob : public testing::Test {
  protected:
   DialogJob() {
-    server_.addQueue("card",
-                     test::fileContent(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd"));
+    server_.addQueue("card", test::fileContent(test::kDuplexPPD));
+    server_.enable("card");
   }
 
   /// The card options of a job.
@@ -145,6 +146,7 @@ class DialogJob : public testing::Test {
 TEST_F(DialogJob, CarriesExactlyWhatIsSetOnAllPanels) {
   expectPrinted(useDialog("-d card " + picture_, kChoosing + std::string("press Print\n")), 1);
   EXPECT_EQ(cardOptions(1), kChosen);
+  EXPECT_EQ(server_.endedJob(1), "completed");
 }
 
 TEST_F(DialogJob, OfASavedInstanceCarriesTheSameAreasAgain) {
@@ -179,6 +181,7 @@ press Cancel
 TEST_F(DialogJob, OfAPrinterForOneSideIsSentAtOnce) {
   server_.addQueue("single",
                    test::fileContent(CARDPANELS_SOURCE_DIR "/resources/ppd/card-single.ppd"));
+  server_.enable("single");
   const auto finished = useDialog("-d single " + picture_, R"(panel Peel-Off
 choose Front Peel-Off = Defined Areas
 type Front Peel-Off Area 1, X = 1in
@@ -191,6 +194,24 @@ press Print
   EXPECT_EQ(finished.status, 0) << finished.errors;
   EXPECT_EQ(cardOptions(1), (Options{{"frontPO", "DefinedAreas"},
                                      {"CustomfrontPeelOff1", "Custom.1in 1in 1in 1in"}}));
+}
+
+TEST_F(DialogJob, OfAStoppedPrinterIsSentAfterThatWasTold) {
+  expectPrinted(useDialog("-d card " + picture_, R"(panel Thermal Laminate
+choose Thermal Laminate = Back Side
+untold
+run cupsdisable -r Cleaning card
+told Printer stopped: Cleaning
+run cupsenable card
+untold
+run cupsdisable -r Cleaning card
+told Printer stopped: Cleaning
+press Print
+)"),
+                1);
+  EXPECT_EQ(cardOptions(1), (Options{{"cardLaminate", "Back"}}));
+  server_.enable("card");
+  EXPECT_EQ(server_.endedJob(1), "completed");
 }
 
 /// The queue gets another PPD while the dialog is open: one without both-sided laminate, and

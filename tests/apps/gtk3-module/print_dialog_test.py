@@ -35,6 +35,7 @@ ORDINARY_PPD = """\
 *LanguageLevel: "3"
 *ColorDevice: True
 *DefaultColorSpace: RGB
+*cupsFilter2: "application/vnd.cups-pdf application/pdf 0 -"
 *OpenUI *PageSize/Paper: PickOne
 *DefaultPageSize: A4
 *PageSize A4/A4: ""
@@ -135,8 +136,14 @@ class PrintDialogTestCase(unittest.TestCase):
         with open(self.commands, "w", encoding="utf-8") as pipe:
             pipe.write(command + "\n")
 
-    def job(self, number=1):
-        return user.wait_for(lambda: self.server.job(number), f"there is no job {number}")
+    def job(self, number=1, state="completed"):
+        """The job once it is in that state."""
+
+        def job():
+            found = self.server.job(number)
+            return found if found and found["job-state"] == state else None
+
+        return user.wait_for(job, lambda: f"job {number} is not {state}: {self.server.job(number)}")
 
     def check_end(self):
         """The program still runs, or ended well, and nothing critical was said."""
@@ -543,6 +550,26 @@ class HeedTestCase(PrintDialogTestCase):
         self.assertEqual(dialog.tab("Card").get_description(), told)
         dialog.press("Show")
         dialog.wait_for_text("was changed")
+
+    def test_what_keeps_the_printer_from_printing_is_told_and_refuses_nothing(self):
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        self.server.disable("card", "Out of cards")
+        told = "Printer stopped: Out of cards"
+        self.assertEqual(self.wait_for_bar(dialog, told), told)
+        dialog.open_tab("General")
+        self.assertEqual(self.wait_for_bar(dialog, told), told)
+        self.server.enable("card")
+        user.wait_for(
+            lambda: not any(told in text for text in dialog.texts()), "it stays told"
+        )
+        self.server.disable("card", "Out of cards")
+        self.wait_for_bar(dialog, told)
+        dialog.press("Print")
+        self.assert_job(self.job(state="pending"))
+        self.server.enable("card")
+        self.assert_job(self.job())
 
     def test_a_wrong_text_keeps_print_and_preview_back(self):
         dialog = self.start_program("dialog")
