@@ -72,7 +72,7 @@ void CardPage::addSections() {
   scroller->add(sidebar_);
   sidebar_.get_accessible()->set_name(_("Card options"));
 
-  auto* const reset = Gtk::make_managed<Gtk::Label>(_("Reset to _Defaults"), true);
+  auto* const reset = Gtk::make_managed<Gtk::Label>(_("Reset to Defaults"));
   reset->set_line_wrap();
   reset->set_max_width_chars(kResetWidth);
   reset->set_justify(Gtk::JUSTIFY_CENTER);

@@ -9,6 +9,7 @@
 #include "host/PanelHost.h"
 #include "ports/headless/Controls.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/FakePageView.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -21,9 +22,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
-const std::string kDuplex = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
-
 std::string contents(const std::string& path) {
   std::ifstream file(path);
   return {std::istreambuf_iterator<char>(file), {}};
@@ -34,7 +32,7 @@ class JobPages : public testing::Test, private host::PanelObserver {
  protected:
   /// Opens the sample printer, with `from` in its PPD replaced by `to`.
   void open(const std::string& from = {}, const std::string& to = {}) {
-    std::string text = contents(kDuplex);
+    std::string text = contents(test::kDuplexPPD);
     for (std::size_t at = 0; !from.empty() && (at = text.find(from, at)) != std::string::npos;) {
       text.replace(at, from.size(), to);
       at += to.size();
@@ -44,7 +42,7 @@ class JobPages : public testing::Test, private host::PanelObserver {
 
   void start() {
     panels = std::make_unique<host::PanelHost>(
-        kBundle, std::make_shared<headless::HeadlessBundle>(kBundle), *job);
+        test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle), *job);
     panels->setObserver(this);
     page = std::make_unique<Page>(*panels, view);
     page->start();
@@ -128,12 +126,12 @@ TEST_F(JobPages, UndoAsksForTheOldValueAgain) {
   job->mark("frontPO", "Chip");
   start();
   change("cardLaminate", "Front");
-  EXPECT_TRUE(view.answer(kPeelOffGone, "_Undo"));
+  EXPECT_TRUE(view.answer(kPeelOffGone, "Undo"));
   EXPECT_EQ(job->marked("frontPO"), "Chip");
   EXPECT_EQ(job->marked("cardLaminate"), "None");
   EXPECT_THAT(view.texts(), ElementsAre(AllOf(HasSubstr("“Thermal Laminate” was changed"),
                                               HasSubstr("“Front Peel-Off” is now “Chip”"))));
-  EXPECT_TRUE(view.answer(view.texts().front(), "_Undo"));
+  EXPECT_TRUE(view.answer(view.texts().front(), "Undo"));
   EXPECT_EQ(job->marked("cardLaminate"), "Front");
   EXPECT_THAT(view.texts(), ElementsAre(kPeelOffGone));
 }
@@ -198,7 +196,7 @@ TEST_F(JobPages, ARefusedAreaStaysInItsRowUntilTheStoredOneIsTakenBack) {
   EXPECT_EQ(job->marked("frontResinInclude1"), "Default");
   change("frontRotation", "Rotate180");
   EXPECT_EQ(field("frontResinIncludeField1_Width").text(), "1.125in");
-  EXPECT_TRUE(view.answer(page->status().wrong, "_Take Stored Area Back"));
+  EXPECT_TRUE(view.answer(page->status().wrong, "Take Stored Area Back"));
   EXPECT_EQ(field("frontResinIncludeField1_Width").text(), "");
   EXPECT_FALSE(field("frontResinIncludeField1_Width").markedWhy());
   EXPECT_EQ(page->status().wrong, "");
@@ -238,7 +236,7 @@ TEST_F(JobPages, TellAnImpossibleAreaWhileItIsTypedAndAgainBeforePrint) {
   EXPECT_THAT(outside, HasSubstr("“Front Resin Area 1”"));
   int printed = 0;
   EXPECT_FALSE(page->mayPrint([&] { ++printed; }));
-  EXPECT_TRUE(view.answer(outside, "Print _Anyway"));
+  EXPECT_TRUE(view.answer(outside, "Print Anyway"));
   EXPECT_EQ(printed, 1);
   EXPECT_TRUE(page->mayPrint([] {}));
   EXPECT_THAT(view.summary.back().entries.front().remark, outside);
