@@ -4,6 +4,7 @@
 #include "dialog/AreaWarnings.h"
 #include "host/CardGeometry.h"
 #include "host/JobOptions.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/ScopedLocale.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
@@ -60,7 +61,7 @@ class AreaWarnings : public testing::Test {
   }
 
   ScopedLocale metric{LC_MEASUREMENT, "de_DE.UTF-8"};
-  host::JobOptions job{host::openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd")};
+  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
   const AreaSide& side = areaSides()[0];
   std::vector<CardArea> areas = areasOf(job, side);
 };

@@ -17,6 +17,7 @@
 #include "plugin/panels/AreaStrings.h"
 #include "ports/headless/Controls.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/RecordedLog.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
@@ -27,8 +28,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
 
 std::string keyOf(const CardArea& area) { return area.key; }
 
@@ -116,7 +115,7 @@ TEST(AreaTexts, ComeBackAsTheyWereTyped) {
 
 class CardAreas : public testing::Test {
  protected:
-  host::JobOptions job{host::openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd")};
+  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
   const AreaSide& frontResin = areaSides()[0];
 };
 
@@ -174,7 +173,8 @@ class AreasOfPanels : public CardAreas {
   }
 
   test::RecordedLog log;
-  host::PanelHost host{kBundle, std::make_shared<headless::HeadlessBundle>(kBundle), job};
+  host::PanelHost host{test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle),
+                       job};
 };
 
 TEST_F(AreasOfPanels, AreWhatTheFieldsOfThoseOutletsHold) {

@@ -4,6 +4,7 @@
 #include "dialog/CardText.h"
 #include "host/CardGeometry.h"
 #include "host/JobOptions.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/ScopedLocale.h"
 
 namespace cardpanels::dialog {
@@ -16,7 +17,7 @@ constexpr double kMillimeter = 72 / 25.4;
 class CardText : public testing::Test {
  protected:
   ScopedLocale metric{LC_MEASUREMENT, "de_DE.UTF-8"};
-  host::JobOptions job{host::openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd")};
+  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
   host::CardGeometry card = host::cardGeometry(job);
 };
 

@@ -9,6 +9,7 @@
 #include "host/PPDFile.h"
 #include "host/PanelHost.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/RecordedLog.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -20,20 +21,18 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kDuplex = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
-constexpr const char* kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
-
 /// The panels of a printer with everything.
 class PanelHelp : public testing::Test {
  protected:
-  explicit PanelHelp(const std::string& path = kDuplex) : job_(host::openPPD(path)) {}
+  explicit PanelHelp(const std::string& path = test::kDuplexPPD) : job_(host::openPPD(path)) {}
 
   Paragraphs help(std::size_t panel) { return panelHelp(*panels_.panels()[panel], job_.ppd()); }
 
  private:
   test::RecordedLog log_;
   host::JobOptions job_;
-  host::PanelHost panels_{kBundle, std::make_shared<headless::HeadlessBundle>(kBundle), job_};
+  host::PanelHost panels_{test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle),
+                          job_};
 };
 
 TEST_F(PanelHelp, IsOfEachPanelsOwnOptions) {
@@ -64,7 +63,7 @@ class PanelHelpFromTheBottom : public PanelHelp {
   static std::string changed() {
     static const test::TemporaryFolder folder;
     std::stringstream text;
-    text << std::ifstream(kDuplex).rdbuf() << "*cardpanelsOrigin: BottomLeft\n";
+    text << std::ifstream(test::kDuplexPPD).rdbuf() << "*cardpanelsOrigin: BottomLeft\n";
     return folder.write("bottom.ppd", text.str());
   }
 };

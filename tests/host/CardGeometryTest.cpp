@@ -2,6 +2,7 @@
 
 #include "host/CardGeometry.h"
 #include "host/JobOptions.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
@@ -53,7 +54,7 @@ const char* const kCustomPageSize =
     "*MaxMediaHeight: \"400\"\n*NonUIOrderDependency: 10 AnySetup *CustomPageSize\n";
 
 TEST(CardGeometry, HasTheSizeAndResolutionOfTheSampleCard) {
-  const JobOptions job(openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd"));
+  const JobOptions job(openPPD(test::kDuplexPPD));
   expectSize(job, 242.65, 153.01);
   expectResolution(job, 300, 300);
   EXPECT_EQ(cardGeometry(job).margins, Margins());
@@ -61,7 +62,7 @@ TEST(CardGeometry, HasTheSizeAndResolutionOfTheSampleCard) {
 }
 
 TEST(CardGeometry, FollowsTheMarkedPageSize) {
-  JobOptions job(openPPD(CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd"));
+  JobOptions job(openPPD(test::kDuplexPPD));
   job.mark("PageSize", "CR79");
   expectSize(job, 237.83, 144.57);
   job.mark("PageRegion", "CR100");  // takes the place of the page size

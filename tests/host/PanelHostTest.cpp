@@ -9,14 +9,13 @@
 #include "platform/TextField.h"
 #include "ports/headless/Controls.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/RecordedLog.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
 namespace cardpanels::host {
 namespace {
-
-const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
 
 /// Longer than the 40 bytes that a PPD's record has room for.
 const std::string kLongArea = "1.23456789in 2.3456789in 3.456789in 4.56789in";
@@ -73,7 +72,7 @@ class Host : public testing::Test {
           "*UIConstraints: *cardLaminate Both *frontPO\n"
           "*UIConstraints: *cardLaminate Both *PageSize CR80\n"));
   Dialog dialog;
-  PanelHost host{kBundle, std::make_shared<headless::HeadlessBundle>(kBundle), job};
+  PanelHost host{test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle), job};
 };
 
 TEST_F(Host, HasThePanelsThatThePPDNeedsInTheirOrder) {
@@ -168,7 +167,7 @@ TEST_F(Host, EmptyFieldsMarkTheDefaultChoice) {
 }
 
 TEST_F(Host, ABundleWithoutItsViewsIsToldByFile) {
-  PanelHost other(kBundle, std::make_shared<headless::HeadlessBundle>("/nowhere"), job);
+  PanelHost other(test::kBundle, std::make_shared<headless::HeadlessBundle>("/nowhere"), job);
   EXPECT_THROW(
       {
         try {
@@ -190,8 +189,8 @@ class SavedAreas : public testing::Test {
     job.markSaved({{"frontPO", "Choice12"},
                    {"CustomfrontPeelOff1", "Custom.1in 1in 2in 2in"},
                    {"CustomfrontPeelOff2", "Custom." + kLongArea}});
-    host = std::make_unique<PanelHost>(kBundle, std::make_shared<headless::HeadlessBundle>(kBundle),
-                                       job);
+    host = std::make_unique<PanelHost>(
+        test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle), job);
     host->setObserver(&dialog);
     peelOff = host->panels()[0];
   }

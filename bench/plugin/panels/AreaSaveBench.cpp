@@ -17,13 +17,11 @@
 #include "platform/Log.h"
 #include "plugin/panels/PeelOffPDE.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/BuiltFiles.h"
 
 namespace {
 
 using namespace cardpanels;
-
-const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
-const std::string kPPD = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
 
 /// Keeps the lines as they would be written, prefix included.
 struct Lines final : platform::LogSink {
@@ -49,10 +47,10 @@ class Panel {
   void save() { panel_->savePeelOffAreasToSettings(); }
 
  private:
-  host::JobOptions job_{host::openPPD(kPPD)};
+  host::JobOptions job_{host::openPPD(test::kDuplexPPD)};
   std::shared_ptr<PeelOffPanelPDE> panel_ = PeelOffPanelPDE::initWithCallback_andBundle(
       std::make_shared<host::ConstrainingHostCallback>(job_),
-      std::make_shared<headless::HeadlessBundle>(kBundle));
+      std::make_shared<headless::HeadlessBundle>(test::kBundle));
 };
 
 void saveTwelveAreas(benchmark::State& state) {

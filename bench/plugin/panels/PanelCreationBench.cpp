@@ -12,13 +12,11 @@
 #include "platform/Log.h"
 #include "plugin/panels/ThermalLaminatePDE.h"
 #include "ports/headless/HeadlessBundle.h"
+#include "tests/support/BuiltFiles.h"
 
 namespace {
 
 using namespace cardpanels;
-
-const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
-const std::string kPPD = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
 
 /// The job's host, with the trace in a file.
 class Dialog {
@@ -28,10 +26,11 @@ class Dialog {
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
-  host::JobOptions job{host::openPPD(kPPD)};
+  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
   std::shared_ptr<host::HostCallback> callback =
       std::make_shared<host::ConstrainingHostCallback>(job);
-  std::shared_ptr<platform::Bundle> bundle = std::make_shared<headless::HeadlessBundle>(kBundle);
+  std::shared_ptr<platform::Bundle> bundle =
+      std::make_shared<headless::HeadlessBundle>(test::kBundle);
 
  private:
   bench::LogFile log_;
@@ -50,7 +49,7 @@ BENCHMARK(createLaminatePanel);
 /// The plug-in making every panel that it has.
 void createPanels(benchmark::State& state) {
   const Dialog dialog;
-  const auto plugIn = host::loadPlugIn(kBundle);
+  const auto plugIn = host::loadPlugIn(test::kBundle);
   plugIn->initWithBundle(dialog.bundle);
   for (auto _ : state) {
     benchmark::DoNotOptimize(
@@ -60,7 +59,7 @@ void createPanels(benchmark::State& state) {
 BENCHMARK(createPanels);
 
 void ppdOpenFile(benchmark::State& state) {
-  for (auto _ : state) ppdClose(::ppdOpenFile(kPPD.c_str()));
+  for (auto _ : state) ppdClose(::ppdOpenFile(test::kDuplexPPD.c_str()));
 }
 BENCHMARK(ppdOpenFile);
 

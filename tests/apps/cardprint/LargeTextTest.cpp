@@ -14,6 +14,7 @@
 
 #include "apps/cardprint/CardDialog.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/RecordedLog.h"
 
 namespace cardpanels::cardprint {
@@ -75,7 +76,7 @@ class LargeText : public testing::TestWithParam<const char*> {
   void SetUp() override {
     ASSERT_EQ(kLargeText, 0);
     unsetenv("LANGUAGE");
-    setenv("CARDPANELS_BUNDLE", CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle", 1);
+    setenv("CARDPANELS_BUNDLE", test::kBundle.c_str(), 1);
     ASSERT_NE(std::setlocale(LC_ALL, GetParam()), nullptr);
     // GTK 3 cannot close a display on which a tooltip has shown.
     GdkSeat* const seat = gdk_display_get_default_seat(gdk_display_get_default());
@@ -91,7 +92,7 @@ class LargeText : public testing::TestWithParam<const char*> {
 
 TEST_P(LargeText, IsCutNowhereAtTheDefaultSizeWhateverThePanelsShow) {
   Arguments arguments;
-  arguments.ppd = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
+  arguments.ppd = test::kDuplexPPD;
   CardJob job(arguments);
   CardDialog dialog(job);
   dialog.show();

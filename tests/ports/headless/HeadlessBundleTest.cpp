@@ -10,7 +10,7 @@ namespace cardpanels::headless {
 namespace {
 
 /// A panel's owner with every kind of outlet.
-struct Owner final : platform::NibOwner {
+struct PanelOwner final : platform::NibOwner {
   std::shared_ptr<platform::View> pdeView;
   std::shared_ptr<platform::PopUpButton> popUp;
   std::shared_ptr<platform::TextField> label;
@@ -21,14 +21,16 @@ struct Owner final : platform::NibOwner {
   void change(const std::shared_ptr<platform::Object>& /*sender*/) { ++changes; }
 
   std::span<const platform::Outlet> outlets() const override {
-    static constexpr std::array kOutlets{
-        platform::outlet<&Owner::pdeView>("pdeView"), platform::outlet<&Owner::popUp>("popUp"),
-        platform::outlet<&Owner::label>("label"), platform::outlet<&Owner::field>("field"),
-        platform::outlet<&Owner::tabs>("tabs")};
+    static constexpr std::array kOutlets{platform::outlet<&PanelOwner::pdeView>("pdeView"),
+                                         platform::outlet<&PanelOwner::popUp>("popUp"),
+                                         platform::outlet<&PanelOwner::label>("label"),
+                                         platform::outlet<&PanelOwner::field>("field"),
+                                         platform::outlet<&PanelOwner::tabs>("tabs")};
     return kOutlets;
   }
   std::span<const platform::Action> actions() const override {
-    static constexpr std::array kActions{platform::action<Owner, &Owner::change>("change:")};
+    static constexpr std::array kActions{
+        platform::action<PanelOwner, &PanelOwner::change>("change:")};
     return kActions;
   }
 };
@@ -78,7 +80,7 @@ class Loading : public testing::Test {
 
   test::TemporaryFolder folder;
   std::string path = (folder.path() / "resources/ui/Panel.ui").string();
-  std::shared_ptr<Owner> owner = std::make_shared<Owner>();
+  std::shared_ptr<PanelOwner> owner = std::make_shared<PanelOwner>();
   std::shared_ptr<platform::View> view;
 };
 
@@ -108,7 +110,7 @@ TEST_F(Loading, AimsTheActionsAtTheOwner) {
 TEST_F(Loading, TheTopViewOwnsTheControls) {
   load(kFile);
   const std::weak_ptr<platform::PopUpButton> popUp = owner->popUp;
-  owner = std::make_shared<Owner>();
+  owner = std::make_shared<PanelOwner>();
   EXPECT_FALSE(popUp.expired());
   view.reset();
   EXPECT_TRUE(popUp.expired());
