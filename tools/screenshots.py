@@ -1,13 +1,15 @@
 #!/usr/bin/python3
-"""screenshots.py [FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
+"""screenshots.py [--docs | FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
 (build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
-marked with its tooltip: light and dark, in the smallest and in a large window, in four languages.
+marked with its tooltip: light, dark and in high contrast, with large text, in the smallest and in a
+large window, in four languages. With --docs, those that docs/ shows are put there.
 CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup installs, and the
 packages xdotool and x11-utils."""
 
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 
@@ -32,6 +34,8 @@ SMALLEST, LARGE = "smallest", "1200x900"
 LOOKS = {  # name: language, theme, size
     "light": ("en_US.UTF-8", "Adwaita", None),
     "dark": ("en_US.UTF-8", "Adwaita:dark", None),
+    "contrast": ("en_US.UTF-8", "HighContrast", None),
+    "large-text": ("en_US.UTF-8", "Adwaita", None),
     "smallest": ("en_US.UTF-8", "Adwaita", SMALLEST),
     "large": ("en_US.UTF-8", "Adwaita", LARGE),
     "german": ("de_DE.UTF-8", "Adwaita", None),
@@ -39,6 +43,21 @@ LOOKS = {  # name: language, theme, size
     "french": ("fr_FR.UTF-8", "Adwaita", None),
     "japanese": ("ja_JP.UTF-8", "Adwaita", None),
     "japanese-smallest": ("ja_JP.UTF-8", "Adwaita:dark", SMALLEST),
+}
+
+DOCS = {  # what docs/ calls them
+    "card-handling": "light-handling",
+    "cardprint": "light-laminate",
+    "contrast": "contrast-ribbon",
+    "dark": "dark-marked-field",
+    "german": "german-conflict",
+    "japanese": "japanese-peel-off",
+    "large-text": "large-text-ribbon",
+    "peel-off": "light-peel-off",
+    "ribbon": "light-ribbon",
+    "smallest": "smallest-ribbon",
+    "summary": "light-summary",
+    "ultraviolet": "light-ultraviolet",
 }
 
 
@@ -134,8 +153,12 @@ def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
     with user.Desktop(theme="Adwaita") as desktop:
         for look, (language, theme, size) in LOOKS.items():
+            scale = "1.5" if look == "large-text" else "1"
             program = desktop.start(
-                [str(CARDPRINT), "--ppd", str(PPD), "-o", OPTIONS], LANG=language, GTK_THEME=theme
+                [str(CARDPRINT), "--ppd", str(PPD), "-o", OPTIONS],
+                LANG=language,
+                GTK_THEME=theme,
+                GDK_DPI_SCALE=scale,
             )
             photographer = Photographer(desktop, program, folder, look)
             if size:
@@ -148,4 +171,9 @@ def main(folder):
 
 
 if __name__ == "__main__":
-    main(pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else BUILD / "screenshots"))
+    for_docs = sys.argv[1:] == ["--docs"]
+    pictures = pathlib.Path(sys.argv[1] if sys.argv[1:] and not for_docs else BUILD / "screenshots")
+    main(pictures)
+    if for_docs:
+        for name, picture in DOCS.items():
+            shutil.copy(pictures / f"{picture}.png", ROOT / "docs" / f"{name}.png")

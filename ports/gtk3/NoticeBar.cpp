@@ -1,9 +1,9 @@
 #include "ports/gtk3/NoticeBar.h"
 
+#include <glibmm/main.h>
 #include <gtkmm/button.h>
 #include <gtkmm/image.h>
 #include <gtkmm/label.h>
-#include <gtkmm/scrolledwindow.h>
 
 #include <algorithm>
 
@@ -12,7 +12,6 @@ namespace {
 
 using dialog::Notice;
 
-constexpr int kMinimumHeight = 54;
 constexpr int kMaximumHeight = 120;
 constexpr int kSpacing = 6;
 
@@ -43,18 +42,33 @@ const char* iconOf(Notice::Kind kind) {
 }  // namespace
 
 NoticeBar::NoticeBar() : rows_(Gtk::ORIENTATION_VERTICAL, kSpacing) {
-  auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
-  scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
-  scroller->set_overlay_scrolling(false);  // a bar that always shows tells that there is more
-  scroller->set_propagate_natural_height(true);
-  scroller->set_min_content_height(kMinimumHeight);
-  scroller->set_max_content_height(kMaximumHeight);
-  scroller->set_hexpand();
-  scroller->add(rows_);
-  scroller->show_all();
-  dynamic_cast<Gtk::Container&>(*get_content_area()).add(*scroller);
+  scroller_.set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
+  scroller_.set_overlay_scrolling(false);  // a bar that always shows tells that there is more
+  scroller_.set_hexpand();
+  rows_.set_valign(Gtk::ALIGN_CENTER);
+  scroller_.add(rows_);
+  scroller_.show_all();
+  dynamic_cast<Gtk::Container&>(*get_content_area()).add(scroller_);
   set_no_show_all();
+  rows_.signal_size_allocate().connect([this](Gtk::Allocation& given) { fit(given.get_width()); });
 }
+
+/// Makes all rows show if there are not too many. A scroller does not ask how high texts are once
+/// they wrap at its width.
+void NoticeBar::fit(int width) {
+  int least = 0;
+  int natural = 0;
+  rows_.get_preferred_height_for_width(width, least, natural);
+  const int height = std::min(natural, kMaximumHeight);
+  if (height == scroller_.get_min_content_height()) return;
+  // Not while sizes are given out.
+  fitting_ = Glib::signal_idle().connect([this, height] {
+    scroller_.set_min_content_height(height);
+    return false;
+  });
+}
+
+NoticeBar::~NoticeBar() { fitting_.disconnect(); }
 
 void NoticeBar::display(const dialog::Notices& notices) {
   const bool same =

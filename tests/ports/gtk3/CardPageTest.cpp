@@ -252,6 +252,23 @@ TEST_F(CardPageTest, AnErrorIsTold) {
   EXPECT_EQ(all<Gtk::InfoBar>().front()->get_message_type(), Gtk::MESSAGE_ERROR);
 }
 
+TEST_F(CardPageTest, ANoticeOfAFewLinesShowsWhole) {
+  makePage();
+  showWindow();
+  std::string text;
+  for (int i = 0; i < 12; ++i) text += "a few words ";
+  page_->page().tell(text);
+  const auto isWhole = [this] {
+    const auto scrollers = all<Gtk::ScrolledWindow>();
+    const auto inBar = std::find_if(scrollers.begin(), scrollers.end(), [](auto* each) {
+      return each->get_ancestor(GTK_TYPE_INFO_BAR) != nullptr;
+    });
+    const auto scroll = (*inBar)->get_vadjustment();
+    return scroll->get_upper() > 40 && scroll->get_upper() <= scroll->get_page_size();
+  };
+  EXPECT_TRUE(test::handleEventsUntil(isWhole));
+}
+
 TEST_F(CardPageTest, ThePageBecomesSmallWhateverIsOnIt) {
   driver_.value = std::string(200, 'x');
   makePage();
