@@ -61,7 +61,7 @@ class AreaWarnings : public testing::Test {
   }
 
   ScopedLocale metric{LC_MEASUREMENT, "de_DE.UTF-8"};
-  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
+  host::JobOptions job{host::openPPD(test::duplexPPD())};
   const AreaSide& side = areaSides()[0];
   std::vector<CardArea> areas = areasOf(job, side);
 };

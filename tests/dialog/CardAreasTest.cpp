@@ -115,7 +115,7 @@ TEST(AreaTexts, ComeBackAsTheyWereTyped) {
 
 class CardAreas : public testing::Test {
  protected:
-  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
+  host::JobOptions job{host::openPPD(test::duplexPPD())};
   const AreaSide& frontResin = areaSides()[0];
 };
 
@@ -173,8 +173,8 @@ class AreasOfPanels : public CardAreas {
   }
 
   test::RecordedLog log;
-  host::PanelHost host{test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle),
-                       job};
+  host::PanelHost host{test::builtBundle(),
+                       std::make_shared<headless::HeadlessBundle>(test::builtBundle()), job};
 };
 
 TEST_F(AreasOfPanels, AreWhatTheFieldsOfThoseOutletsHold) {

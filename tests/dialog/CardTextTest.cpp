@@ -17,7 +17,7 @@ constexpr double kMillimeter = 72 / 25.4;
 class CardText : public testing::Test {
  protected:
   ScopedLocale metric{LC_MEASUREMENT, "de_DE.UTF-8"};
-  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
+  host::JobOptions job{host::openPPD(test::duplexPPD())};
   host::CardGeometry card = host::cardGeometry(job);
 };
 

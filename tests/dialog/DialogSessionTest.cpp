@@ -115,8 +115,8 @@ class Sessions : public testing::Test {
                         },
                         [](host::JobOptions& job) {
                           return std::make_unique<host::PanelHost>(
-                              test::kBundle,
-                              std::make_shared<headless::HeadlessBundle>(test::kBundle), job);
+                              test::builtBundle(),
+                              std::make_shared<headless::HeadlessBundle>(test::builtBundle()), job);
                         }};
 };
 
@@ -261,7 +261,7 @@ TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
     EXPECT_NE(dialog.panels, nullptr) << key;
   }
   session.selectPrinter("card");
-  done({host::openPPD(test::kDuplexPPD), {}});
+  done({host::openPPD(test::duplexPPD()), {}});
   ASSERT_NE(dialog.panels, nullptr);
   std::vector<std::string> known(std::begin(kCardKeys), std::end(kCardKeys));
   for (const std::string& key : dialog.panels->claimedKeys()) {

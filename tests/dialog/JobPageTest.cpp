@@ -32,7 +32,7 @@ class JobPages : public testing::Test, private host::PanelObserver {
  protected:
   /// Opens the sample printer, with `from` in its PPD replaced by `to`.
   void open(const std::string& from = {}, const std::string& to = {}) {
-    std::string text = contents(test::kDuplexPPD);
+    std::string text = contents(test::duplexPPD());
     for (std::size_t at = 0; !from.empty() && (at = text.find(from, at)) != std::string::npos;) {
       text.replace(at, from.size(), to);
       at += to.size();
@@ -42,7 +42,7 @@ class JobPages : public testing::Test, private host::PanelObserver {
 
   void start() {
     panels = std::make_unique<host::PanelHost>(
-        test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle), *job);
+        test::builtBundle(), std::make_shared<headless::HeadlessBundle>(test::builtBundle()), *job);
     panels->setObserver(this);
     page = std::make_unique<Page>(*panels, view);
     page->start();

@@ -24,15 +24,15 @@ using testing::Not;
 /// The panels of a printer with everything.
 class PanelHelp : public testing::Test {
  protected:
-  explicit PanelHelp(const std::string& path = test::kDuplexPPD) : job_(host::openPPD(path)) {}
+  explicit PanelHelp(const std::string& path = test::duplexPPD()) : job_(host::openPPD(path)) {}
 
   Paragraphs help(std::size_t panel) { return panelHelp(*panels_.panels()[panel], job_.ppd()); }
 
  private:
   test::RecordedLog log_;
   host::JobOptions job_;
-  host::PanelHost panels_{test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle),
-                          job_};
+  host::PanelHost panels_{test::builtBundle(),
+                          std::make_shared<headless::HeadlessBundle>(test::builtBundle()), job_};
 };
 
 TEST_F(PanelHelp, IsOfEachPanelsOwnOptions) {
@@ -63,7 +63,7 @@ class PanelHelpFromTheBottom : public PanelHelp {
   static std::string changed() {
     static const test::TemporaryFolder folder;
     std::stringstream text;
-    text << std::ifstream(test::kDuplexPPD).rdbuf() << "*cardpanelsOrigin: BottomLeft\n";
+    text << std::ifstream(test::duplexPPD()).rdbuf() << "*cardpanelsOrigin: BottomLeft\n";
     return folder.write("bottom.ppd", text.str());
   }
 };

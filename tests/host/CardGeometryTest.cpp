@@ -54,7 +54,7 @@ const char* const kCustomPageSize =
     "*MaxMediaHeight: \"400\"\n*NonUIOrderDependency: 10 AnySetup *CustomPageSize\n";
 
 TEST(CardGeometry, HasTheSizeAndResolutionOfTheSampleCard) {
-  const JobOptions job(openPPD(test::kDuplexPPD));
+  const JobOptions job(openPPD(test::duplexPPD()));
   expectSize(job, 242.65, 153.01);
   expectResolution(job, 300, 300);
   EXPECT_EQ(cardGeometry(job).margins, Margins());
@@ -62,7 +62,7 @@ TEST(CardGeometry, HasTheSizeAndResolutionOfTheSampleCard) {
 }
 
 TEST(CardGeometry, FollowsTheMarkedPageSize) {
-  JobOptions job(openPPD(test::kDuplexPPD));
+  JobOptions job(openPPD(test::duplexPPD()));
   job.mark("PageSize", "CR79");
   expectSize(job, 237.83, 144.57);
   job.mark("PageRegion", "CR100");  // takes the place of the page size

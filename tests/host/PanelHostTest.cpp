@@ -72,7 +72,8 @@ class Host : public testing::Test {
           "*UIConstraints: *cardLaminate Both *frontPO\n"
           "*UIConstraints: *cardLaminate Both *PageSize CR80\n"));
   Dialog dialog;
-  PanelHost host{test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle), job};
+  PanelHost host{test::builtBundle(),
+                 std::make_shared<headless::HeadlessBundle>(test::builtBundle()), job};
 };
 
 TEST_F(Host, HasThePanelsThatThePPDNeedsInTheirOrder) {
@@ -167,7 +168,7 @@ TEST_F(Host, EmptyFieldsMarkTheDefaultChoice) {
 }
 
 TEST_F(Host, ABundleWithoutItsViewsIsToldByFile) {
-  PanelHost other(test::kBundle, std::make_shared<headless::HeadlessBundle>("/nowhere"), job);
+  PanelHost other(test::builtBundle(), std::make_shared<headless::HeadlessBundle>("/nowhere"), job);
   EXPECT_THROW(
       {
         try {
@@ -190,7 +191,7 @@ class SavedAreas : public testing::Test {
                    {"CustomfrontPeelOff1", "Custom.1in 1in 2in 2in"},
                    {"CustomfrontPeelOff2", "Custom." + kLongArea}});
     host = std::make_unique<PanelHost>(
-        test::kBundle, std::make_shared<headless::HeadlessBundle>(test::kBundle), job);
+        test::builtBundle(), std::make_shared<headless::HeadlessBundle>(test::builtBundle()), job);
     host->setObserver(&dialog);
     peelOff = host->panels()[0];
   }

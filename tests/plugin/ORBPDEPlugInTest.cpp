@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "host/PlugInLibrary.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TestPPD.h"
 

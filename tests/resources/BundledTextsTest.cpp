@@ -13,14 +13,14 @@ constexpr std::array kPanelNames{"RibbonPanelName", "UltravioletPanelName", "Pee
                                  "ThermalLaminatePanelName", "CardHandlingPanelName"};
 
 TEST(BundledTexts, NameEveryPanel) {
-  const platform::StringTable table(test::kBundle);
+  const platform::StringTable table(test::builtBundle());
   for (const auto* key : kPanelNames) EXPECT_TRUE(table.text(key)) << key;
 }
 
 // The test runs in a German locale.
 TEST(BundledTexts, AreInTheUsersLanguage) {
   ASSERT_NE(std::setlocale(LC_ALL, ""), nullptr);
-  const platform::StringTable table(test::kBundle);
+  const platform::StringTable table(test::builtBundle());
   EXPECT_EQ(table.text("ThermalLaminatePanelName"), "Thermolaminat");
   EXPECT_EQ(table.text("PeelOffPanelName"), "Folienabzug");
 }

@@ -5,9 +5,10 @@
 /// What was built, and what lies in the checkout.
 namespace cardpanels::test {
 
-inline const std::string kBundle = CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle";
+/// The plug-in's bundle.
+std::string builtBundle();
 
 /// The PPD of a printer for both sides with everything.
-inline const std::string kDuplexPPD = CARDPANELS_SOURCE_DIR "/resources/ppd/card-duplex.ppd";
+std::string duplexPPD();
 
 }  // namespace cardpanels::test

@@ -1,5 +1,6 @@
 #include "tests/support/PanelDriver.h"
 
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/TestPPD.h"
 
 namespace cardpanels::test {
@@ -60,7 +61,5 @@ std::string PanelDriver::result(const std::string& command) {
 }
 
 std::string PanelDriver::trace(const std::string& command) { return marked(run(command), "|"); }
-
-std::string builtBundle() { return CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle"; }
 
 }  // namespace cardpanels::test

@@ -39,7 +39,4 @@ class PanelDriver {
   bool failed_ = false;
 };
 
-/// The folder of the built bundle.
-std::string builtBundle();
-
 }  // namespace cardpanels::test

@@ -32,7 +32,7 @@ double secondsSince(Clock::time_point start) {
 class Dialog {
  public:
   Dialog() {
-    server_.addQueue("card", test::fileContent(test::kDuplexPPD));
+    server_.addQueue("card", test::fileContent(test::duplexPPD()));
     server_.addQueue("plain", test::testPPD({test::testOption("toner", "Toner", 2)}));
     widget_ = gtk_print_unix_dialog_new(nullptr, nullptr);
     gtk_widget_show(widget_);
@@ -104,7 +104,7 @@ void pageGetsReady(benchmark::State& state) {
       },
       [](host::JobOptions& job) {
         return std::make_unique<host::PanelHost>(
-            test::kBundle, std::make_shared<gtk3::GtkBundle>(test::kBundle), job);
+            test::builtBundle(), std::make_shared<gtk3::GtkBundle>(test::builtBundle()), job);
       });
   for (auto _ : state) {
     dialog().select("plain");
@@ -112,7 +112,7 @@ void pageGetsReady(benchmark::State& state) {
     session.selectPrinter("");
     dialog().rest();
     dialog().select("card");
-    host::PPDFile ppd = host::openPPD(test::kDuplexPPD);
+    host::PPDFile ppd = host::openPPD(test::duplexPPD());
     const auto start = Clock::now();
     controls.controlsReplaced();
     session.selectPrinter("card");

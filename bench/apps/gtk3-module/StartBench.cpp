@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -39,13 +39,18 @@ double processorSeconds() {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
+[[noreturn]] void fail(const char* why) {
+  std::fprintf(stderr, "%s\n", why);
+  std::exit(1);
+}
+
 /// Loads the module as GTK does.
 void loadModule() {
   GModule* const module = g_module_open(kModule, G_MODULE_BIND_LOCAL);
   void (*start)(int*, char***) = nullptr;
   if (module == nullptr ||
       !g_module_symbol(module, "gtk_module_init", reinterpret_cast<gpointer*>(&start))) {
-    throw std::runtime_error(g_module_error());
+    fail(g_module_error());
   }
   start(nullptr, nullptr);
 }
@@ -80,7 +85,7 @@ Cost costOf(const std::string& program) {
   FILE* const output = popen((program + " --start").c_str(), "r");
   Cost cost;
   const int read = std::fscanf(output, "%lf %lf", &cost.ratio, &cost.kibibytes);
-  if (pclose(output) != 0 || read != 2) throw std::runtime_error("the program does not start");
+  if (pclose(output) != 0 || read != 2) fail("the program does not start");
   return cost;
 }
 

@@ -47,10 +47,10 @@ class Panel {
   void save() { panel_->savePeelOffAreasToSettings(); }
 
  private:
-  host::JobOptions job_{host::openPPD(test::kDuplexPPD)};
+  host::JobOptions job_{host::openPPD(test::duplexPPD())};
   std::shared_ptr<PeelOffPanelPDE> panel_ = PeelOffPanelPDE::initWithCallback_andBundle(
       std::make_shared<host::ConstrainingHostCallback>(job_),
-      std::make_shared<headless::HeadlessBundle>(test::kBundle));
+      std::make_shared<headless::HeadlessBundle>(test::builtBundle()));
 };
 
 void saveTwelveAreas(benchmark::State& state) {

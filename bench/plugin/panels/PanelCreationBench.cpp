@@ -26,11 +26,11 @@ class Dialog {
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
-  host::JobOptions job{host::openPPD(test::kDuplexPPD)};
+  host::JobOptions job{host::openPPD(test::duplexPPD())};
   std::shared_ptr<host::HostCallback> callback =
       std::make_shared<host::ConstrainingHostCallback>(job);
   std::shared_ptr<platform::Bundle> bundle =
-      std::make_shared<headless::HeadlessBundle>(test::kBundle);
+      std::make_shared<headless::HeadlessBundle>(test::builtBundle());
 
  private:
   bench::LogFile log_;
@@ -49,7 +49,7 @@ BENCHMARK(createLaminatePanel);
 /// The plug-in making every panel that it has.
 void createPanels(benchmark::State& state) {
   const Dialog dialog;
-  const auto plugIn = host::loadPlugIn(test::kBundle);
+  const auto plugIn = host::loadPlugIn(test::builtBundle());
   plugIn->initWithBundle(dialog.bundle);
   for (auto _ : state) {
     benchmark::DoNotOptimize(
@@ -59,7 +59,7 @@ void createPanels(benchmark::State& state) {
 BENCHMARK(createPanels);
 
 void ppdOpenFile(benchmark::State& state) {
-  for (auto _ : state) ppdClose(::ppdOpenFile(test::kDuplexPPD.c_str()));
+  for (auto _ : state) ppdClose(::ppdOpenFile(test::duplexPPD().c_str()));
 }
 BENCHMARK(ppdOpenFile);
 

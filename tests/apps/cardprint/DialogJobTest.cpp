@@ -112,7 +112,7 @@ untold
 class DialogJob : public testing::Test {
  protected:
   DialogJob() {
-    server_.addQueue("card", test::fileContent(test::kDuplexPPD));
+    server_.addQueue("card", test::fileContent(test::duplexPPD()));
     server_.enable("card");
   }
 

@@ -76,7 +76,7 @@ class LargeText : public testing::TestWithParam<const char*> {
   void SetUp() override {
     ASSERT_EQ(kLargeText, 0);
     unsetenv("LANGUAGE");
-    setenv("CARDPANELS_BUNDLE", test::kBundle.c_str(), 1);
+    setenv("CARDPANELS_BUNDLE", test::builtBundle().c_str(), 1);
     ASSERT_NE(std::setlocale(LC_ALL, GetParam()), nullptr);
     // GTK 3 cannot close a display on which a tooltip has shown.
     GdkSeat* const seat = gdk_display_get_default_seat(gdk_display_get_default());
@@ -92,7 +92,7 @@ class LargeText : public testing::TestWithParam<const char*> {
 
 TEST_P(LargeText, IsCutNowhereAtTheDefaultSizeWhateverThePanelsShow) {
   Arguments arguments;
-  arguments.ppd = test::kDuplexPPD;
+  arguments.ppd = test::duplexPPD();
   CardJob job(arguments);
   CardDialog dialog(job);
   dialog.show();

@@ -9,6 +9,7 @@
 #include "apps/pde-drive/Driver.h"
 #include "tests/plugin/panels/PopUpPanels.h"
 #include "tests/plugin/panels/Trace.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/PanelDriver.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"

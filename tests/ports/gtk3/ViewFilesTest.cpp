@@ -59,7 +59,7 @@ enum class From { file, ppd };
 /// The printer with everything, set so that all areas are open.
 class OpenHost final : public platform::CallbackObject {
  public:
-  OpenHost() : job_(host::openPPD(test::kDuplexPPD)) {
+  OpenHost() : job_(host::openPPD(test::duplexPPD())) {
     for (const std::string side : {"front", "back"}) {
       job_.mark(side + "Ribbon", "YMCK");
       job_.mark(side + "Resin", "DefinedAreas");
@@ -134,7 +134,7 @@ class ShownPanel {
     host_ = std::make_shared<OpenHost>();
     dialog::Captions given;
     if (captions == From::ppd) given = dialog::captionsOf(host_->job(), buttons());
-    bundle_ = std::make_shared<GtkBundle>(test::kBundle, given);
+    bundle_ = std::make_shared<GtkBundle>(test::builtBundle(), given);
     plugIn_->initWithBundle(bundle_);
     const auto panels = plugIn_->PDEPanelsForType_withHostInfo(platform::kPrinterModuleType, host_);
     panel_ = (*panels)[file.index];
