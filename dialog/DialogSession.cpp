@@ -89,7 +89,7 @@ void DialogSession::startPanels(QueueRead read) {
   tellCarriedOver(read.savedOptions);
   bringToDialog();
   watching_ = watchState_(
-      queue_, [this](const StateRead& read) { page_->tellState(stateLine(read, job_->ppd())); });
+      queue_, [this](const StateRead& state) { page_->tellState(stateLine(state, job_->ppd())); });
 }
 
 /// A program's dialog starts with what was set at its last print, which another document may not

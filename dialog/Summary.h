@@ -7,10 +7,10 @@ namespace cardpanels::dialog {
 
 /// One line of a summary.
 struct SummaryEntry {
-  std::string title;
-  std::string value;
-  bool differs = false;  // from the printer's default
-  std::string remark;    // what else there is to know, such as that a rule changed it
+  std::string title = {};
+  std::string value = {};
+  bool differs = false;     // from the printer's default
+  std::string remark = {};  // what else there is to know, such as that a rule changed it
 };
 
 /// What one panel tells of its options, or what concerns the whole job.

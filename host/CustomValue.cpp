@@ -203,7 +203,7 @@ bool isInBraces(std::string_view text) {
 /// A member's value inside braces, as cupsParseOptions reads it back.
 std::string inBraces(std::string_view value) {
   const bool plain = !value.empty() && value.find_first_of(" \"'\\,{}=") == std::string_view::npos;
-  return plain ? std::string(value) : platform::quoted(value);
+  return plain ? std::string(value) : platform::inQuotes(value);
 }
 
 std::string checkedMembers(const ppd_option_t& option, const std::vector<ppd_cparam_t*>& parameters,

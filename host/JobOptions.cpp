@@ -51,7 +51,7 @@ Mark markFor(const Marks& marks, const ppd_option_t& option, const std::string& 
   }
   throw Error(filled(
       _("“{option}” has no choice {choice}."),
-      {{"option", titleOf(option)}, {"choice", platform::quoted(platform::onOneLine(text))}}));
+      {{"option", titleOf(option)}, {"choice", platform::inQuotes(platform::onOneLine(text))}}));
 }
 
 }  // namespace
@@ -284,7 +284,7 @@ ppd_option_t& JobOptions::found(const std::string& key) const {
   ppd_option_t* const option = findOption(ppd(), key);
   if (option != nullptr) return *option;
   throw Error(filled(_("This printer has no option {option}."),
-                     {{"option", platform::quoted(platform::onOneLine(key))}}));
+                     {{"option", platform::inQuotes(platform::onOneLine(key))}}));
 }
 
 }  // namespace cardpanels::host

@@ -9,7 +9,7 @@ namespace {
 std::string quotedForCups(const std::string& value) {
   const bool plain =
       !value.empty() && value.find_first_of(" \t\r\n\v\f\"'\\{") == std::string::npos;
-  return plain ? value : platform::quoted(value);
+  return plain ? value : platform::inQuotes(value);
 }
 
 std::string quotedForShell(const std::string& word) {

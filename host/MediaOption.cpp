@@ -155,7 +155,7 @@ std::vector<Option> optionsOfMedia(ppd_file_t* ppd, const std::string& value) {
     }
     if (known) continue;
     throw Error(filled(_("This printer has no card size, source or type {name}."),
-                       {{"name", platform::quoted(platform::onOneLine(part))}}));
+                       {{"name", platform::inQuotes(platform::onOneLine(part))}}));
   }
   return options.options();
 }

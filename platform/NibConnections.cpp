@@ -8,20 +8,20 @@ namespace {
 /// Why names of file and owner do not match.
 Text mismatch(const NibOwner& owner, const NibContents& contents) {
   for (const auto& [id, view] : contents.viewsById) {
-    if (owner.outletNamed(id) == nullptr) return "no outlet has the id " + quoted(id);
+    if (owner.outletNamed(id) == nullptr) return "no outlet has the id " + inQuotes(id);
   }
   for (const std::string& handler : contents.handlers) {
-    if (owner.actionNamed(handler) == nullptr) return "no action has the name " + quoted(handler);
+    if (owner.actionNamed(handler) == nullptr) return "no action has the name " + inQuotes(handler);
   }
   for (const Outlet& outlet : owner.outlets()) {
     if (!contents.viewsById.contains(std::string(outlet.name))) {
-      return "nothing has the id of the outlet " + quoted(outlet.name);
+      return "nothing has the id of the outlet " + inQuotes(outlet.name);
     }
   }
   for (const Action& action : owner.actions()) {
     if (std::find(contents.handlers.begin(), contents.handlers.end(), action.name) ==
         contents.handlers.end()) {
-      return "no signal has the action " + quoted(action.name) + " as its handler";
+      return "no signal has the action " + inQuotes(action.name) + " as its handler";
     }
   }
   return std::nullopt;
@@ -34,7 +34,7 @@ Text connectNib(NibOwner& owner, const NibContents& contents) {
   if (!problem) {
     for (const auto& [id, view] : contents.viewsById) {
       if (owner.outletNamed(id)->connect(owner, view)) continue;
-      problem = "the outlet " + quoted(id) + " does not take a " + std::string(view->className());
+      problem = "the outlet " + inQuotes(id) + " does not take a " + std::string(view->className());
       break;
     }
     if (problem) {

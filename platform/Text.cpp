@@ -142,7 +142,7 @@ std::string onOneLine(std::string whole) {
   return line;
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   std::string result;
   appendQuoted(result, text);
   return result;

@@ -34,10 +34,10 @@ bool isASCII(std::string_view bytes);
 std::string onOneLine(std::string whole);
 
 /// `text` in double quotes, with `"` and `\` escaped by a backslash.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 /// Appends `text` as an element of a collection's description: as it stands when it is made of
-/// ASCII letters and digits, else `quoted`.
+/// ASCII letters and digits, else `inQuotes`.
 void appendQuotedUnlessPlain(std::string& out, std::string_view text);
 
 }  // namespace cardpanels::platform

@@ -138,7 +138,7 @@ std::string Driver::perform(const Words& words) {
     return (this->*command.perform)(arguments);
   }
   if (!isPanelName(first))
-    throw CommandError("no command or panel is called " + platform::quoted(first));
+    throw CommandError("no command or panel is called " + platform::inQuotes(first));
   if (words.size() < 2) throw CommandError(first + " wants an operation");
   return performOnPanel(first, present(words[1]), Words(words.begin() + 2, words.end()));
 }

@@ -12,7 +12,7 @@
 namespace cardpanels::drive {
 namespace {
 
-using platform::quoted;
+using platform::inQuotes;
 using platform::Text;
 
 /// The panels' names in a script.
@@ -29,7 +29,7 @@ std::int64_t numberIn(const std::string& text) {
   std::int64_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (error != std::errc() || end != text.data() + text.size() || text.empty()) {
-    throw CommandError(quoted(text) + " is no index");
+    throw CommandError(inQuotes(text) + " is no index");
   }
   return number;
 }
@@ -100,7 +100,7 @@ platform::NibOwner& ownerOf(platform::PrintPanel& panel) {
 std::shared_ptr<platform::View> viewOf(platform::PrintPanel& panel, const Text& outletName) {
   const auto* outlet = ownerOf(panel).outletNamed(present(outletName));
   if (outlet == nullptr) {
-    throw CommandError(std::string(panel.className()) + " has no outlet " + quoted(*outletName));
+    throw CommandError(std::string(panel.className()) + " has no outlet " + inQuotes(*outletName));
   }
   return outlet->view(ownerOf(panel));
 }
@@ -108,10 +108,10 @@ std::shared_ptr<platform::View> viewOf(platform::PrintPanel& panel, const Text& 
 template <class Control>
 std::shared_ptr<Control> controlOf(platform::PrintPanel& panel, const Text& outletName) {
   const auto view = viewOf(panel, outletName);
-  if (!view) throw CommandError("the outlet " + quoted(*outletName) + " is not connected");
+  if (!view) throw CommandError("the outlet " + inQuotes(*outletName) + " is not connected");
   auto control = std::dynamic_pointer_cast<Control>(view);
   if (!control) {
-    throw CommandError("the outlet " + quoted(*outletName) + " is a " +
+    throw CommandError("the outlet " + inQuotes(*outletName) + " is a " +
                        std::string(view->className()));
   }
   return control;
@@ -141,7 +141,7 @@ std::string popUpState(const headless::PopUpButton& popUp) {
   std::string items;
   for (const auto& item : popUp.items()) {
     items += items.empty() ? "" : ", ";
-    items += item->title() ? quoted(*item->title()) : "nil";
+    items += item->title() ? inQuotes(*item->title()) : "nil";
   }
   return "items=(" + items + ") selected=" + std::to_string(popUp.indexOfSelectedItem()) +
          " enabled=" + told(popUp.isEnabled()) + " " + hiddenState(popUp);
@@ -154,7 +154,7 @@ std::string state(platform::PrintPanel& panel, const Words& arguments) {
     return popUpState(*popUp);
   }
   if (const auto field = std::dynamic_pointer_cast<headless::TextField>(view)) {
-    return "text=" + quoted(field->stringValue()) + " " + hiddenState(*field);
+    return "text=" + inQuotes(field->stringValue()) + " " + hiddenState(*field);
   }
   return hiddenState(*view);
 }
@@ -206,7 +206,7 @@ std::string performOperation(platform::PrintPanel& panel, const std::string& ope
     return known->perform(panel, arguments);
   }
   if (performAction(panel, operation)) return "void";
-  throw CommandError(std::string(panel.className()) + " has no operation " + quoted(operation));
+  throw CommandError(std::string(panel.className()) + " has no operation " + inQuotes(operation));
 }
 
 }  // namespace cardpanels::drive

@@ -102,7 +102,7 @@ class Nib {
       const std::string_view id = idOf(object->gobj());
       const auto widget = Glib::RefPtr<Gtk::Widget>::cast_dynamic(object);
       if (!widget) {
-        if (!id.empty()) fail(platform::quoted(id) + " is no view");
+        if (!id.empty()) fail(platform::inQuotes(id) + " is no view");
       } else if (GTK_IS_WINDOW(widget->gobj())) {
         gtk_widget_destroy(widget->gobj());
         anyWindow = true;
@@ -145,7 +145,7 @@ class Nib {
     const auto* const action = owner->actionNamed(handler);
     if (action == nullptr) return;
     const auto view = views_.find(object);
-    if (view == views_.end()) fail(platform::quoted(handler) + " is aimed at by what is no view");
+    if (view == views_.end()) fail(platform::inQuotes(handler) + " is aimed at by what is no view");
     connectAction(view->second, name.c_str(), platform::ActionTarget(owner, *action));
   }
 

@@ -49,7 +49,7 @@ std::string collectionText(ipp_t* collection) {
   for (auto* each = ippFirstAttribute(collection); each != nullptr;
        each = ippNextAttribute(collection)) {
     if (text.size() > 1) text += ' ';
-    text += std::string(ippGetName(each)) + "=" + platform::quoted(attributeText(each));
+    text += std::string(ippGetName(each)) + "=" + platform::inQuotes(attributeText(each));
   }
   return text + "}";
 }

@@ -133,7 +133,7 @@ const std::array kChoices{"None",
                           "Custom.1in 1in 2in 2in"};
 
 /// `text` as one argument of a script.
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   std::string result = "\"";
   for (const char c : text) {
     if (c == '\n') {
@@ -146,7 +146,7 @@ std::string quoted(std::string_view text) {
   return result + "\"";
 }
 
-std::string argument(const std::string& name) { return name == "nil" ? name : quoted(name); }
+std::string argument(const std::string& name) { return name == "nil" ? name : inQuotes(name); }
 
 class Script {
  public:
@@ -178,8 +178,8 @@ class Script {
   std::string number() { return std::to_string(data_.ConsumeIntegralInRange(0, 14)); }
   std::string key() { return argument(one(kKeys)); }
   std::string value() {
-    if (coin()) return quoted(data_.PickValueInArray(kChoices));
-    return coin() ? "nil" : quoted(data_.ConsumeRandomLengthString(100));
+    if (coin()) return inQuotes(data_.PickValueInArray(kChoices));
+    return coin() ? "nil" : inQuotes(data_.ConsumeRandomLengthString(100));
   }
 
   FuzzedDataProvider data_;
