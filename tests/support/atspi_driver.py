@@ -83,6 +83,12 @@ def role_named(name):
     return getattr(Atspi.Role, key)
 
 
+def role_name(node):
+    """The node's role as it is called before and since."""
+    name = node.get_role_name()
+    return "push button" if name == "button" else name
+
+
 def showing(node, role):
     """The controls of that role below the node that show, in reading order. One question to the
     program, where `descendants` asks several of each control."""

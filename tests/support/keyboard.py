@@ -32,7 +32,7 @@ class Keyboard:
         focused = user.Atspi.StateType.FOCUSED
         for each in user.descendants(self._window):
             if each.get_state_set().contains(focused):
-                return each.get_role_name(), each.get_name()
+                return user.role_name(each), each.get_name()
         return self._told
 
     def wait_for_focus(self, role, name):
@@ -54,7 +54,7 @@ class Keyboard:
         node = event.source
         # A page's tab is told after its notebook, which has the focus.
         if event.detail1 and node.get_role_name() != "page tab":
-            self._told = node.get_role_name(), node.get_name()
+            self._told = user.role_name(node), node.get_name()
 
     def _id(self):
         place = self._window.get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
