@@ -9,8 +9,6 @@
 namespace cardpanels::dialog {
 namespace {
 
-constexpr int kLimitSeconds = 10;
-
 /// What the thread and the main loop share.
 struct Reading {
   std::function<void(QueueRead)> done;  // the main loop's
@@ -19,7 +17,7 @@ struct Reading {
 
 QueueRead read(const std::string& queue, const std::atomic<bool>& abandoned) {
   try {
-    auto found = host::openQueue({queue, ""}, kLimitSeconds, abandoned);
+    auto found = host::openQueue({queue, ""}, {.abandoned = &abandoned});
     return {std::move(found.ppd), {}, std::move(found.savedOptions)};
   } catch (const std::exception& error) {
     return {nullptr, error.what()};

@@ -13,11 +13,9 @@ struct StateWatch::Listener {
 
 namespace {
 
-constexpr int kLimitSeconds = 10;
-
 StateRead read(const std::string& queue, const std::atomic<bool>& abandoned) {
   try {
-    return {host::printerState(queue, kLimitSeconds, abandoned)};
+    return {host::printerState(queue, {.abandoned = &abandoned})};
   } catch (const std::exception& error) {
     return {{}, error.what()};
   }

@@ -1,10 +1,13 @@
 #include "host/Destination.h"
 
-#include <string>
+#include <array>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "host/Error.h"
 #include "host/PrintServer.h"
+#include "host/SavedOptions.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 
@@ -14,55 +17,100 @@ namespace {
 using platform::_;
 using platform::filled;
 
-const char* orNull(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
+constexpr std::array<const char*, 5> kAttributes{
+    "printer-name", "printer-defaults", "media-default", "job-sheets-default", "member-names"};
+constexpr std::string_view kDefaultEnding = "-default";
 
-/// Asks for `queue`, or for the server's default when it is empty. libcups' own search goes on to
-/// look for printers on the network, without a time limit.
-ipp_status_t asked(http_t* http, const std::string& queue) {
-  Ipp request =
+/// Get-Printer-Attributes, or CUPS-Get-Default when `queue` is empty. Nothing when there is no
+/// such queue.
+Ipp attributesOf(Talk& talk, const std::string& queue) {
+  const Ipp request =
       queueRequest(queue.empty() ? IPP_OP_CUPS_GET_DEFAULT : IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
-  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
-               "printer-name");
-  answered(http, std::move(request));
-  return cupsLastError();
+  ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                static_cast<int>(kAttributes.size()), nullptr, kAttributes.data());
+  Ipp answer = talk.ask(request);
+  if (ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND) return nullptr;
+  if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
+  return answer;
 }
 
-void checkQueue(http_t* http, const std::string& queue) {
-  const ipp_status_t status = asked(http, queue);
-  if (status <= IPP_STATUS_OK_CONFLICTING) return;
-  if (status != IPP_STATUS_ERROR_NOT_FOUND) failAtServer(cupsLastErrorString());
-  if (queue.empty()) return;  // the user's settings may still name a default
-  failWithoutQueue(queue);
+bool isOptionsValue(ipp_tag_t tag) {
+  switch (tag) {
+    case IPP_TAG_BOOLEAN:
+    case IPP_TAG_ENUM:
+    case IPP_TAG_INTEGER:
+    case IPP_TAG_KEYWORD:
+    case IPP_TAG_NAME:
+    case IPP_TAG_RANGE: return true;
+    default: return false;
+  }
 }
 
-/// libcups takes an instance that nobody has saved for one without options.
-void checkInstance(http_t* http, const QueueName& name) {
-  if (name.instance.empty()) return;
-  Dests all;
-  all.count = cupsGetDests2(http, &all.list);
-  if (cupsGetDest(orNull(name.queue), name.instance.c_str(), all.count, all.list) != nullptr)
-    return;
-  throw Error(filled(_("The queue {queue} has no instance {instance}."),
-                     {{"queue", name.queue}, {"instance", platform::onOneLine(name.instance)}}));
+/// The value as an option has it.
+std::string valueOf(ipp_attribute_t* attribute) {
+  // ippAttributeString would escape quotes.
+  const char* const exact = ippGetString(attribute, 0, nullptr);
+  if (exact != nullptr && ippGetCount(attribute) == 1) return exact;
+  std::array<char, 4096> text{};
+  ippAttributeString(attribute, text.data(), text.size());
+  return text.data();
+}
+
+/// What the server adds to a job that lacks it, as `lp` and other programs see it: notifications
+/// and the quality are left to the server.
+OptionList defaultsIn(ipp_t* attributes) {
+  OptionList defaults;
+  for (ipp_attribute_t* each = ippFirstAttribute(attributes); each != nullptr;
+       each = ippNextAttribute(attributes)) {
+    const char* const name = ippGetName(each);
+    if (name == nullptr || !isOptionsValue(ippGetValueTag(each))) continue;
+    const std::string_view whole = name;
+    if (whole.size() <= kDefaultEnding.size() ||
+        whole.substr(whole.size() - kDefaultEnding.size()) != kDefaultEnding ||
+        whole.substr(0, 7) == "notify-" || whole.substr(0, 14) == "print-quality-") {
+      continue;
+    }
+    defaults.set(
+        {std::string(whole.substr(0, whole.size() - kDefaultEnding.size())), valueOf(each)});
+  }
+  return defaults;
+}
+
+std::vector<std::string> textsIn(ipp_t* answer, const char* name) {
+  std::vector<std::string> texts;
+  ipp_attribute_t* const attribute = ippFindAttribute(answer, name, IPP_TAG_ZERO);
+  for (int i = 0; i < ippGetCount(attribute); ++i) {
+    const char* const text = ippGetString(attribute, i, nullptr);
+    if (text != nullptr) texts.emplace_back(text);
+  }
+  return texts;
 }
 
 }  // namespace
 
-Dest destOf(http_t* http, const QueueName& name) {
-  checkQueue(http, name.queue);
-  checkInstance(http, name);
-  Dest dest(cupsGetNamedDest(http, orNull(name.queue), orNull(name.instance)));
-  if (dest) return dest;
-  if (name.queue.empty()) throw Error(_("There is no default queue; name one."));
-  failAtServer(cupsLastErrorString());
-}
-
-QueueName nameOf(const cups_dest_t& dest) {
-  return {dest.name, dest.instance == nullptr ? "" : dest.instance};
-}
-
-std::span<const cups_option_t> optionsOf(const cups_dest_t& dest) {
-  return {dest.options, static_cast<std::size_t>(dest.num_options)};
+Destination destinationOf(Talk& talk, const QueueName& name) {
+  QueueName wanted = name.queue.empty() ? userDefault() : name;
+  const Ipp attributes = attributesOf(talk, wanted.queue);
+  if (!attributes) {
+    if (wanted.queue.empty()) throw Error(_("There is no default queue; name one."));
+    failWithoutQueue(wanted.queue);
+  }
+  const auto names = textsIn(attributes.get(), "printer-name");
+  if (names.empty() || names.front().empty()) failAtServer(_("It does not tell the queue's name."));
+  wanted.queue = names.front();
+  auto saved = savedUnder(wanted);
+  if (!saved && !wanted.instance.empty()) {
+    throw Error(filled(_("The queue {queue} has no instance {instance}."),
+                       {{"queue", platform::onOneLine(wanted.queue)},
+                        {"instance", platform::onOneLine(wanted.instance)}}));
+  }
+  Destination destination{std::move(wanted), defaultsIn(attributes.get()),
+                          textIn(attributes.get(), "media-default"),
+                          textsIn(attributes.get(), "member-names")};
+  if (saved) {
+    for (const Option& each : saved->options()) destination.options.set(each);
+  }
+  return destination;
 }
 
 }  // namespace cardpanels::host

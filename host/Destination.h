@@ -1,35 +1,26 @@
 #pragma once
 
-#include <cups/cups.h>
+#include <string>
+#include <vector>
 
-#include <memory>
-#include <span>
-
+#include "host/JobOption.h"
 #include "host/Queue.h"
+#include "host/Talk.h"
 
 namespace cardpanels::host {
 
-struct DestFreer {
-  void operator()(cups_dest_t* dest) const { cupsFreeDests(1, dest); }
-};
-using Dest = std::unique_ptr<cups_dest_t, DestFreer>;
-
-/// All queues and their instances; libcups moves the list when one is added.
-struct Dests {
-  Dests() = default;
-  Dests(const Dests&) = delete;
-  Dests& operator=(const Dests&) = delete;
-  ~Dests() { cupsFreeDests(count, list); }
-  int count = 0;
-  cups_dest_t* list = nullptr;
+/// What a job for a queue starts from.
+struct Destination {
+  QueueName name;
+  /// The server's defaults of the queue, and over them what the user and the administrator have
+  /// saved.
+  OptionList options;
+  std::string serverMedia;  // the `media` that the server adds to jobs without; "" for none
+  std::vector<std::string> members;  // the queues of a class
 };
 
-/// What libcups knows of `name`, with the user's and the administrator's saved options. Throws
-/// `Error` when there is no such queue or instance.
-Dest destOf(http_t* http, const QueueName& name);
-
-QueueName nameOf(const cups_dest_t& dest);
-
-std::span<const cups_option_t> optionsOf(const cups_dest_t& dest);
+/// Asks for `name`; when its queue is empty, for the default, whatever its instance. Throws `Error`
+/// when there is no such queue or instance.
+Destination destinationOf(Talk& talk, const QueueName& name);
 
 }  // namespace cardpanels::host

@@ -2,16 +2,16 @@
 
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <optional>
 #include <system_error>
+#include <utility>
 
 #include "host/Error.h"
 #include "platform/Messages.h"
+#include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
@@ -19,54 +19,73 @@ namespace {
 using platform::_;
 using platform::filled;
 
-/// Fetches the queue's PPD into a new file, whose path it answers in `path`.
-http_status_t fetchPPD(http_t* http, const std::string& queue, std::string& path) {
-  path = (std::filesystem::temp_directory_path() / "cardpanels-XXXXXX").string();
-  const int file = mkstemp(path.data());
-  if (file < 0) throw Error(path + ": " + std::generic_category().message(errno));
-  const http_status_t status = cupsGetFd(http, ("/printers/" + queue + ".ppd").c_str(), file);
-  close(file);
-  return status;
+constexpr std::size_t kMebibyte = 1UL << 20U;
+constexpr std::size_t kLargestPPD = 16 * kMebibyte;
+
+std::optional<std::string> textOf(Talk& talk, const std::string& queue) {
+  return talk.get("/printers/" + queue + ".ppd", kLargestPPD);
 }
 
-/// The same for a class, which has the PPD of one of its printers. libcups makes a connection of
-/// its own for that, without a time limit.
-http_status_t fetchClassPPD(http_t* http, const std::string& queue, std::string& path) {
-  std::array<char, 1024> found{};
-  time_t modified = 0;
-  const http_status_t status =
-      cupsGetPPD3(http, queue.c_str(), &modified, found.data(), found.size());
-  path = found.data();
-  return status;
+std::optional<std::string> textOf(Talk& talk, const Destination& destination) {
+  auto text = textOf(talk, destination.name.queue);
+  for (const std::string& each : destination.members) {
+    if (text) break;
+    text = textOf(talk, each);
+  }
+  return text;
 }
+
+/// A file that goes away with this.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(const std::string& text)
+      : path_((std::filesystem::temp_directory_path() / "cardpanels-XXXXXX").string()) {
+    const int file = mkstemp(path_.data());
+    if (file < 0) fail();
+    close(file);
+    errno = 0;
+    if (!(std::ofstream(path_, std::ios::binary) << text).flush()) {
+      unlink(path_.c_str());
+      fail();
+    }
+  }
+  ~TemporaryFile() { unlink(path_.c_str()); }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  const std::string& path() const { return path_; }
+
+ private:
+  [[noreturn]] void fail() const {
+    throw Error(path_ + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
+  }
+
+  std::string path_;
+};
 
 }  // namespace
 
-FetchedPPD::FetchedPPD(http_t* http, const std::string& queue) : queue_(queue) {
-  http_status_t status = fetchPPD(http, queue, path_);
-  if (status == HTTP_STATUS_NOT_FOUND) {
-    unlink(path_.c_str());
-    status = fetchClassPPD(http, queue, path_);
+FetchedPPD::FetchedPPD(Talk& talk, const Destination& destination)
+    : queue_(platform::onOneLine(destination.name.queue)) {
+  std::optional<std::string> text;
+  try {
+    text = textOf(talk, destination);
+  } catch (const Talk::TooLarge&) {
+    throw Error(filled(_("The PPD of the queue {queue} is larger than {size} MiB."),
+                       {{"queue", queue_}, {"size", std::to_string(kLargestPPD / kMebibyte)}}));
+  } catch (const PasswordNeeded&) {
+    throw;
+  } catch (const Error& error) {
+    throw Error(filled(_("The PPD of the queue {queue} cannot be had: {reason}"),
+                       {{"queue", queue_}, {"reason", error.what()}}));
   }
-  if (status == HTTP_STATUS_OK) return;
-  const std::string reason = cupsLastErrorString();
-  unlink(path_.c_str());
-  if (status == HTTP_STATUS_NOT_FOUND) {
-    throw Error(filled(_("The queue {queue} has no PPD."), {{"queue", queue}}));
-  }
-  throw Error(filled(_("The PPD of the queue {queue} cannot be had: {reason}"),
-                     {{"queue", queue}, {"reason", reason}}));
-}
-
-FetchedPPD::~FetchedPPD() { unlink(path_.c_str()); }
-
-std::string FetchedPPD::text() const {
-  std::ifstream file(path_, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  if (!text) throw Error(filled(_("The queue {queue} has no PPD."), {{"queue", queue_}}));
+  text_ = std::move(*text);
 }
 
 PPDFile FetchedPPD::open() const {
-  return openPPD(path_, filled(_("queue {queue}"), {{"queue", queue_}}));
+  const TemporaryFile file(text_);
+  return openPPD(file.path(), filled(_("queue {queue}"), {{"queue", queue_}}));
 }
 
 }  // namespace cardpanels::host

@@ -7,44 +7,25 @@
 #include "platform/Text.h"
 
 namespace cardpanels::host {
-namespace {
 
 using platform::_;
 using platform::filled;
 
-constexpr double kInterval = 0.1;  // seconds of silence after which a `Waiting` is asked
-
-int giveUp(http_t* /*http*/, void* /*data*/) { return 0; }
-
-int goesOn(http_t* /*http*/, void* data) {
-  const auto& waiting = *static_cast<const Waiting*>(data);
-  return !waiting.abandoned && std::chrono::steady_clock::now() < waiting.end ? 1 : 0;
-}
-
-}  // namespace
-
-Http connected(int seconds) {
-  Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                         seconds * 1000, nullptr));
-  if (!http) failAtServer(cupsLastErrorString());
-  httpSetTimeout(http.get(), seconds, giveUp, nullptr);
-  return http;
-}
-
-Http connected(int seconds, Waiting& waiting) {
-  Http http = connected(seconds);
-  httpSetTimeout(http.get(), kInterval, goesOn, &waiting);
-  return http;
+std::string serverName() {
+  const std::string server = cupsServer();
+  if (server.substr(0, 1) == "/") return server;
+  const bool isIPv6 = server.find(':') != std::string::npos && server.substr(0, 1) != "[";
+  return (isIPv6 ? "[" + server + "]" : server) + ":" + std::to_string(ippPort());
 }
 
 void failAtServer(const std::string& reason) {
   throw Error(filled(_("The print server {server} cannot be asked: {reason}"),
-                     {{"server", cupsServer()}, {"reason", reason}}));
+                     {{"server", serverName()}, {"reason", platform::onOneLine(reason)}}));
 }
 
 void failWithoutQueue(const std::string& queue) {
   throw Error(filled(_("The print server {server} has no queue {queue}."),
-                     {{"server", cupsServer()}, {"queue", platform::onOneLine(queue)}}));
+                     {{"server", serverName()}, {"queue", platform::onOneLine(queue)}}));
 }
 
 Ipp queueRequest(ipp_op_t operation, const std::string& queue) {
@@ -60,8 +41,17 @@ Ipp queueRequest(ipp_op_t operation, const std::string& queue) {
   return request;
 }
 
-Ipp answered(http_t* http, Ipp request, const std::string& path) {
-  return Ipp(cupsDoRequest(http, request.release(), path.c_str()));
+bool isGranted(ipp_t* answer) { return ippGetStatusCode(answer) <= IPP_STATUS_OK_CONFLICTING; }
+
+std::string statusText(ipp_t* answer) {
+  const std::string text = textIn(answer, "status-message");
+  return text.empty() ? ippErrorString(ippGetStatusCode(answer)) : text;
+}
+
+std::string textIn(ipp_t* answer, const char* attribute) {
+  const char* const text =
+      ippGetString(ippFindAttribute(answer, attribute, IPP_TAG_ZERO), 0, nullptr);
+  return text == nullptr ? "" : platform::onOneLine(text);
 }
 
 }  // namespace cardpanels::host

@@ -2,12 +2,11 @@
 
 #include <cups/cups.h>
 
-#include <atomic>
-#include <chrono>
 #include <memory>
 #include <string>
 
-/// Asking the print server that libcups' settings name (`CUPS_SERVER` and the rest).
+/// What is said to and about the print server that libcups' settings name (`CUPS_SERVER` and the
+/// rest).
 namespace cardpanels::host {
 
 struct HttpCloser {
@@ -20,18 +19,8 @@ struct IppDeleter {
 };
 using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
 
-/// How long a thread waits for the server that somebody may stop waiting for.
-struct Waiting {
-  std::chrono::steady_clock::time_point end;
-  const std::atomic<bool>& abandoned;
-};
-
-/// A connection that gives up on a server that is silent for `seconds`. Throws `Error`.
-Http connected(int seconds);
-
-/// One that gives up after `seconds` of being connected, or soon after `waiting` has ended, which
-/// must outlive it.
-Http connected(int seconds, Waiting& waiting);
+/// The server and its port, or its socket.
+std::string serverName();
 
 /// Throws the `Error` that the server cannot be asked.
 [[noreturn]] void failAtServer(const std::string& reason);
@@ -42,8 +31,13 @@ Http connected(int seconds, Waiting& waiting);
 /// A request about `queue`, as the user; about no queue in particular when that is empty.
 Ipp queueRequest(ipp_op_t operation, const std::string& queue);
 
-/// Sends `request` to `path` and answers what came, perhaps nothing; `cupsLastError` tells how it
-/// went.
-Ipp answered(http_t* http, Ipp request, const std::string& path = "/");
+/// Whether `answer` grants what was asked.
+bool isGranted(ipp_t* answer);
+
+/// What the server says of `answer`, on one line.
+std::string statusText(ipp_t* answer);
+
+/// A text of an answer, on one line; "" for none.
+std::string textIn(ipp_t* answer, const char* attribute);
 
 }  // namespace cardpanels::host

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <atomic>
 #include <string>
 #include <vector>
+
+#include "host/Terms.h"
 
 namespace cardpanels::host {
 
@@ -15,9 +16,8 @@ struct PrinterState {
   bool operator==(const PrinterState&) const = default;
 };
 
-/// Asks the print server for the state of `queue`. Blocks meanwhile; gives up after `seconds` of
-/// waiting in all, and soon after `abandoned` has become true. Throws `Error`.
-PrinterState printerState(const std::string& queue, int seconds,
-                          const std::atomic<bool>& abandoned);
+/// Asks the print server for the state of `queue`, and waits for that as long as `terms` say.
+/// Throws `Error`.
+PrinterState printerState(const std::string& queue, const Terms& terms = {});
 
 }  // namespace cardpanels::host

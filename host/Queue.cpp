@@ -1,8 +1,5 @@
 #include "host/Queue.h"
 
-#include <cups/cups.h>
-
-#include <cerrno>
 #include <system_error>
 #include <utility>
 
@@ -11,8 +8,10 @@
 #include "host/FetchedPPD.h"
 #include "host/MediaOption.h"
 #include "host/PPDRecords.h"
-#include "host/PrintServer.h"
+#include "host/Question.h"
+#include "host/SavedOptions.h"
 #include "platform/Messages.h"
+#include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
@@ -20,13 +19,13 @@ namespace {
 using platform::_;
 using platform::filled;
 
-Queue queueAt(http_t* http, const QueueName& name) {
-  const Dest dest = destOf(http, name);
-  const FetchedPPD ppd(http, dest->name);
-  Queue queue{nameOf(*dest), {}, ppd.open(), ppd.text()};
-  for (const cups_option_t& each : optionsOf(*dest)) {
-    if (findOption(queue.ppd.get(), each.name) != nullptr || isMedia(queue.ppd.get(), each.name)) {
-      queue.savedOptions.push_back({each.name, each.value});
+Queue queueOver(Talk& talk, const QueueName& name) {
+  const Destination destination = destinationOf(talk, name);
+  const FetchedPPD ppd(talk, destination);
+  Queue queue{destination.name, {}, ppd.open(), ppd.text()};
+  for (Option& each : destination.options.options()) {
+    if (findOption(queue.ppd.get(), each.key) != nullptr || isMedia(queue.ppd.get(), each.key)) {
+      queue.savedOptions.push_back(std::move(each));
     }
   }
   return queue;
@@ -42,33 +41,22 @@ QueueName QueueName::parse(const std::string& text) {
 
 std::string QueueName::text() const { return instance.empty() ? queue : queue + "/" + instance; }
 
-Queue openQueue(const QueueName& name, int seconds) {
-  return queueAt(connected(seconds).get(), name);
+Queue openQueue(const QueueName& name, const Terms& terms) {
+  return answerOfServer<Queue>(terms, [name](Talk& talk) { return queueOver(talk, name); });
 }
 
-Queue openQueue(const QueueName& name, int seconds, const std::atomic<bool>& abandoned) {
-  Waiting waiting{std::chrono::steady_clock::now() + std::chrono::seconds(seconds), abandoned};
-  return queueAt(connected(seconds, waiting).get(), name);
-}
-
-void saveOptions(const QueueName& name, const std::vector<Option>& options, int seconds) {
-  const Http http = connected(seconds);
-  const QueueName known = nameOf(*destOf(http.get(), {name.queue, ""}));
-  Dests dests;
-  dests.count = cupsGetDests2(http.get(), &dests.list);
-  const char* const instance = name.instance.empty() ? nullptr : name.instance.c_str();
-  dests.count = cupsAddDest(known.queue.c_str(), instance, dests.count, &dests.list);
-  cups_dest_t* const dest = cupsGetDest(known.queue.c_str(), instance, dests.count, dests.list);
-  for (const Option& each : options) {
-    dest->num_options =
-        cupsAddOption(each.key.c_str(), each.value.c_str(), dest->num_options, &dest->options);
+void saveOptions(const QueueName& name, const std::vector<Option>& options, const Terms& terms) {
+  QueueName known = answerOfServer<QueueName>(terms, [name](Talk& talk) {
+    return destinationOf(talk, {name.queue, ""}).name;
+  });
+  known.instance = name.instance;
+  try {
+    saveUnder(known, options);
+  } catch (const std::system_error& error) {
+    throw Error(
+        filled(_("The options of the queue {queue} cannot be saved: {reason}"),
+               {{"queue", platform::onOneLine(known.text())}, {"reason", error.code().message()}}));
   }
-  if (cupsSetDests2(http.get(), dests.count, dests.list) == 0) return;
-  const std::string reason = cupsLastError() <= IPP_STATUS_OK_CONFLICTING
-                                 ? std::generic_category().message(errno)
-                                 : cupsLastErrorString();
-  throw Error(filled(_("The options of the queue {queue} cannot be saved: {reason}"),
-                     {{"queue", name.text()}, {"reason", reason}}));
 }
 
 }  // namespace cardpanels::host

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <atomic>
 #include <string>
 #include <vector>
 
 #include "host/JobOption.h"
 #include "host/PPDFile.h"
+#include "host/Terms.h"
 
 namespace cardpanels::host {
 
@@ -32,17 +32,14 @@ struct Queue {
 };
 
 /// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default
-/// queue when its queue is empty. Gives up on a server that is silent for `seconds`. Blocks
-/// meanwhile. Throws `Error` with the queue's or the server's name.
-Queue openQueue(const QueueName& name, int seconds = 10);
-
-/// The same for a thread that somebody may stop waiting for: gives up after `seconds` of waiting in
-/// all, and soon after `abandoned` has become true.
-Queue openQueue(const QueueName& name, int seconds, const std::atomic<bool>& abandoned);
+/// queue when its queue is empty, and waits for that as long as `terms` say. Throws `Error` with
+/// the queue's or the server's name, `PasswordNeeded` for a server that wants another login.
+Queue openQueue(const QueueName& name, const Terms& terms = {});
 
 /// Saves `options` under the queue's instance in the user's own settings, as `lpoptions` does,
-/// without disturbing other saved options. The instance need not exist yet. Throws `Error` as
-/// `openQueue` does.
-void saveOptions(const QueueName& name, const std::vector<Option>& options, int seconds = 10);
+/// without disturbing other saved options. The instance need not exist yet. Throws as `openQueue`
+/// does.
+void saveOptions(const QueueName& name, const std::vector<Option>& options,
+                 const Terms& terms = {});
 
 }  // namespace cardpanels::host

@@ -2,10 +2,11 @@
 
 #include <cups/cups.h>
 
-#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <mutex>
 #include <system_error>
 #include <utility>
 
@@ -14,7 +15,9 @@
 #include "host/MediaOption.h"
 #include "host/PPDRecords.h"
 #include "host/PrintServer.h"
+#include "host/Question.h"
 #include "platform/Messages.h"
+#include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
@@ -44,9 +47,15 @@ std::vector<OpenFile> opened(const std::vector<std::string>& files) {
   return all;
 }
 
-/// Makes a job and answers its id, 0 when the server refuses. Values in braces go as names:
-/// libcups would make collections of them, and cupsd hands none of those to the filters.
-int createdJob(http_t* http, const std::string& queue, const std::string& title,
+/// Throws the `Error` that the queue does not take the job.
+[[noreturn]] void failAtJob(const std::string& queue, const std::string& reason) {
+  throw Error(filled(_("The queue {queue} does not take the job: {reason}"),
+                     {{"queue", platform::onOneLine(queue)}, {"reason", reason}}));
+}
+
+/// Makes a job and answers its id. Values in braces go as names: libcups would make collections of
+/// them, and cupsd hands none of those to the filters.
+int createdJob(Talk& talk, const std::string& queue, const std::string& title,
                const OptionList& saved, const std::vector<Option>& options) {
   OptionList encoded(saved.options());
   std::vector<Option> inBraces;
@@ -58,7 +67,7 @@ int createdJob(http_t* http, const std::string& queue, const std::string& title,
       encoded.set(each);
     }
   }
-  Ipp message = queueRequest(IPP_OP_CREATE_JOB, queue);
+  const Ipp message = queueRequest(IPP_OP_CREATE_JOB, queue);
   ipp_t* const request = message.get();
   ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, title.c_str());
   cupsEncodeOptions2(request, encoded.count, encoded.list, IPP_TAG_OPERATION);
@@ -67,79 +76,88 @@ int createdJob(http_t* http, const std::string& queue, const std::string& title,
     ippAddString(request, IPP_TAG_JOB, IPP_TAG_NAME, each.key.c_str(), nullptr, each.value.c_str());
   }
   cupsEncodeOptions2(request, encoded.count, encoded.list, IPP_TAG_SUBSCRIPTION);
-  const Ipp answer = answered(http, std::move(message), "/printers/" + queue);
-  return ippGetInteger(ippFindAttribute(answer.get(), "job-id", IPP_TAG_INTEGER), 0);
+  const Ipp answer = talk.ask(message, "/printers/" + queue);
+  if (!isGranted(answer.get())) failAtJob(queue, statusText(answer.get()));
+  const int id = ippGetInteger(ippFindAttribute(answer.get(), "job-id", IPP_TAG_INTEGER), 0);
+  if (id <= 0) failAtJob(queue, _("It does not tell the job's number."));
+  return id;
 }
 
-/// A job that the server has made but not got whole; it is cancelled unless it is complete.
+/// A request about the job `id`.
+Ipp jobRequest(ipp_op_t operation, const std::string& queue, int id) {
+  Ipp request = queueRequest(operation, queue);
+  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", id);
+  return request;
+}
+
+void sendDocument(Talk& talk, const std::string& queue, int id, OpenFile& file,
+                  const std::string& format, bool isLast) {
+  const Ipp request = jobRequest(IPP_OP_SEND_DOCUMENT, queue, id);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "document-name", nullptr,
+               file.name.c_str());
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
+               format.c_str());
+  ippAddBoolean(request.get(), IPP_TAG_OPERATION, "last-document", isLast ? 1 : 0);
+  const Ipp answer = talk.send(request, "/printers/" + queue, file.stream);
+  if (!isGranted(answer.get())) failAtJob(queue, statusText(answer.get()));
+}
+
+/// Cancels the job `id` over a connection of its own. Throws `Error` when that cannot be done.
+void cancelJob(const std::string& queue, int id, const Terms& terms) {
+  askServer(terms, [queue, id](Talk& talk) {
+    const Ipp answer = talk.ask(jobRequest(IPP_OP_CANCEL_JOB, queue, id), "/printers/" + queue);
+    if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
+  });
+}
+
+/// How far a job is that one thread makes and another waits for.
 class NewJob {
  public:
-  /// Takes the id that `createdJob` answers.
-  NewJob(http_t* http, std::string queue, int id) : http_(http), queue_(std::move(queue)), id_(id) {
-    if (id_ == 0) fail();
+  /// For the thread that makes it. Answers false when nobody waits for it any more.
+  bool begin(const std::string& queue, int id) {
+    const std::lock_guard lock(mutex_);
+    queue_ = queue;
+    id_ = id;
+    return !isGivenUp_;
   }
-  ~NewJob() {
-    if (!complete_) cupsCancelJob2(http_, queue_.c_str(), id_, 0);
-  }
-  NewJob(const NewJob&) = delete;
-  NewJob& operator=(const NewJob&) = delete;
-
-  void send(OpenFile& file, const char* format, bool isLast) {
-    if (cupsStartDocument(http_, queue_.c_str(), id_, file.name.c_str(), format, isLast ? 1 : 0) !=
-        HTTP_STATUS_CONTINUE) {
-      fail();
-    }
-    std::array<char, 1UL << 16U> buffer{};
-    while (file.stream.read(buffer.data(), buffer.size()) || file.stream.gcount() > 0) {
-      const auto length = static_cast<std::size_t>(file.stream.gcount());
-      if (cupsWriteRequestData(http_, buffer.data(), length) != HTTP_STATUS_CONTINUE) fail();
-    }
-    if (cupsFinishDocument(http_, queue_.c_str()) > IPP_STATUS_OK_CONFLICTING) fail();
-    complete_ = isLast;
+  void complete() {
+    const std::lock_guard lock(mutex_);
+    isComplete_ = true;
   }
 
-  int id() const { return id_; }
+  /// For the thread that waits. Answers the id of the job that is still to be cancelled, 0 for
+  /// none.
+  int giveUp() {
+    const std::lock_guard lock(mutex_);
+    isGivenUp_ = true;
+    return isComplete_ ? 0 : id_;
+  }
+  /// When it has been given up.
+  const std::string& queue() const { return queue_; }
 
  private:
-  [[noreturn]] void fail() const {
-    throw Error(filled(_("The queue {queue} does not take the job: {reason}"),
-                       {{"queue", queue_}, {"reason", cupsLastErrorString()}}));
-  }
-
-  http_t* http_;
+  std::mutex mutex_;
   std::string queue_;
-  int id_;
-  bool complete_ = false;
+  int id_ = 0;
+  bool isComplete_ = false;
+  bool isGivenUp_ = false;
 };
 
-OptionList savedBesides(const cups_dest_t& dest, ppd_file_t* ppd) {
+OptionList savedBesides(const OptionList& options, ppd_file_t* ppd) {
   OptionList saved;
-  for (const cups_option_t& each : optionsOf(dest)) {
-    const bool isOfPPD = findOption(ppd, each.name) != nullptr || isMedia(ppd, each.name);
-    if (!isOfPPD) saved.set({each.name, each.value});
+  for (const Option& each : options.options()) {
+    const bool isOfPPD = findOption(ppd, each.key) != nullptr || isMedia(ppd, each.key);
+    if (!isOfPPD) saved.set(each);
   }
   return saved;
 }
 
-/// The value of `media` that the server adds to jobs without one; "" for none.
-std::string serverMedia(http_t* http, const std::string& queue) {
-  Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
-  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
-               "media-default");
-  const Ipp answer = answered(http, std::move(request));
-  const char* const media =
-      ippGetString(ippFindAttribute(answer.get(), "media-default", IPP_TAG_ZERO), 0, nullptr);
-  return media == nullptr ? "" : media;
-}
-
 /// The size goes out once, as the PPD names it, but for a server that would add another one under
 /// the name `media`.
-std::vector<Option> withMedia(const std::vector<Option>& options, http_t* http,
-                              const cups_dest_t& dest, ppd_file_t* ppd) {
-  const char* const saved = cupsGetOption("media", dest.num_options, dest.options);
-  if (saved == nullptr || !isMedia(ppd, "media") || serverMedia(http, dest.name) != saved) {
-    return options;
-  }
+std::vector<Option> withMedia(const std::vector<Option>& options, const Destination& destination,
+                              ppd_file_t* ppd) {
+  const platform::Text saved = destination.options.value("media");
+  if (!saved || !isMedia(ppd, "media") || destination.serverMedia != *saved) return options;
   std::vector<Option> all = options;
   for (const Option& each : options) {
     if (isPageSize(*findOption(ppd, each.key))) all.push_back({"media", each.value});
@@ -147,27 +165,61 @@ std::vector<Option> withMedia(const std::vector<Option>& options, http_t* http,
   return all;
 }
 
-}  // namespace
-
-int submitJob(const Submission& job, int seconds) {
-  std::vector<OpenFile> documents = opened(job.files);
-  const Http http = connected(seconds);
-  const Dest dest = destOf(http.get(), job.queue);
-  const FetchedPPD ppd(http.get(), dest->name);
+int made(Talk& talk, const Submission& job, std::vector<OpenFile>& files, NewJob& progress,
+         const Terms& cancelling) {
+  const Destination destination = destinationOf(talk, job.queue);
+  const std::string& queue = destination.name.queue;
+  const FetchedPPD ppd(talk, destination);
   if (job.ppdText && *job.ppdText != ppd.text()) {
     throw PPDChanged(
         filled(_("The options of the queue {queue} have changed meanwhile. Nothing was "
                  "printed."),
-               {{"queue", dest->name}}));
+               {{"queue", platform::onOneLine(queue)}}));
   }
   const PPDFile records = ppd.open();
-  const OptionList saved = savedBesides(*dest, records.get());
+  const OptionList saved = savedBesides(destination.options, records.get());
   const std::string format = saved.value("document-format").value_or(CUPS_FORMAT_AUTO);
-  NewJob made(http.get(), dest->name,
-              createdJob(http.get(), dest->name, job.title, saved,
-                         withMedia(job.options, http.get(), *dest, records.get())));
-  for (OpenFile& each : documents) made.send(each, format.c_str(), &each == &documents.back());
-  return made.id();
+  const int id =
+      createdJob(talk, queue, job.title, saved, withMedia(job.options, destination, records.get()));
+  if (!progress.begin(queue, id)) {
+    cancelJob(queue, id, cancelling);
+    return 0;
+  }
+  for (OpenFile& each : files) {
+    sendDocument(talk, queue, id, each, format, &each == &files.back());
+  }
+  progress.complete();
+  return id;
+}
+
+/// Cancels the job that has failed with `error`. Throws `Error` with both when that cannot be done.
+void cancelAfter(const Error& error, const std::string& queue, int id, const Terms& terms) {
+  try {
+    cancelJob(queue, id, terms);
+  } catch (const Error& failure) {
+    throw Error(error.what() +
+                (" " + filled(_("The job {job} could not be cancelled: {reason}"),
+                              {{"job", platform::onOneLine(queue) + "-" + std::to_string(id)},
+                               {"reason", failure.what()}})));
+  }
+}
+
+}  // namespace
+
+int submitJob(const Submission& job, const Terms& terms) {
+  const auto files = std::make_shared<std::vector<OpenFile>>(opened(job.files));
+  const auto progress = std::make_shared<NewJob>();
+  Terms cancelling = terms;
+  cancelling.abandoned = nullptr;
+  try {
+    return answerOfServer<int>(terms, [job, files, progress, cancelling](Talk& talk) {
+      return made(talk, job, *files, *progress, cancelling);
+    });
+  } catch (const Error& error) {
+    const int id = progress->giveUp();
+    if (id != 0) cancelAfter(error, progress->queue(), id, cancelling);
+    throw;
+  }
 }
 
 }  // namespace cardpanels::host

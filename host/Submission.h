@@ -27,8 +27,10 @@ struct Submission {
 
 /// Sends `job` with those saved options of the queue besides that the PPD does not know, such as
 /// `copies`, and answers its id. What the PPD knows is in the job's options, or was left out.
-/// Throws `PPDChanged`, `Error` as `openQueue` does, and for a file that cannot be read; then
-/// nothing is printed.
-int submitJob(const Submission& job, int seconds = 10);
+/// Until there is a job it waits as long as `terms` say, then until the server takes nothing more
+/// of the files for that time. Throws `PPDChanged`, as `openQueue` does, and `Error` for a file
+/// that cannot be read; then nothing is printed: a job that is not whole is cancelled, and told of
+/// by its number where that fails.
+int submitJob(const Submission& job, const Terms& terms = {});
 
 }  // namespace cardpanels::host

@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "apps/cardprint/Password.h"
 #include "dialog/AreaFaults.h"
 #include "dialog/AreaWarnings.h"
 #include "dialog/Captions.h"
@@ -27,19 +28,27 @@ struct CardJob::Printer {
   std::vector<host::Option> savedOptions;
   host::PPDFile ppd;
   platform::Text ppdText;
+  std::optional<host::Login> login;
 };
 
 CardJob::Printer CardJob::openPrinter(const Arguments& arguments) {
   if (arguments.ppd.empty()) {
-    auto queue = host::openQueue(arguments.queue);
-    return {queue.name.text(), queue.name, std::move(queue.savedOptions), std::move(queue.ppd),
-            std::move(queue.ppdText)};
+    std::optional<host::Login> login;
+    auto queue = withLogin(login, !arguments.dialog, [&](const auto& known) {
+      return host::openQueue(arguments.queue, {.login = known});
+    });
+    return {queue.name.text(),
+            queue.name,
+            std::move(queue.savedOptions),
+            std::move(queue.ppd),
+            std::move(queue.ppdText),
+            std::move(login)};
   }
   auto ppd = host::openPPD(arguments.ppd);
   const std::string name = ppd->nickname != nullptr
                                ? ppd->nickname
                                : std::filesystem::path(arguments.ppd).filename().string();
-  return {name, {}, {}, std::move(ppd), std::nullopt};
+  return {name, {}, {}, std::move(ppd), std::nullopt, std::nullopt};
 }
 
 CardJob::CardJob(const Arguments& arguments)
@@ -53,6 +62,8 @@ CardJob::CardJob(const Arguments& arguments, Printer&& printer, const CardJob* b
       queue_(printer.queue),
       printerName_(printer.name),
       ppdText_(std::move(printer.ppdText)),
+      login_(std::move(printer.login)),
+      mayAskForLogin_(!arguments.dialog),
       options_(std::move(printer.ppd)),
       leftOut_(markedFirst(printer.savedOptions, before)),
       notice_(before == nullptr ? chosen(arguments.options) : ""),
@@ -131,7 +142,9 @@ std::string CardJob::summary() {
 std::string CardJob::lastLine() {
   if (files_.empty()) return host::lpArguments(options_.options());
   const std::string title = std::filesystem::path(files_.front()).filename().string();
-  const int id = host::submitJob({queue_, title, files_, options_.options(), ppdText_});
+  const int id = withLogin(login_, mayAskForLogin_, [&](const auto& known) {
+    return host::submitJob({queue_, title, files_, options_.options(), ppdText_}, {.login = known});
+  });
   return "request id is " + queue_.queue + "-" + std::to_string(id) + " (" +
          std::to_string(files_.size()) + " file(s))";
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,7 @@
 #include "host/JobOptions.h"
 #include "host/PanelHost.h"
 #include "host/Queue.h"
+#include "host/Terms.h"
 
 namespace cardpanels::cardprint {
 
@@ -61,6 +63,8 @@ class CardJob {
   host::QueueName queue_;
   std::string printerName_;
   platform::Text ppdText_;  // as the queue had it
+  std::optional<host::Login> login_;
+  bool mayAskForLogin_;  // at the terminal
   host::JobOptions options_;
   std::vector<std::string> leftOut_;
   std::string notice_;

@@ -7,10 +7,13 @@
 #include <atomic>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 
+#include "host/Destination.h"
 #include "host/Error.h"
 #include "host/JobOptions.h"
 #include "host/LpArguments.h"
+#include "host/Question.h"
 #include "host/Queue.h"
 #include "host/Submission.h"
 #include "tests/support/PrivatePrintServer.h"
@@ -96,6 +99,65 @@ TEST_F(AtAServer, WithoutANameTheDefaultQueueIsMeant) {
   EXPECT_EQ(openQueue({}).name, (QueueName{"card", ""}));
 }
 
+TEST_F(AtAServer, TheUsersDefaultQueueWinsOverTheServers) {
+  server->addQueue("other", cardPPD());
+  server->setDefault("other");
+  const std::string lpoptions = server->home() + "/.cups/lpoptions";
+  std::filesystem::create_directories(server->home() + "/.cups");
+  const std::string before =
+      std::filesystem::exists(lpoptions) ? test::fileContent(lpoptions) : std::string();
+  std::ofstream(lpoptions) << before + "Default card cardLaminate=Front\n";
+  EXPECT_EQ(openQueue({}).name, (QueueName{"card", ""}));
+  setenv("PRINTER", "other", 1);
+  EXPECT_EQ(openQueue({}).name, (QueueName{"other", ""}));
+  setenv("LPDEST", "card", 1);
+  EXPECT_EQ(openQueue({}).name, (QueueName{"card", ""}));
+  setenv("LPDEST", "cord", 1);
+  EXPECT_THAT(errorOf([] { openQueue({}); }), HasSubstr("has no queue cord."));
+  unsetenv("LPDEST");
+  unsetenv("PRINTER");
+  std::ofstream(lpoptions) << before;
+}
+
+TEST_F(AtAServer, AClassHasThePPDOfOneOfItsQueues) {
+  server->addQueue("nothing", "");
+  ASSERT_EQ(test::runCommand("lpadmin -p nothing -c all && lpadmin -p card -c all && "
+                             "cupsenable all && cupsaccept all")
+                .status,
+            0);
+  const Queue queue = openQueue({"all", ""});
+  EXPECT_EQ(queue.name, (QueueName{"all", ""}));
+  EXPECT_NE(ppdFindOption(queue.ppd.get(), "cardLaminate"), nullptr);
+  EXPECT_GT(submitJob({{"all", ""}, "Badges", {file}, {}}), 0);
+}
+
+TEST_F(AtAServer, TheOptionsThatAJobStartsFromAreThoseOfLp) {
+  server->addQueue("same", cardPPD());
+  server->setDefaults("same",
+                      "-o copies-default=2 -o cardLaminate-default=Back "
+                      "-o media-default=CR79 -o area-default='Custom.1in 1in 2in 2in'");
+  server->saveOptions("same", "cardLaminate=Front number-up=2");
+  const Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                               1000, nullptr));
+  cups_dest_t* const dest = cupsGetNamedDest(http.get(), "same", nullptr);
+  ASSERT_NE(dest, nullptr);
+  const OptionList ours = answerOfServer<Destination>({}, [](Talk& talk) {
+                            return destinationOf(talk, {"same", ""});
+                          }).options;
+  for (const Option& each : ours.options()) {
+    EXPECT_EQ(cupsGetOption(each.key.c_str(), dest->num_options, dest->options), each.value)
+        << each.key;
+  }
+  for (int i = 0; i < dest->num_options; ++i) {
+    // What else libcups keeps there tells of the printer, not of a job.
+    const std::string name = dest->options[i].name;
+    if (name.substr(0, 8) == "printer-" || name.substr(0, 7) == "marker-" || name == "device-uri")
+      continue;
+    EXPECT_EQ(ours.value(name), dest->options[i].value) << name;
+  }
+  cupsFreeDests(1, dest);
+}
+
 TEST_F(AtAServer, AnUnknownQueueIsTold) {
   EXPECT_EQ(errorOf([] {
               openQueue({"cord", ""});
@@ -147,10 +209,20 @@ TEST_F(AtAServer, SavingLeavesOtherSavedOptionsAlone) {
 
 TEST_F(AtAServer, AnySavedValueComesBackExactly) {
   server->addQueue("exact", cardPPD());
-  const std::string area = "Custom.1\" 2\" '3\\ $HOME";
+  const std::string area = "Custom.1\" 2\" '3\\ $HOME #4";
   saveOptions({"exact", ""}, {{"area", area}, {"Mark", "{Text=\"a \\\"b\\\"\" Size=3}"}});
   EXPECT_EQ(openQueue({"exact", ""}).savedOptions,
             (Options{{"area", area}, {"Mark", "{Text=\"a \\\"b\\\"\" Size=3}"}}));
+}
+
+TEST_F(AtAServer, LpReadsWhatIsSaved) {
+  server->addQueue("shared", cardPPD());
+  saveOptions({"shared", "gold"}, {{"area", "Custom.1\" '2'\\ #3"}, {"copies", "2"}});
+  const auto lp = test::runCommand("lp -d shared/gold " + file);
+  ASSERT_EQ(lp.status, 0) << lp.errors;
+  const auto job = server->job(std::stoi(lp.output.substr(lp.output.find('-') + 1)));
+  EXPECT_THAT(job, Contains(Pair("area", "Custom.1\" '2'\\ #3")));
+  EXPECT_THAT(job, Contains(Pair("copies", "2")));
 }
 
 TEST_F(AtAServer, AJobCarriesItsTitleAndOptions) {
@@ -300,7 +372,7 @@ class WithoutAServer : public testing::Test {
 
 TEST_F(WithoutAServer, AServerThatIsNotThereIsTold) {
   EXPECT_THAT(errorOf([] {
-                openQueue({"card", ""}, 1);
+                openQueue({"card", ""}, {.seconds = 1});
               }),
               HasSubstr("The print server " + address + " cannot be asked: "));
 }
@@ -317,12 +389,15 @@ TEST_F(WithoutAServer, AServerThatAcceptsAndSaysNothingIsGivenUp) {
   std::strncpy(name.sun_path, address.c_str(), sizeof(name.sun_path) - 1);
   ASSERT_EQ(bind(silent, reinterpret_cast<const sockaddr*>(&name), sizeof(name)), 0);
   ASSERT_EQ(listen(silent, 8), 0);
-  EXPECT_THAT(errorOf([] { openQueue({"card", ""}, 1); }), HasSubstr("cannot be asked: "));
-  EXPECT_THAT(errorOf([] { openQueue({}, 1); }), HasSubstr("cannot be asked: "));
+  EXPECT_THAT(errorOf([] {
+                openQueue({"card", ""}, {.seconds = 1});
+              }),
+              HasSubstr("cannot be asked: "));
+  EXPECT_THAT(errorOf([] { openQueue({}, {.seconds = 1}); }), HasSubstr("cannot be asked: "));
   constexpr int kLongerThanATest = 3600;
   const std::atomic<bool> abandoned = true;
   EXPECT_THAT(errorOf([&] {
-                openQueue({"card", ""}, kLongerThanATest, abandoned);
+                openQueue({"card", ""}, {.seconds = kLongerThanATest, .abandoned = &abandoned});
               }),
               HasSubstr("cannot be asked: "));
   close(silent);

@@ -1,4 +1,4 @@
-#include "dialog/ServerThread.h"
+#include "host/ServerThread.h"
 
 #include <cups/cups.h>
 #include <pthread.h>
@@ -7,10 +7,11 @@
 #include <cstdlib>
 #include <set>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
 
-namespace cardpanels::dialog {
+namespace cardpanels::host {
 namespace {
 
 constexpr auto kFarewell = std::chrono::milliseconds(500);
@@ -67,16 +68,34 @@ class BlockedSignals {
   sigset_t before_{};
 };
 
+/// libcups' settings, which are each thread's own.
+struct Settings {
+  std::string server = cupsServer();
+  int port = ippPort();
+  std::string user = cupsUser();
+  http_encryption_t encryption = cupsEncryption();
+
+  bool operator==(const Settings&) const = default;
+
+  /// Makes them this thread's. What the user's files and variables set stays as it is: that has
+  /// parts which nobody can ask for, such as the version to speak.
+  void apply() const {
+    if (*this == Settings()) return;
+    cupsSetServer(server.c_str());
+    ippSetPort(port);
+    cupsSetUser(user.c_str());
+    cupsSetEncryption(encryption);
+  }
+};
+
 struct Thread {
   std::function<void(Abandonment&)> work;
-  std::string server;  // libcups' settings are each thread's own
-  std::string user;
+  Settings settings;
   Abandonment abandonment;
 };
 
 void run(const std::shared_ptr<Thread>& thread) {
-  cupsSetServer(thread->server.c_str());
-  cupsSetUser(thread->user.c_str());
+  thread->settings.apply();
   std::exchange(thread->work, nullptr)(thread->abandonment);
   Running::all().remove(thread->abandonment);
 }
@@ -97,12 +116,15 @@ bool Abandonment::wait(std::chrono::milliseconds time) {
 std::shared_ptr<void> startServerThread(std::function<void(Abandonment&)> work) {
   auto thread = std::make_shared<Thread>();
   thread->work = std::move(work);
-  thread->server = cupsServer();
-  thread->user = cupsUser();
   Running::all().add(thread->abandonment);
   const BlockedSignals blocked;
-  std::thread(run, thread).detach();
+  try {
+    std::thread(run, thread).detach();
+  } catch (const std::system_error&) {
+    Running::all().remove(thread->abandonment);
+    throw;
+  }
   return {thread.get(), [thread](Thread* each) { each->abandonment.declare(); }};
 }
 
-}  // namespace cardpanels::dialog
+}  // namespace cardpanels::host
