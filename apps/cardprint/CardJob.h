@@ -24,6 +24,9 @@ class CardJob {
   /// What the printer is called.
   const std::string& printerName() const { return printerName_; }
 
+  /// Whether there is something to print.
+  bool hasFiles() const { return !files_.empty(); }
+
   host::PanelHost& panels() { return panels_; }
 
   /// Which saved or chosen options were left out and why, a sentence each.

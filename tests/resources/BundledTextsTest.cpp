@@ -3,6 +3,7 @@
 #include <array>
 #include <clocale>
 
+#include "platform/Messages.h"
 #include "platform/StringTable.h"
 
 namespace cardpanels {
@@ -21,6 +22,7 @@ TEST(BundledTexts, NameEveryPanel) {
 // The test runs in a German locale.
 TEST(BundledTexts, AreInTheUsersLanguage) {
   ASSERT_NE(std::setlocale(LC_ALL, ""), nullptr);
+  platform::useCatalogues(kBundle);
   const platform::StringTable table(kBundle);
   EXPECT_EQ(table.text("ThermalLaminatePanelName"), "Thermolaminat");
   EXPECT_EQ(table.text("PeelOffPanelName"), "Folienabzug");
