@@ -1,14 +1,19 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "platform/Text.h"
 
 namespace cardpanels::host {
 
 /// Something that the user must be told of: the text names the file and line, the option, or the
-/// queue that it is about, and needs nothing in front but the program's name.
+/// queue that it is about, and needs nothing in front but the program's name. It is one line of
+/// UTF-8 whatever stood in that file: a terminal would obey control characters.
 class Error : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit Error(std::string text) : runtime_error(platform::onOneLine(std::move(text))) {}
 };
 
 }  // namespace cardpanels::host

@@ -3,6 +3,8 @@
 #include <cstring>
 #include <utility>
 
+#include "host/CustomValue.h"
+#include "host/Error.h"
 #include "host/PPDRecords.h"
 #include "platform/ASCII.h"
 #include "platform/CustomPrefix.h"
@@ -62,8 +64,9 @@ bool Marks::hasCustomValue(const ppd_option_t& option, std::string_view text) co
   const auto custom = custom_.find(&option);
   if (custom == custom_.end()) return false;
   const std::string_view value = custom->second.custom;
-  return value == text ||
-         (startsIgnoringCase(value, kCustomPrefix) && value.substr(kCustomPrefix.size()) == text);
+  if (value == text) return true;
+  return startsIgnoringCase(value, kCustomPrefix) && value.substr(kCustomPrefix.size()) == text &&
+         listedChoice(option, text) == nullptr;
 }
 
 Mark Marks::mark(const ppd_option_t& option) const {
@@ -83,7 +86,12 @@ Mark Marks::defaultMark(const ppd_option_t& option) const {
   const std::string_view name = option.defchoice;
   if (!startsIgnoringCase(name, kCustomPrefix)) return {listedChoice(option, name)};
   ppd_choice_t* const custom = customChoice(option);
-  return {custom, custom == nullptr ? "" : std::string(name)};
+  if (custom == nullptr) return {};
+  try {
+    return {custom, checkedCustomValue(ppd_.get(), option, name)};
+  } catch (const Error&) {
+    return {};  // a value that the option does not take: it may hold anything, line ends too
+  }
 }
 
 void Marks::set(const ppd_option_t& option, const Mark& mark) {

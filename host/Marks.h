@@ -75,7 +75,8 @@ class Marks {
   /// The option's value as a job carries it, in full; nothing when no choice is marked.
   platform::Text value(const ppd_option_t& option) const;
 
-  /// Whether that is a custom value, and `text` is it, with or without `Custom.`.
+  /// Whether that is a custom value, and `text` is it, with or without `Custom.`; without, a listed
+  /// choice of that name is meant.
   bool hasCustomValue(const ppd_option_t& option, std::string_view text) const;
 
   /// What is marked of `option`.

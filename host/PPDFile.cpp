@@ -3,16 +3,20 @@
 #include <cups/cups.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <set>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
 #include "host/Error.h"
+#include "host/PPDRecords.h"
 #include "host/PPDText.h"
+#include "platform/ASCII.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 
@@ -82,14 +86,18 @@ PPDFile loaded(cups_file_t* file, const std::string& name) {
   throw Error(name + ":" + std::to_string(std::max(line, 1)) + ": " + ppdErrorString(status));
 }
 
-/// Where the option `keyword` is opened; 0 when it is nowhere.
-int lineOf(std::string_view keyword, const std::vector<PPDStatement>& statements) {
+std::string loweredText(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), platform::lowered);
+  return text;
+}
+
+/// Where the option `keyword`, in whatever case, is opened.
+std::vector<int> linesOf(std::string_view keyword, const std::vector<PPDStatement>& statements) {
+  std::vector<int> lines;
   for (const PPDStatement& each : statements) {
-    const bool opens = each.keyword == "OpenUI" || each.keyword == "JCLOpenUI";
-    const std::string_view option = each.option;
-    if (opens && option.substr(option.substr(0, 1) == "*" ? 1 : 0) == keyword) return each.line;
+    if (platform::equalIgnoringCase(openedOption(each), keyword)) lines.push_back(each.line);
   }
-  return 0;
+  return lines;
 }
 
 /// Checks what can only be seen in the records, in the user's language.
@@ -99,13 +107,27 @@ class RecordChecker {
       : statements_(statements), name_(name) {}
 
   void check(ppd_file_t* ppd) const {
-    if (ppdFirstOption(ppd) == nullptr) throw Error(name_ + ": " + _("The PPD has no options."));
-    for (auto* option = ppdFirstOption(ppd); option != nullptr; option = ppdNextOption(ppd)) {
+    const auto options = allOptions(ppd);
+    if (options.empty()) throw Error(name_ + ": " + _("The PPD has no options."));
+    std::set<std::string> keywords;
+    for (const auto* option : options) {
+      if (!keywords.insert(loweredText(option->keyword)).second) failTwice(option->keyword);
       check(*option);
     }
   }
 
  private:
+  /// Two records of one keyword, in groups of their own or in other letters: libcups and panels
+  /// would find one of them, and what is marked in one would not show in the other.
+  [[noreturn]] void failTwice(const std::string& keyword) const {
+    const auto lines = linesOf(keyword, statements_);
+    if (lines.size() < 2)
+      fail(keyword, filled(_("The option {option} stands there twice."), {{"option", keyword}}));
+    throw Error(name_ + ":" + std::to_string(lines.back()) + ": " +
+                filled(_("The option {option} stands in line {line} already."),
+                       {{"option", keyword}, {"line", std::to_string(lines.front())}}));
+  }
+
   void check(const ppd_option_t& option) const {
     const std::string keyword = option.keyword;
     if (option.num_choices == 0) {
@@ -128,8 +150,9 @@ class RecordChecker {
   }
 
   [[noreturn]] void fail(const std::string& keyword, const std::string& reason) const {
-    const int line = lineOf(keyword, statements_);
-    throw Error(name_ + ":" + (line > 0 ? std::to_string(line) + ": " : " ") + reason);
+    const auto lines = linesOf(keyword, statements_);
+    throw Error(name_ + ":" + (lines.empty() ? "" : std::to_string(lines.front()) + ":") + " " +
+                reason);
   }
 
   const std::vector<PPDStatement>& statements_;

@@ -34,6 +34,9 @@ bool closesOption(const PPDStatement& statement) {
   return statement.keyword == "CloseUI" || statement.keyword == "JCLCloseUI";
 }
 
+constexpr int kMostOptions = 4000;
+constexpr int kMostChoices = 2000;
+
 /// `*frontUV` and `frontUV` name the same option.
 std::string optionKeyword(const std::string& name) { return name.substr(name[0] == '*' ? 1 : 0); }
 
@@ -52,7 +55,7 @@ class Reader {
       if (!lastLineEnds_ && !isWhole(statement)) {
         fail(name_, start, _("The file ends inside this line."));
       }
-      if (opensOption(statement)) openOption_ = optionKeyword(statement.option);
+      if (opensOption(statement)) openOption_ = openedOption(statement);
       if (statement.keyword != "End") all.push_back(std::move(statement));
     }
     return all;
@@ -213,6 +216,28 @@ void checkClosed(const std::vector<PPDStatement>& statements, const std::string&
               {{"statement", subject}}));
 }
 
+/// Stops what would keep libcups busy for minutes, and a dialog as long.
+void checkCounts(const std::vector<PPDStatement>& statements, const std::string& name) {
+  int options = 0;
+  std::string option;
+  std::map<std::string, int> choices;
+  for (const PPDStatement& each : statements) {
+    if (opensOption(each)) {
+      option = openedOption(each);
+      if (++options <= kMostOptions) continue;
+      fail(name, each.line,
+           filled(_("The file has more than {count} options."),
+                  {{"count", std::to_string(kMostOptions)}}));
+    } else if (closesOption(each)) {
+      option.clear();
+    } else if (!option.empty() && each.keyword == option && ++choices[option] > kMostChoices) {
+      fail(name, each.line,
+           filled(_("The option {option} has more than {count} choices."),
+                  {{"option", option}, {"count", std::to_string(kMostChoices)}}));
+    }
+  }
+}
+
 /// The encodings that libcups knows by PPD name.
 cups_encoding_t encodingNamed(const std::string& value) {
   const std::string_view name = trimmed(value);
@@ -248,31 +273,12 @@ class Checker {
 
   void check(const PPDStatement& statement) {
     if (statement.keyword == "LanguageEncoding") encoding_ = encodingNamed(statement.value);
-    if (statement.keyword == "OpenGroup") group_ = statement.value;
-    if (statement.keyword == "CloseGroup") group_.clear();
-    if (opensOption(statement)) open(statement);
+    if (opensOption(statement)) option_ = openedOption(statement);
     if (isShown(statement)) checkText(statement);
     if (closesOption(statement)) option_.clear();
   }
 
  private:
-  struct Place {
-    std::string group;
-    int line = 0;
-  };
-
-  /// An option may be opened again in its own group; in another one it would be a second record,
-  /// and what is marked in one would not show in the other.
-  void open(const PPDStatement& statement) {
-    option_ = optionKeyword(statement.option);
-    const std::string group = statement.keyword == "OpenUI" ? group_ : "JCL";
-    const auto [place, isNew] = options_.emplace(option_, Place{group, statement.line});
-    if (isNew || place->second.group == group) return;
-    fail(name_, statement.line,
-         filled(_("The option {option} stands in line {line} already."),
-                {{"option", option_}, {"line", std::to_string(place->second.line)}}));
-  }
-
   /// Whether people see the statement's text.
   bool isShown(const PPDStatement& statement) const {
     if (statement.text.empty()) return false;
@@ -297,17 +303,20 @@ class Checker {
 
   const std::string& name_;
   std::optional<cups_encoding_t> encoding_;
-  std::string group_;
   std::string option_;
-  std::map<std::string, Place> options_;
 };
 
 }  // namespace
+
+std::string openedOption(const PPDStatement& statement) {
+  return opensOption(statement) ? optionKeyword(statement.option) : "";
+}
 
 std::vector<PPDStatement> ppdStatements(std::string_view bytes, const std::string& name) {
   checkEncoding(bytes, name);
   auto statements = Reader(bytes, name).statements();
   checkClosed(statements, name);
+  checkCounts(statements, name);
   return statements;
 }
 

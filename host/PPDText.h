@@ -15,14 +15,17 @@ struct PPDStatement {
   std::string value;
 };
 
+/// The keyword of the option that `statement` opens, without an asterisk; "" when it opens none.
+std::string openedOption(const PPDStatement& statement);
+
 /// The statements of `bytes`, the whole contents of a PPD file, without comments. Throws `Error`
-/// about the file `name` when it is no PPD, is in another encoding than a PPD can be, or ends in
-/// the middle of something.
+/// about the file `name` when it is no PPD, is in another encoding than a PPD can be, ends in the
+/// middle of something, or has more options or choices than anybody reads: 4000 options, 2000
+/// choices of one option.
 std::vector<PPDStatement> ppdStatements(std::string_view bytes, const std::string& name);
 
 /// Checks what libcups lets pass and a user would then see wrong: texts that are not in the
-/// encoding that the file names, and options that stand there twice. Throws `Error` about the file
-/// `name`.
+/// encoding that the file names. Throws `Error` about the file `name`.
 void checkStatements(const std::vector<PPDStatement>& statements, const std::string& name);
 
 }  // namespace cardpanels::host

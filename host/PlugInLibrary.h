@@ -11,8 +11,8 @@ namespace cardpanels::host {
 /// stays loaded for the life of the process. Throws `Error` with the path and the loader's reason.
 std::shared_ptr<platform::PlugIn> loadPlugIn(const std::string& bundle);
 
-/// The bundle's folder: `CARDPANELS_BUNDLE` in the environment, else `../lib/cardpanels.bundle`
-/// seen from the running program's folder.
+/// The bundle's folder: `CARDPANELS_BUNDLE` in the environment, unless the program has other rights
+/// than its user, else `cardpanels.bundle` beside the platform library.
 std::string defaultBundlePath();
 
 }  // namespace cardpanels::host

@@ -6,6 +6,11 @@
 
 namespace cardpanels::platform {
 
+void useCatalogues(const std::string& bundle) {
+  bindtextdomain(kTextDomain, (bundle + "/resources/locale").c_str());
+  bind_textdomain_codeset(kTextDomain, "UTF-8");
+}
+
 const char* _(const char* text) { return dgettext(kTextDomain, text); }
 
 std::string filled(std::string_view pattern,

@@ -1,7 +1,5 @@
 #include "platform/StringTable.h"
 
-#include <libintl.h>
-
 #include <fstream>
 #include <string_view>
 
@@ -11,8 +9,6 @@
 namespace cardpanels::platform {
 
 StringTable::StringTable(const std::string& bundle) {
-  bindtextdomain(kTextDomain, (bundle + "/resources/locale").c_str());
-  bind_textdomain_codeset(kTextDomain, "UTF-8");
   std::ifstream file(bundle + "/resources/cardpanels.strings");
   for (std::string line; std::getline(file, line);) {
     const auto equals = line.find('=');
@@ -25,7 +21,7 @@ StringTable::StringTable(const std::string& bundle) {
 Text StringTable::text(const std::string& key) const {
   const auto entry = english_.find(key);
   if (entry == english_.end()) return std::nullopt;
-  return std::string(dgettext(kTextDomain, entry->second.c_str()));
+  return _(entry->second.c_str());
 }
 
 }  // namespace cardpanels::platform

@@ -8,9 +8,7 @@
 namespace cardpanels::platform {
 
 /// A bundle's default string table: `resources/cardpanels.strings` gives each key its English text
-/// (`key = text` a line, `#` starts a comment), the gettext domain `cardpanels` below
-/// `resources/locale` gives that text in other languages. The program chooses the language with
-/// `setlocale`.
+/// (`key = text` a line, `#` starts a comment), which the catalogues have in other languages.
 class StringTable {
  public:
   /// The table of the bundle in folder `bundle`; without the file, an empty one.

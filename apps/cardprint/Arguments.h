@@ -3,17 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "host/Error.h"
 #include "host/JobOptions.h"
 #include "host/Queue.h"
 
 namespace cardpanels::cardprint {
-
-/// A command line that cannot be understood; empty for nothing more to tell than how to get help.
-class UsageError : public host::Error {
- public:
-  using Error::Error;
-};
 
 /// What the command line asks for.
 struct Arguments {
@@ -28,11 +21,11 @@ struct Arguments {
   bool version = false;
 };
 
-/// Reads the command line; files that cannot be read are refused here. Throws `UsageError`, and
-/// `host::Error` for a file or an option's argument.
+/// Reads the command line; files that cannot be read are refused here. Throws `host::UsageError`,
+/// and `host::Error` for a file or an option's argument.
 Arguments parseArguments(int argc, char** argv);
 
-/// What `--help` prints.
-extern const char* const kHelp;
+/// What `--help` prints, in the user's language.
+std::string help();
 
 }  // namespace cardpanels::cardprint

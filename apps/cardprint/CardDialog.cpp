@@ -71,10 +71,13 @@ void CardDialog::tell(const std::string& message, const std::optional<host::Opti
 }
 
 std::optional<std::string> CardDialog::choose() {
-  while (run() == Gtk::RESPONSE_OK) {
+  for (;;) {
+    errors_.rethrow();
+    const int response = run();
+    errors_.rethrow();
+    if (response != Gtk::RESPONSE_OK) return std::nullopt;
     if (auto output = print()) return output;
   }
-  return std::nullopt;
 }
 
 std::optional<std::string> CardDialog::print() {

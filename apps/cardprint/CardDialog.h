@@ -10,6 +10,7 @@
 #include "apps/cardprint/CardJob.h"
 #include "host/PanelHost.h"
 #include "ports/gtk3/CardPage.h"
+#include "ports/gtk3/HandlerErrors.h"
 
 namespace cardpanels::cardprint {
 
@@ -22,7 +23,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
 
   /// Lets the user choose until the job is sent, and answers what standard output gets; nothing
   /// when the user cancels. A job that cannot be sent is told in the dialog, which stays; but
-  /// throws `host::PPDChanged`.
+  /// throws `host::PPDChanged`, and what handlers of the dialog have thrown.
   std::optional<std::string> choose();
 
   /// Why the last attempt to send the job failed, "" when it did not.
@@ -37,6 +38,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   std::optional<std::string> print();
 
   CardJob& job_;
+  gtk3::HandlerErrors errors_{[this] { response(Gtk::RESPONSE_CANCEL); }};
   gtk3::CardPage page_;
   std::string error_;
   std::shared_ptr<void> watching_;  // the printer's state

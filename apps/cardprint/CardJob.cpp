@@ -45,10 +45,10 @@ CardJob::Printer CardJob::openPrinter(const Arguments& arguments) {
             std::move(login)};
   }
   auto ppd = host::openPPD(arguments.ppd);
-  const std::string name = ppd->nickname != nullptr
-                               ? ppd->nickname
-                               : std::filesystem::path(arguments.ppd).filename().string();
-  return {name, {}, {}, std::move(ppd), std::nullopt, std::nullopt};
+  std::string name = ppd->nickname != nullptr
+                         ? ppd->nickname
+                         : std::filesystem::path(arguments.ppd).filename().string();
+  return {platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt, std::nullopt};
 }
 
 CardJob::CardJob(const Arguments& arguments)

@@ -29,6 +29,9 @@ class CardJob {
   /// The print server's queue; its name is empty when the job is made for a PPD file alone.
   const host::QueueName& queue() const { return queue_; }
 
+  /// Whether there is something to print.
+  bool hasFiles() const { return !files_.empty(); }
+
   host::PanelHost& panels() { return panels_; }
 
   /// Which saved or chosen options were left out and why, a sentence each.

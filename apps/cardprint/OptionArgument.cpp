@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "host/Error.h"
+#include "platform/Messages.h"
 
 namespace cardpanels::cardprint {
 namespace {
@@ -24,7 +25,9 @@ class Reader {
   }
 
  private:
-  [[noreturn]] void fail() const { throw host::Error("-o " + argument_ + ": not KEY=VALUE"); }
+  [[noreturn]] void fail() const {
+    throw host::Error("-o " + argument_ + ": " + platform::_("This is not KEY=VALUE."));
+  }
 
   void skipBlanks() {
     rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));

@@ -1,6 +1,6 @@
+#include <glibmm/exception.h>
 #include <gtkmm/main.h>
 
-#include <clocale>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -10,32 +10,46 @@
 #include "apps/cardprint/CardDialog.h"
 #include "apps/cardprint/CardJob.h"
 #include "host/Error.h"
+#include "host/Program.h"
 #include "host/Submission.h"
 #include "platform/Log.h"
+#include "platform/Messages.h"
 
 namespace {
 
 using namespace cardpanels;
 
-constexpr int kCancelled = 1;
-constexpr int kFailed = 2;
+using host::tellError;
+using platform::_;
 
-void tellError(const std::string& message) { std::cerr << "cardprint: " << message << '\n'; }
+constexpr int kCancelled = 1;
+constexpr int kPrintedUntold = 3;
 
 void initializeToolkit() {
   if (gtk_init_check(nullptr, nullptr) == FALSE) {
-    throw host::Error("there is no display to show the dialog on; --no-dialog needs none");
+    throw host::Error(_("There is no display to show the dialog on; --no-dialog needs none."));
   }
   Gtk::Main::init_gtkmm_internals();
+}
+
+/// A script must not take a job that went out for one that did not, and print it again.
+int tellOutput(const std::string& output, bool wasPrinted) {
+  std::cout << output;
+  try {
+    host::flushOutput();
+    return 0;
+  } catch (const host::Error& error) {
+    if (!wasPrinted) throw;
+    tellError(std::string(error.what()) + " " + _("The job was printed."));
+    return kPrintedUntold;
+  }
 }
 
 int printWithDialog(cardprint::CardJob& job, const std::string& told) {
   cardprint::CardDialog dialog(job, told);
   const auto output = dialog.choose();
   if (!dialog.error().empty()) tellError(dialog.error());
-  if (!output) return kCancelled;
-  std::cout << *output;
-  return 0;
+  return output ? tellOutput(*output, job.hasFiles()) : kCancelled;
 }
 
 void tell(const cardprint::CardJob& job) {
@@ -61,12 +75,11 @@ int printWithDialogs(const cardprint::Arguments& arguments,
 int printAtOnce(cardprint::CardJob& job, bool strict) {
   const auto warnings = job.judged();
   for (const std::string& each : warnings) tellError(each);
-  if (strict && !warnings.empty()) return kFailed;
-  std::cout << job.send();
-  return 0;
+  if (strict && !warnings.empty()) return host::kFailed;
+  return tellOutput(job.send(), job.hasFiles());
 }
 
-int run(const cardprint::Arguments& arguments) {
+int print(const cardprint::Arguments& arguments) {
   platform::setTraceToStandardError(arguments.trace);
   if (arguments.dialog) initializeToolkit();
   auto job = std::make_unique<cardprint::CardJob>(arguments);
@@ -75,25 +88,24 @@ int run(const cardprint::Arguments& arguments) {
                           : printAtOnce(*job, arguments.strict);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  std::setlocale(LC_ALL, "");
+int run(int argc, char** argv) {
   try {
     const auto arguments = cardprint::parseArguments(argc, argv);
     if (arguments.help) {
-      std::cout << cardprint::kHelp;
+      std::cout << cardprint::help();
     } else if (arguments.version) {
       std::cout << "cardprint " CARDPANELS_VERSION "\n";
     } else {
-      return run(arguments);
+      return print(arguments);
     }
     return 0;
-  } catch (const cardprint::UsageError& error) {
-    if (*error.what() != '\0') tellError(error.what());
-    std::cerr << "Try 'cardprint --help'.\n";
-  } catch (const host::Error& error) {
-    tellError(error.what());
+  } catch (const Glib::Exception& error) {  // which is no std::exception
+    throw host::Error(error.what());
   }
-  return kFailed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return host::runProgram([&] { return run(argc, argv); });
 }

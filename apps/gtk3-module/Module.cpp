@@ -31,10 +31,13 @@ bool hasCardOptions(GtkWidget* dialog) {
   return found;
 }
 
-/// The path of the library with the page, to be freed.
-char* pageLibraryPath() {
+/// The path of the library with the page, found when the module is loaded: by a relative path that
+/// holds in the folder of that time only.
+char* pageLibrary = nullptr;
+
+char* findPageLibrary() {
   Dl_info self{};
-  if (dladdr(reinterpret_cast<const void*>(&pageLibraryPath), &self) == 0) return nullptr;
+  if (dladdr(reinterpret_cast<const void*>(&findPageLibrary), &self) == 0) return nullptr;
   char* const path = g_canonicalize_filename(self.dli_fname, nullptr);
   char* const target = g_file_read_link(path, nullptr);
   char* const folder = g_path_get_dirname(path);
@@ -52,11 +55,9 @@ char* pageLibraryPath() {
 using ShowPrinter = decltype(&cardpanelsShowPrinter);
 
 ShowPrinter loadPage() {
-  char* const path = pageLibraryPath();
-  void* const library = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  void* const library = dlopen(pageLibrary, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
   void* const entry = library == nullptr ? nullptr : dlsym(library, "cardpanelsShowPrinter");
   if (entry == nullptr) g_message("cardpanels: %s", dlerror());
-  g_free(path);
   return reinterpret_cast<ShowPrinter>(entry);
 }
 
@@ -103,6 +104,9 @@ extern "C" {
 /// Called by GModule. A module that a setting named may be closed again, the hook may not.
 G_MODULE_EXPORT const char* g_module_check_init(GModule* module) {
   g_module_make_resident(module);
+  if (cardpanels::gtk3module::pageLibrary == nullptr) {
+    cardpanels::gtk3module::pageLibrary = cardpanels::gtk3module::findPageLibrary();
+  }
   return nullptr;
 }
 

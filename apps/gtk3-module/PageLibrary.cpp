@@ -1,10 +1,11 @@
 #include "apps/gtk3-module/PageLibrary.h"
 
-#include <dlfcn.h>
+#include <glibmm/exception.h>
+#include <glibmm/exceptionhandler.h>
 #include <gtkmm/main.h>
+#include <sigc++/sigc++.h>
 
-#include <cstdlib>
-#include <filesystem>
+#include <exception>
 #include <map>
 #include <memory>
 #include <string>
@@ -14,20 +15,15 @@
 #include "dialog/Captions.h"
 #include "dialog/DialogSession.h"
 #include "dialog/QueueReading.h"
-#include "platform/StringTable.h"
+#include "host/Error.h"
+#include "host/PlugInLibrary.h"
+#include "platform/Messages.h"
+#include "platform/Text.h"
 #include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk3/MainLoop.h"
 
 namespace cardpanels::gtk3module {
 namespace {
-
-/// The bundle's folder: as the environment says, else beside this library.
-std::string bundlePath() {
-  if (const char* path = std::getenv("CARDPANELS_BUNDLE")) return path;
-  Dl_info self{};
-  dladdr(reinterpret_cast<const void*>(&bundlePath), &self);
-  return (std::filesystem::absolute(self.dli_fname).parent_path() / "cardpanels.bundle").string();
-}
 
 /// GTK's own text, which its catalogue translates.
 std::string gtkText(const char* text) { return g_dgettext("gtk30", text); }
@@ -35,8 +31,34 @@ std::string gtkText(const char* text) { return g_dgettext("gtk30", text); }
 std::unique_ptr<host::PanelHost> makePanels(host::JobOptions& job) {
   auto captions =
       dialog::captionsOf(job, {gtkText("_Cancel"), gtkText("_Print"), gtkText("Pre_view")});
+  const std::string bundle = host::defaultBundlePath();
   return std::make_unique<host::PanelHost>(
-      bundlePath(), std::make_shared<gtk3::GtkBundle>(bundlePath(), std::move(captions)), job);
+      bundle, std::make_shared<gtk3::GtkBundle>(bundle, std::move(captions)), job);
+}
+
+void logError(const std::string& text) {
+  g_message("cardpanels: %s", platform::onOneLine(text).c_str());
+}
+
+/// Does `action`, whose failure is none of the program that shows the dialog.
+template <typename Action>
+void shielded(Action action) {
+  try {
+    action();
+  } catch (const std::exception& error) {
+    logError(error.what());
+  } catch (const Glib::Exception& error) {
+    logError(error.what());
+  }
+}
+
+/// Exception handler of gtkmm, for a program that may use it too: what is not ours passes.
+void handlerThrew() {
+  try {
+    throw;
+  } catch (const host::Error& error) {
+    logError(error.what());
+  }
 }
 
 /// A print dialog that has shown a card printer.
@@ -58,8 +80,6 @@ class WatchedDialog {
   void print() { session_.print(); }
 
  private:
-  // Brings the translations of the page's own texts, also where no panel loads.
-  platform::StringTable translations_{bundlePath()};
   GtkPrintDialog dialog_;
   dialog::DialogSession session_;
 };
@@ -84,6 +104,8 @@ class WatchedDialogs {
 
  private:
   WatchedDialogs() {
+    platform::useCatalogues(host::defaultBundlePath());
+    Glib::add_exception_handler(sigc::ptr_fun(&handlerThrew));
     g_type_class_ref(GTK_TYPE_DIALOG);
     g_signal_add_emission_hook(g_signal_lookup("response", GTK_TYPE_DIALOG), 0, responded, this,
                                nullptr);
@@ -96,7 +118,7 @@ class WatchedDialogs {
     const auto found = dialogs.find(static_cast<GtkWidget*>(g_value_get_object(values)));
     const int response = g_value_get_int(values + 1);
     const bool prints = response == GTK_RESPONSE_OK || response == GTK_RESPONSE_APPLY;
-    if (prints && found != dialogs.end()) found->second->print();
+    if (prints && found != dialogs.end()) shielded([&] { found->second->print(); });
     return TRUE;
   }
 
@@ -107,7 +129,9 @@ class WatchedDialogs {
 }  // namespace cardpanels::gtk3module
 
 void cardpanelsShowPrinter(GtkWidget* dialog, const char* printer) {
-  Gtk::Main::init_gtkmm_internals();
-  cardpanels::gtk3module::WatchedDialogs::all().at(dialog).showPrinter(
-      printer == nullptr ? "" : printer);
+  using namespace cardpanels::gtk3module;
+  shielded([&] {
+    Gtk::Main::init_gtkmm_internals();
+    WatchedDialogs::all().at(dialog).showPrinter(printer == nullptr ? "" : printer);
+  });
 }

@@ -1,14 +1,16 @@
 #include <getopt.h>
 
-#include <clocale>
 #include <iostream>
 #include <string>
 
 #include "apps/pde-drive/Driver.h"
-#include "host/Error.h"
 #include "host/PlugInLibrary.h"
+#include "host/Program.h"
+#include "platform/Messages.h"
 
 namespace {
+
+using cardpanels::host::UsageError;
 
 constexpr const char* kHelp =
     R"(Usage: pde-drive --ppd FILE [OPTION]... < SCRIPT
@@ -46,10 +48,6 @@ nil is an absent argument; # starts a comment. Exit status: 0, 1 when a command
 failed, 2 when nothing could be started.
 )";
 
-struct UsageError : cardpanels::host::Error {
-  using Error::Error;
-};
-
 struct Arguments {
   cardpanels::drive::Settings settings;
   const char* text = nullptr;  // print this and end
@@ -66,7 +64,7 @@ Arguments parse(int argc, char** argv) {
       {"version", no_argument, nullptr, version},
       {}};
   Arguments arguments;
-  for (int option = 0; (option = getopt_long(argc, argv, "", kOptions, nullptr)) != -1;) {
+  for (int option = 0; (option = cardpanels::host::nextOption(argc, argv, "", kOptions)) != -1;) {
     switch (option) {
       case ppd: arguments.settings.ppd = optarg; break;
       case bundle: arguments.settings.bundle = optarg; break;
@@ -74,7 +72,7 @@ Arguments parse(int argc, char** argv) {
       case stable: arguments.settings.stableAddresses = true; break;
       case help: arguments.text = kHelp; return arguments;
       case version: arguments.text = "pde-drive " CARDPANELS_VERSION "\n"; return arguments;
-      default: throw UsageError("");  // getopt_long has told
+      default: break;
     }
   }
   if (optind < argc) throw UsageError(std::string("unexpected argument ") + argv[optind]);
@@ -86,6 +84,7 @@ Arguments parse(int argc, char** argv) {
 }
 
 int runScript(const cardpanels::drive::Settings& settings) {
+  cardpanels::platform::useCatalogues(settings.bundle);
   cardpanels::drive::Driver driver(settings, std::cout);
   bool succeeded = true;
   for (std::string line; std::getline(std::cin, line);) {
@@ -94,22 +93,15 @@ int runScript(const cardpanels::drive::Settings& settings) {
   return succeeded ? 0 : 1;
 }
 
+int run(int argc, char** argv) {
+  const Arguments arguments = parse(argc, argv);
+  if (arguments.text == nullptr) return runScript(arguments.settings);
+  std::cout << arguments.text;
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::setlocale(LC_ALL, "");
-  try {
-    const Arguments arguments = parse(argc, argv);
-    if (arguments.text != nullptr) {
-      std::cout << arguments.text;
-      return 0;
-    }
-    return runScript(arguments.settings);
-  } catch (const UsageError& error) {
-    if (*error.what() != '\0') std::cerr << "pde-drive: " << error.what() << '\n';
-    std::cerr << "Try 'pde-drive --help'.\n";
-  } catch (const cardpanels::host::Error& error) {
-    std::cerr << "pde-drive: " << error.what() << '\n';
-  }
-  return 2;
+  return cardpanels::host::runProgram([&] { return run(argc, argv); });
 }

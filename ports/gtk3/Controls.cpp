@@ -10,6 +10,9 @@ namespace {
 
 constexpr int kTitleColumn = 0;
 constexpr int kFewestCharacters = 8;
+/// A pop-up with more choices opens as a list. GTK's menu makes widgets for each, and looks through
+/// all of them for each row that is added.
+constexpr std::size_t kMostMenuItems = 60;
 
 bool leaveToParent(GdkEventScroll* /*event*/, Gtk::Widget* widget) {
   g_signal_stop_emission_by_name(widget->gobj(), "scroll-event");
@@ -21,6 +24,15 @@ Glib::RefPtr<Gtk::CssProvider> readableText() {
   static const auto provider = [] {
     auto made = Gtk::CssProvider::create();
     made->load_from_data("entry.error { color: @theme_text_color; }");
+    return made;
+  }();
+  return provider;
+}
+
+Glib::RefPtr<Gtk::CssProvider> listAppearance() {
+  static const auto provider = [] {
+    auto made = Gtk::CssProvider::create();
+    made->load_from_data("combobox { -GtkComboBox-appears-as-list: 1; }");
     return made;
   }();
   return provider;
@@ -104,6 +116,8 @@ void Menu::clear() {
 PopUpButton::PopUpButton(const Glib::RefPtr<Gtk::Widget>& comboBox_) : Viewed(comboBox_) {
   const auto rows = Glib::RefPtr<Gtk::ListStore>::cast_dynamic(comboBox().get_model());
   menu_ = std::make_shared<Menu>(rows);
+  rows->signal_row_inserted().connect(
+      sigc::hide(sigc::hide(sigc::mem_fun(*this, &PopUpButton::grown))));
   // A long title is cut where the window is small.
   for (auto* cell : comboBox().get_cells()) {
     if (auto* text = dynamic_cast<Gtk::CellRendererText*>(cell)) {
@@ -114,6 +128,17 @@ PopUpButton::PopUpButton(const Glib::RefPtr<Gtk::Widget>& comboBox_) : Viewed(co
   // Turning the wheel over a pop-up scrolls the page and does not change the job.
   comboBox().signal_scroll_event().connect(sigc::bind(sigc::ptr_fun(&leaveToParent), &comboBox()),
                                            false);
+}
+
+void PopUpButton::grown() {
+  if (opensAsList_ || comboBox().get_model()->children().size() <= kMostMenuItems) return;
+  opensAsList_ = true;
+  const auto style = comboBox().get_style_context();
+  style->add_provider(listAppearance(), GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  // By itself GTK would not look before the next frame, when the menu has all its widgets: asking
+  // for a colour works the style out.
+  style->get_color(style->get_state());
+  g_signal_emit_by_name(comboBox().gobj(), "style-updated");
 }
 
 void PopUpButton::removeAllItems() {

@@ -106,7 +106,8 @@ class Menu final : public platform::Menu {
   Glib::RefPtr<Gtk::ListStore> rows_;
 };
 
-/// A combo box. It selects nothing by itself: after its items change, none is selected.
+/// A combo box, whose items are a menu, or a list when there are many. It selects nothing by
+/// itself: after its items change, none is selected.
 class PopUpButton final : public Viewed<platform::PopUpButton> {
  public:
   /// `comboBox` must be a `Gtk::ComboBoxText`.
@@ -121,8 +122,10 @@ class PopUpButton final : public Viewed<platform::PopUpButton> {
 
  private:
   Gtk::ComboBoxText& comboBox() const { return dynamic_cast<Gtk::ComboBoxText&>(widget()); }
+  void grown();
 
   std::shared_ptr<Menu> menu_;
+  bool opensAsList_ = false;
 };
 
 /// The view over `widget` that fits its kind: combo boxes with texts are pop-ups, entries and

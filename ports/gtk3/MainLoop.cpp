@@ -4,13 +4,19 @@
 
 #include <utility>
 
+#include "ports/gtk3/HandlerErrors.h"
+
 namespace cardpanels::gtk3 {
 namespace {
 
 using Task = std::function<void()>;
 
 gboolean run(gpointer task) {
-  (*static_cast<Task*>(task))();
+  try {
+    (*static_cast<Task*>(task))();
+  } catch (...) {
+    reportHandlerError();
+  }
   return G_SOURCE_REMOVE;
 }
 

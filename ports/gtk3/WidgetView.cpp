@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "ports/gtk3/HandlerErrors.h"
+
 namespace cardpanels::gtk3 {
 namespace {
 
@@ -19,7 +21,12 @@ void fire(GClosure* closure, GValue* /*result*/, guint /*count*/, const GValue* 
   const Connection connection = *static_cast<const Connection*>(closure->data);
   const auto sender = connection.sender.lock();
   const auto* view = dynamic_cast<const WidgetView*>(sender.get());
-  if (view != nullptr && !view->programSets()) connection.action.fire(sender);
+  if (view == nullptr || view->programSets()) return;
+  try {
+    connection.action.fire(sender);
+  } catch (...) {
+    reportHandlerError();
+  }
 }
 
 }  // namespace

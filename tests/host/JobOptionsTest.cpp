@@ -59,6 +59,17 @@ TEST_F(Job, TheMarkedChoiceAgainIsGrantedWithoutAChange) {
   EXPECT_THAT(result.changes, IsEmpty());
 }
 
+TEST(CustomValues, MakeRoomForTheListedChoiceOfTheirName) {
+  JobOptions job = jobOf(test::testPPD(
+      {},
+      "*OpenUI *Own/Own: PickOne\n*DefaultOwn: None\n*Own None/None: \"\"\n*CloseUI: *Own\n"
+      "*CustomOwn True/Other: \"pop\"\n*ParamCustomOwn Only/Only: 1 string 0 9\n"));
+  ASSERT_TRUE(job.request("Own", "Custom.None").granted);
+  ASSERT_EQ(job.marked("Own"), "Custom.None");
+  EXPECT_TRUE(job.request("Own", "None").granted);
+  EXPECT_EQ(job.marked("Own"), "None");
+}
+
 TEST_F(Job, AnUnknownOptionIsRefusedByName) {
   const ChangeResult result = job.request("frontUV", "None");
   EXPECT_FALSE(result.granted);

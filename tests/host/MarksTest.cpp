@@ -63,6 +63,12 @@ TEST_F(MarksTest, ACustomValueIsKnownWithAndWithoutItsPrefix) {
   EXPECT_FALSE(marks.hasCustomValue(option("cardLaminate"), "None"));
 }
 
+TEST_F(MarksTest, AListedChoiceIsNoCustomValueOfItsName) {
+  setValue("area", "Custom.Default");
+  EXPECT_TRUE(marks.hasCustomValue(option("area"), "Custom.Default"));
+  EXPECT_FALSE(marks.hasCustomValue(option("area"), "Default"));
+}
+
 TEST_F(MarksTest, WhatIsMarkedIsTheChoiceTogetherWithTheValue) {
   setValue("area", "Custom.1in 1in 2in 2in");
   const Mark mark = marks.mark(option("area"));
@@ -131,6 +137,16 @@ TEST(CustomDefaults, AreMarkedAndFoundAgainWhileTheRecordCarriesTheValue) {
   EXPECT_EQ(marks.value(own), "Custom.abc");
   EXPECT_EQ(markName(marks.ppd(), "Own"), "Custom.abc");
   EXPECT_TRUE(marks.isMarked(own, marks.defaultMark(own)));
+}
+
+TEST(CustomDefaults, ThatTheOptionDoesNotTakeAreNotMarked) {
+  for (const char* value : {"Custom.abcdefghij", "\"Custom.a\nb\"", "Custom.\xFF"}) {
+    const Marks marks(opened(test::testPPD(
+        {}, std::string("*OpenUI *Own/Own: PickOne\n*DefaultOwn: ") + value +
+                "\n*Own None/None: \"\"\n*CloseUI: *Own\n*CustomOwn True/Other: \"pop\"\n"
+                "*ParamCustomOwn Only/Only: 1 string 0 9\n")));
+    EXPECT_EQ(marks.value(*findOption(marks.ppd(), "Own")), std::nullopt) << value;
+  }
 }
 
 TEST(CustomPageSizes, EndWhenThePageRegionIsMarked) {

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <thread>
@@ -273,6 +274,70 @@ TEST_F(OpenPPD, AnOptionThatStandsInTwoGroupsIsToldWithBothLines) {
   EXPECT_THAT(errorOf("*PPD-Adobe: \"4.3\"\n" + option + "*OpenGroup: Card/Card\n" + option +
                       "*CloseGroup: Card\n"),
               StartsWith("6: The option X stands in line 2 already."));
+}
+
+TEST_F(OpenPPD, OptionsThatDifferOnlyInCaseAreToldWithBothLines) {
+  const std::string option = "*OpenUI *Gloss/Gloss: PickOne\n*Gloss A/A: \"\"\n*CloseUI: *Gloss\n";
+  const std::string other = "*OpenUI *gloss/Gloss: PickOne\n*gloss A/A: \"\"\n*CloseUI: *gloss\n";
+  EXPECT_EQ(errorOf("*PPD-Adobe: \"4.3\"\n" + option + other),
+            "5: The option gloss stands in line 2 already.");
+}
+
+TEST_F(OpenPPD, AnOptionThatStandsInASubgroupTooIsToldWithBothLines) {
+  const std::string option = "*OpenUI *X/X: PickOne\n*X A/A: \"\"\n*CloseUI: *X\n";
+  EXPECT_EQ(errorOf("*PPD-Adobe: \"4.3\"\n*OpenGroup: Card/Card\n" + option +
+                    "*OpenSubGroup: Front/Front\n" + option +
+                    "*CloseSubGroup: Front\n*CloseGroup: Card\n"),
+            "7: The option X stands in line 3 already.");
+}
+
+TEST_F(OpenPPD, APageSizeThatStandsInAGroupTooIsToldWithBothLines) {
+  EXPECT_THAT(errorOf(ppd() + "*OpenGroup: Card/Card\n*OpenUI *PageSize/S: PickOne\n"
+                              "*PageSize A/A: \"\"\n*CloseUI: *PageSize\n*CloseGroup: Card\n"),
+              MatchesRegex("[0-9]+: The option PageSize stands in line 16 already."));
+}
+
+TEST_F(OpenPPD, AnOptionThatIsOpenedAgainInItsGroupOpens) {
+  const std::string option = "*OpenUI *X/X: PickOne\n*X A/A: \"\"\n*CloseUI: *X\n";
+  EXPECT_EQ(errorOf(ppd() + option + option), "opened");
+}
+
+std::string optionsOf(int count, int choices) {
+  std::string text = "*PPD-Adobe: \"4.3\"\n";
+  for (int i = 0; i < count; ++i) {
+    const std::string keyword = "o" + std::to_string(i);
+    text += "*OpenUI *" + keyword + "/O: PickOne\n";
+    for (int k = 0; k < choices; ++k) {
+      text += "*" + keyword + " c" + std::to_string(k) + "/C: \"\"\n";
+    }
+    text += "*CloseUI: *" + keyword + "\n";
+  }
+  return text;
+}
+
+TEST_F(OpenPPD, FourThousandOptionsOpenAndOneMoreIsToldBeforeLibcupsReads) {
+  EXPECT_EQ(errorOf(optionsOf(4000, 1)), "opened");
+  EXPECT_EQ(errorOf(optionsOf(4001, 1)), "12002: The file has more than 4000 options.");
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(errorOf(optionsOf(100'000, 1)), "12002: The file has more than 4000 options.");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+TEST_F(OpenPPD, TwoThousandChoicesOpenAndOneMoreIsTold) {
+  EXPECT_EQ(errorOf(optionsOf(1, 2000)), "opened");
+  EXPECT_EQ(errorOf(optionsOf(1, 2001)), "2003: The option o0 has more than 2000 choices.");
+}
+
+TEST_F(OpenPPD, AnErrorIsOneLineOfUTF8WhateverTheFileSays) {
+  EXPECT_EQ(errorOf("*PPD-Adobe: \"4.3\"\n*OpenUI *X\x1b[31m\xFF: PickOne\n"),
+            "2: *OpenUI *X\\x1b[31m\\xff is never closed; the file seems to be cut off.");
+  const std::string path = folder.write("a\x1b[2J\n.ppd", "no PPD\n");
+  try {
+    openPPD(path);
+    FAIL() << "opened";
+  } catch (const Error& error) {
+    EXPECT_THAT(error.what(), HasSubstr("/a\\x1b[2J\\n.ppd:1: "));
+  }
 }
 
 TEST_F(OpenPPD, ADefaultThatIsNotListedOpens) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <clocale>
 
+#include "platform/Messages.h"
 #include "platform/StringTable.h"
 #include "tests/support/BuiltFiles.h"
 
@@ -20,6 +21,7 @@ TEST(BundledTexts, NameEveryPanel) {
 // The test runs in a German locale.
 TEST(BundledTexts, AreInTheUsersLanguage) {
   ASSERT_NE(std::setlocale(LC_ALL, ""), nullptr);
+  platform::useCatalogues(test::builtBundle());
   const platform::StringTable table(test::builtBundle());
   EXPECT_EQ(table.text("ThermalLaminatePanelName"), "Thermolaminat");
   EXPECT_EQ(table.text("PeelOffPanelName"), "Folienabzug");

@@ -6,11 +6,13 @@
 #include <vector>
 
 #include "apps/cardprint/Arguments.h"
+#include "host/Program.h"
 
 namespace cardpanels::cardprint {
 namespace {
 
 using host::Option;
+using host::UsageError;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

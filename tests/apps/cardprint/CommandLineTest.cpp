@@ -2,17 +2,25 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cwchar>
+#include <map>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "tests/support/Process.h"
+#include "tests/support/ScopedLocale.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestPPD.h"
 
 namespace cardpanels {
 namespace {
 
 using testing::AllOf;
+using testing::Contains;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 const std::string kSamples = CARDPANELS_SOURCE_DIR "/resources/ppd/";
@@ -123,7 +131,8 @@ TEST(Cardprint, NamesAnUnknownChoice) {
 }
 
 TEST(Cardprint, NamesAnArgumentThatIsNoOption) {
-  expectError(withSample("card-laminate", "-o cardLaminate"), "-o cardLaminate: not KEY=VALUE");
+  expectError(withSample("card-laminate", "-o cardLaminate"),
+              "-o cardLaminate: This is not KEY=VALUE.");
 }
 
 TEST(Cardprint, NamesAMissingPPD) {
@@ -165,6 +174,109 @@ TEST(Cardprint, HelpNamesEveryOption) {
 
 TEST(Cardprint, TellsItsVersion) {
   EXPECT_THAT(cardprint("--version").output, testing::MatchesRegex("cardprint [0-9.]+\n"));
+}
+
+/// The help in `language`, a line an element.
+std::vector<std::string> helpLines(const std::string& language) {
+  const auto finished = test::runCommand("LANGUAGE= LC_ALL=" + language +
+                                         ".UTF-8 " CARDPANELS_BUILD_DIR "/bin/cardprint --help");
+  EXPECT_EQ(finished.status, 0);
+  std::vector<std::string> lines;
+  std::istringstream text(finished.output);
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  return lines;
+}
+
+/// How many columns of a terminal `line` takes, in the program's locale.
+int columns(const std::string& line) {
+  std::wstring wide(line.size(), L'\0');
+  wide.resize(std::mbstowcs(wide.data(), line.c_str(), wide.size()));
+  return wcswidth(wide.c_str(), wide.size());
+}
+
+TEST(Cardprint, HelpIsInTheUsersLanguageWithinEightyColumns) {
+  const test::ScopedLocale locale(LC_ALL, "C.UTF-8");
+  const auto english = helpLines("en_US");
+  for (const std::string language : {"en_US", "de_DE", "fr_FR", "ja_JP"}) {
+    const auto lines = helpLines(language);
+    EXPECT_EQ(lines == english, language == "en_US") << language;
+    for (const std::string& line : lines) {
+      EXPECT_LE(columns(line), 80) << line;
+      EXPECT_GE(columns(line), 0) << line;
+    }
+    for (const char* option :
+         {"--ppd", "-d", "-o", "--no-dialog", "--strict", "--trace", "--help", "--version"}) {
+      EXPECT_THAT(lines, Contains(StartsWith("  " + std::string(option)))) << language;
+    }
+  }
+}
+
+TEST(Cardprint, UsageErrorsAreInTheUsersLanguage) {
+  const auto inGerman = [](const std::string& arguments) {
+    return test::runCommand("LANGUAGE= LC_ALL=de_DE.UTF-8 " CARDPANELS_BUILD_DIR "/bin/cardprint " +
+                            arguments);
+  };
+  for (const auto& [arguments, message] : std::map<std::string, std::string>{
+           {"--surprise", "Es gibt keine Option --surprise."},
+           {"-x", "Es gibt keine Option -x."},
+           {"--ppd", "Die Option --ppd braucht einen Wert."},
+           {"-d", "Die Option -d braucht einen Wert."},
+           {"--trace=1", "Die Option --trace=1 nimmt keinen Wert."}}) {
+    const auto finished = inGerman(arguments);
+    EXPECT_EQ(finished.status, 2);
+    EXPECT_EQ(finished.errors, "cardprint: " + message + "\n„cardprint --help“ zeigt die Hilfe.\n");
+  }
+}
+
+TEST(Cardprint, ErrorsAboutQueuesAreInTheUsersLanguage) {
+  const test::TemporaryFolder folder;
+  const auto finished =
+      test::runCommand("env -u DISPLAY LANGUAGE= LC_ALL=de_DE.UTF-8 CUPS_SERVER=" +
+                       (folder.path() / "cups.sock").string() +
+                       " " CARDPANELS_BUILD_DIR "/bin/cardprint -d card --no-dialog /dev/null");
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_THAT(finished.errors, HasSubstr("Druckserver"));
+}
+
+/// A PPD whose nick name is a control sequence and no UTF-8, and an option's title too.
+std::string hostilePPD(const test::TemporaryFolder& folder) {
+  std::string text = test::testPPD(
+      {{"cardLaminate", "Lam\x1b[31m", {{"None", "None"}, {"Red", "R\x1b[31m"}}, {}}});
+  text.replace(text.find("*NickName: \"Test"), 16, "*NickName: \"\x1b[31m\xFF");
+  return folder.write("card.ppd", text);
+}
+
+TEST(Cardprint, PrintsWhatAPPDSaysWithoutControlCharacters) {
+  const test::TemporaryFolder folder;
+  const std::string ppd = hostilePPD(folder);
+  const auto finished = cardprint("--ppd " + ppd + " --no-dialog -o cardLaminate=Red");
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_THAT(finished.output,
+              AllOf(HasSubstr("Lam\\x1b[31m: R\\x1b[31m\n"), Not(HasSubstr("\x1b"))));
+  const auto refused = cardprint("--ppd " + ppd + " --no-dialog -o cardLaminate=Gold");
+  expectError(refused, "“Lam\\x1b[31m”");
+  EXPECT_THAT(refused.errors, Not(HasSubstr("\x1b")));
+}
+
+TEST(Cardprint, PrintsWhatTheCommandLineSaysWithoutControlCharacters) {
+  for (const char* arguments : {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'a\\x1b'",
+                                "$'/a\\x1b'", "-d $'a\\x1b'"}) {
+    const auto finished = test::runCommand("bash -c \"CUPS_SERVER=/nowhere " CARDPANELS_BUILD_DIR
+                                           "/bin/cardprint --no-dialog " +
+                                           std::string(arguments) + "\"");
+    EXPECT_EQ(finished.status, 2) << arguments;
+    EXPECT_THAT(finished.errors, AllOf(HasSubstr("\\x1b"), Not(HasSubstr("\x1b")))) << arguments;
+  }
+}
+
+TEST(Cardprint, SaysWhenStandardOutputCannotBeWritten) {
+  for (const char* arguments : {"--help >/dev/full", "--version >&-"}) {
+    const auto finished = cardprint(arguments);
+    EXPECT_EQ(finished.status, 2) << arguments;
+    EXPECT_THAT(finished.errors, StartsWith("cardprint: Standard output cannot be written: "));
+  }
+  EXPECT_EQ(withSample("card-laminate", ">/dev/full").status, 2);
+  EXPECT_EQ(withSample("card-laminate", ">&-").status, 2);
 }
 
 TEST(Cardprint, WritesTheTraceLogToStandardErrorOnRequest) {

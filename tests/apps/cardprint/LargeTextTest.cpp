@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "apps/cardprint/CardDialog.h"
+#include "platform/Messages.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/RecordedLog.h"
@@ -78,6 +79,7 @@ class LargeText : public testing::TestWithParam<const char*> {
     unsetenv("LANGUAGE");
     setenv("CARDPANELS_BUNDLE", test::builtBundle().c_str(), 1);
     ASSERT_NE(std::setlocale(LC_ALL, GetParam()), nullptr);
+    platform::useCatalogues(CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle");
     // GTK 3 cannot close a display on which a tooltip has shown.
     GdkSeat* const seat = gdk_display_get_default_seat(gdk_display_get_default());
     gdk_device_warp(gdk_seat_get_pointer(seat), gdk_screen_get_default(), 1279, 1023);

@@ -45,6 +45,20 @@ TEST_F(CardprintQueueTest, SendsTheFilesWithTheChosenOptionsAndTellsTheJob) {
   EXPECT_THAT(server_.job(1), Contains(Pair("job-name", "badge.txt")));
 }
 
+TEST_F(CardprintQueueTest, AFolderForTemporaryFilesThatIsNotThereAbortsNothing) {
+  const auto finished = test::runCommand("env -u DISPLAY TMPDIR=/nonexistent " CARDPANELS_BUILD_DIR
+                                         "/bin/cardprint --no-dialog -d card");
+  EXPECT_THAT(finished.status, testing::AnyOf(0, 2));
+  EXPECT_EQ(finished.errors.empty(), finished.status == 0) << finished.errors;
+}
+
+TEST_F(CardprintQueueTest, AJobThatWasPrintedButNotToldHasAStatusOfItsOwn) {
+  const auto finished = cardprint("-d card " + picture_ + " >/dev/full");
+  EXPECT_EQ(finished.status, 3);
+  EXPECT_THAT(finished.errors, EndsWith("The job was printed.\n"));
+  EXPECT_EQ(server_.jobCount(), 1);
+}
+
 TEST_F(CardprintQueueTest, AJobIsPrinted) {
   server_.enable("card");
   cardprint("-d card -o cardLaminate=Front " + picture_);

@@ -1,6 +1,7 @@
 #include <glib-unix.h>
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
@@ -13,6 +14,7 @@
 //   operation   a GtkPrintOperation, which starts from the settings of the one before
 //   dialog      a GtkPrintUnixDialog; on Print and Preview its settings are written as KEY=VALUE
 //   lines hide, show, destroy   do that to the dialog opened last quit        ends the main loop
+//   leave       makes / the current folder
 
 namespace {
 
@@ -82,6 +84,7 @@ gboolean command(GIOChannel* channel, GIOCondition /*condition*/, gpointer /*dat
     gtk_widget_destroy(dialogs.back());
     dialogs.pop_back();
   }
+  if (name == "leave" && chdir("/") != 0) std::abort();
   if (name == "quit") gtk_main_quit();
   return TRUE;
 }

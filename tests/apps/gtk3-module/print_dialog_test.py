@@ -108,18 +108,18 @@ class PrintDialogTestCase(unittest.TestCase):
         pathlib.Path(path).write_text(text)
         return path
 
-    def start(self, command, module=True, **env):
+    def start(self, command, module=MODULE, **env):
         """Starts a program that prints; answers its dialog."""
         env = {**self.server.env, **env}
         if module:
-            env["GTK_MODULES"] = str(MODULE)
+            env["GTK_MODULES"] = str(module)
         if SANITIZED:
             # Programs and GTK have leaks of their own; ours are looked for in the report.
             env["LSAN_OPTIONS"] = "exitcode=0"
         self.program = self.desktop.start(command, **env)
         return PrintDialog(self.program)
 
-    def start_demo(self, module=True, **env):
+    def start_demo(self, module=MODULE, **env):
         """Starts GTK's own example of printing, unmodified; answers its dialog."""
         if SANITIZED:  # gtk3-demo hangs inside gettext when the sanitizer is loaded before it
             return self.start_program("operation", module=module, **env)
@@ -213,6 +213,15 @@ class PanelsTestCase(PrintDialogTestCase):
             frontResin="DefinedAreas",
             frontResinInclude2="Custom.1in 1in 2.125in 1.0625in",
         )
+
+    def test_a_module_with_a_relative_path_finds_its_page_from_another_folder(self):
+        there = f'cd "{BUILD}" && exec "{PROGRAM}" "{self.commands}"'
+        dialog = self.start(["sh", "-c", there], MODULE.relative_to(BUILD))
+        for each in ("leave", "dialog"):
+            self.send(each)
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front Ribbon", "Color and UV (YMCF)")
 
     def test_saved_options_are_shown_and_printed(self):
         saved = "cardLaminate=Back frontResin=DefinedAreas coating=Gloss"

@@ -63,9 +63,24 @@ TEST_F(Program, APPDThatIsNotThereIsNamed) {
 TEST_F(Program, ABundleThatIsNotThereIsNamed) {
   const auto finished = run("--ppd " + ppd + " --bundle /nowhere", "panels\n");
   EXPECT_EQ(finished.status, 1);
-  EXPECT_NE(finished.output.find("! cannot load the panels: /nowhere/cardpanels.so"),
+  EXPECT_NE(finished.output.find("! The panels cannot be loaded: /nowhere/cardpanels.so"),
             std::string::npos)
       << finished.output;
+}
+
+TEST_F(Program, SaysWhenStandardOutputCannotBeWritten) {
+  for (const char* output : {" >/dev/full", " >&-"}) {
+    const auto finished = run("--ppd " + ppd + output, "panels\n");
+    EXPECT_EQ(finished.status, 2) << output;
+    EXPECT_EQ(finished.errors.find("pde-drive: Standard output cannot be written: "), 0U)
+        << finished.errors;
+  }
+}
+
+TEST_F(Program, AnUnknownOptionIsNamedWithoutControlCharacters) {
+  const auto finished = test::runCommand("bash -c \"" + kProgram + " $'--a\\x1b'\"");
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_EQ(finished.errors, "pde-drive: There is no option --a\\x1b.\nTry 'pde-drive --help'.\n");
 }
 
 TEST_F(Program, HasHelpAndAVersion) {

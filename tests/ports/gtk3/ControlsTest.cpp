@@ -39,6 +39,14 @@ class ControlsTest : public testing::Test {
     }
   }
 
+  void fillPopUp(int count) {
+    owner_->popUp->removeAllItems();
+    for (int i = 0; i < count; ++i) {
+      owner_->popUp->menu()->addItem(MenuItem::initWithTitle_action_keyEquivalent(
+          "Choice " + std::to_string(i), std::nullopt, ""));
+    }
+  }
+
   Gtk::ComboBoxText& comboBox() { return widgetOf<Gtk::ComboBoxText>(owner_->popUp); }
   Gtk::Entry& entry() { return widgetOf<Gtk::Entry>(owner_->field); }
 
@@ -174,6 +182,37 @@ TEST_F(ControlsTest, AControlOutlivesItsView) {
   owner_->field->setStringValue("1in");
   EXPECT_EQ(owner_->popUp->menu()->itemAtIndex(1)->title(), "Front");
   EXPECT_EQ(owner_->changes, 0);
+}
+
+bool opensAsList(Gtk::ComboBoxText& comboBox) {
+  return GTK_IS_TREE_VIEW(gtk_accessible_get_widget(
+      GTK_ACCESSIBLE(gtk_combo_box_get_popup_accessible(comboBox.gobj()))));
+}
+
+TEST_F(ControlsTest, APopUpWithManyItemsOpensAsAList) {
+  fillPopUp();
+  EXPECT_FALSE(opensAsList(comboBox()));
+  fillPopUp(1000);
+  EXPECT_TRUE(opensAsList(comboBox()));
+  show();
+  EXPECT_TRUE(opensAsList(comboBox()));
+  owner_->popUp->selectItemAtIndex(998);
+  EXPECT_EQ(comboBox().get_active_text(), "Choice 998");
+  EXPECT_EQ(owner_->changes, 0);
+}
+
+TEST_F(ControlsTest, TheKeyboardChoosesFromAList) {
+  fillPopUp(1000);
+  owner_->popUp->selectItemAtIndex(500);
+  show();
+  comboBox().grab_focus();
+  g_signal_emit_by_name(comboBox().gobj(), "move-active", GTK_SCROLL_STEP_DOWN);
+  EXPECT_EQ(owner_->popUp->indexOfSelectedItem(), 501);
+  EXPECT_EQ(owner_->changes, 1);
+  comboBox().popup();
+  ASSERT_TRUE(
+      test::handleEventsUntil([&] { return comboBox().property_popup_shown().get_value(); }));
+  comboBox().popdown();
 }
 
 TEST_F(ControlsTest, ADisabledPopUpTakesNoInput) {

@@ -131,6 +131,7 @@ class ShownPanel {
   ShownPanel(const PanelFile& file, const char* locale, From captions) {
     unsetenv("LANGUAGE");
     std::setlocale(LC_ALL, locale);
+    platform::useCatalogues(CARDPANELS_BUILD_DIR "/lib/cardpanels.bundle");
     host_ = std::make_shared<OpenHost>();
     dialog::Captions given;
     if (captions == From::ppd) given = dialog::captionsOf(host_->job(), buttons());

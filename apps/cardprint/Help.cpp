@@ -1,0 +1,54 @@
+#include <array>
+#include <string>
+
+#include "apps/cardprint/Arguments.h"
+#include "platform/Messages.h"
+
+namespace cardpanels::cardprint {
+
+using platform::_;
+
+std::string help() {
+  // Translators: the texts of the help stay within 80 columns, and options in their column.
+  const std::array paragraphs{
+      _(R"help(Usage: cardprint [--ppd FILE | -d QUEUE[/INSTANCE]] [-o KEY=VALUE]...
+                 [--no-dialog [--strict]] [--trace] [FILE]...
+Shows the options of a card printer, and prints FILEs with what is chosen.
+)help"),
+      _(R"help(  -d QUEUE[/INSTANCE]  the queue to print on, with the options saved for it or
+                       for that instance of it; the default queue otherwise
+  --ppd FILE           the printer's PPD; needs no print server and prints
+                       nothing, so it takes no FILE
+  -o KEY=VALUE         choose VALUE for the printer's option KEY; several in
+                       one argument, with spaces between them, as lp takes them.
+                       An area is four measurements:
+                       -o frontResinInclude1="1in 1in 2in 2in"
+  --no-dialog          print at once with the options given by -o
+  --strict             with --no-dialog, print nothing when an area cannot be
+                       right, such as one that is off the card
+  --trace              write the trace log to standard error as well as to the
+                       system log
+  --help               print this text
+  --version            print the program's version
+)help"),
+      _(R"help(What standard output gets: the summary, for each panel its name on a line, and
+below it, indented by four spaces, a line "OPTION: CHOICE" for each option, by
+their titles. Then one last line: with FILEs "request id is QUEUE-JOB (N
+file(s))"; without, the options of the job as arguments of lp, quoted for the
+shell (an empty line when the job needs none), so this prints a picture later:
+)help"),
+      R"help(  eval "lp -d QUEUE $(cardprint --ppd card.ppd | tail -n 1) picture.png"
+)help",
+      _(R"help(No option given by -o is changed for another one: two that exclude each other
+are an error. What else changed because of them is told on standard error, and
+so is an area that cannot be right.
+Exit status: 0 when all was done, 1 when the dialog was cancelled, 2 after an
+error; then nothing was printed. 3 when all was printed, but standard output
+could not be written.
+)help")};
+  std::string text;
+  for (const char* paragraph : paragraphs) text.append(text.empty() ? "" : "\n").append(paragraph);
+  return text;
+}
+
+}  // namespace cardpanels::cardprint
