@@ -61,9 +61,9 @@ void NoticeBar::fit(int width) {
   rows_.get_preferred_height_for_width(width, least, natural);
   const int height = std::min(natural, kMaximumHeight);
   if (height == scroller_.get_min_content_height()) return;
-  // Not while sizes are given out.
+  // Not while sizes are given out; GTK may have destroyed the dialog before its page goes.
   fitting_ = Glib::signal_idle().connect([this, height] {
-    scroller_.set_min_content_height(height);
+    if (scroller_.gobj() != nullptr) scroller_.set_min_content_height(height);
     return false;
   });
 }
