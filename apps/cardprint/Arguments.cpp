@@ -1,11 +1,12 @@
 #include "apps/cardprint/Arguments.h"
 
 #include <getopt.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
+#include <system_error>
 
 #include "apps/cardprint/OptionArgument.h"
 #include "host/Error.h"
@@ -60,10 +61,11 @@ void take(int option, Arguments& arguments) {
 }
 
 void checkReadable(const std::string& path) {
-  errno = 0;
-  const bool opens = std::ifstream(path).good();
-  const int reason = opens && std::filesystem::is_directory(path) ? EISDIR : errno;
-  if (!opens || reason == EISDIR) throw host::Error(path + ": " + std::strerror(reason));
+  // Without opening it: a pipe may have no writer yet.
+  const bool readable = access(path.c_str(), R_OK) == 0;
+  std::error_code unknown;
+  const int reason = readable && std::filesystem::is_directory(path, unknown) ? EISDIR : errno;
+  if (!readable || reason == EISDIR) throw host::Error(path + ": " + std::strerror(reason));
 }
 
 }  // namespace

@@ -24,9 +24,10 @@ constexpr int kButtonMargin = 6;
 
 }  // namespace
 
-CardDialog::CardDialog(CardJob& job, const std::string& told)
+CardDialog::CardDialog(CardJob& job, WindowWaiter& waiter, const std::string& told)
     : Gtk::Dialog(Glib::ustring::compose(_("Print on %1"), job.printerName())),
       job_(job),
+      waiter_(waiter),
       page_(job.panels()) {
   get_content_area()->set_border_width(0);
   get_content_area()->pack_start(page_, Gtk::PACK_EXPAND_WIDGET);
@@ -38,6 +39,7 @@ CardDialog::CardDialog(CardJob& job, const std::string& told)
   set_default_response(Gtk::RESPONSE_OK);
   setDefaultSize();
   job_.panels().setObserver(this);
+  waiter_.setParent(this);
   page_.page().keep(told);
   for (const std::string& each : job_.leftOut()) page_.page().keep(each);
   watchPrinter();
@@ -59,7 +61,10 @@ void CardDialog::setDefaultSize() {
                    std::min(height, most.get_height()));
 }
 
-CardDialog::~CardDialog() { job_.panels().setObserver(nullptr); }
+CardDialog::~CardDialog() {
+  waiter_.setParent(nullptr);
+  job_.panels().setObserver(nullptr);
+}
 
 void CardDialog::tell(const std::string& message, const std::optional<host::Option>& insisted) {
   if (insisted) {
@@ -88,6 +93,9 @@ std::optional<std::string> CardDialog::print() {
     return output;
   } catch (const host::PPDChanged&) {
     throw;  // this dialog is on the PPD that was
+  } catch (const Cancelled&) {
+    page_.page().tell(_("Nothing was printed."));
+    return std::nullopt;
   } catch (const host::Error& error) {
     error_ = error.what();
     page_.page().tellError(error_);

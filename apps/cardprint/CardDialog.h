@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "apps/cardprint/CardJob.h"
+#include "apps/cardprint/WindowWaiter.h"
 #include "host/PanelHost.h"
 #include "ports/gtk3/CardPage.h"
 #include "ports/gtk3/HandlerErrors.h"
@@ -17,8 +18,8 @@ namespace cardpanels::cardprint {
 /// The panels of a job in a dialog with Cancel and Print. Needs GTK to be initialised.
 class CardDialog : public Gtk::Dialog, private host::PanelObserver {
  public:
-  /// A dialog for `job`, which must outlive it; tells `told` at first.
-  explicit CardDialog(CardJob& job, const std::string& told = {});
+  /// A dialog for `job`, which `waiter` waits for; both must outlive it. Tells `told` at first.
+  CardDialog(CardJob& job, WindowWaiter& waiter, const std::string& told = {});
   ~CardDialog() override;
 
   /// Lets the user choose until the job is sent, and answers what standard output gets; nothing
@@ -38,6 +39,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   std::optional<std::string> print();
 
   CardJob& job_;
+  WindowWaiter& waiter_;
   gtk3::HandlerErrors errors_{[this] { response(Gtk::RESPONSE_CANCEL); }};
   gtk3::CardPage page_;
   std::string error_;

@@ -6,7 +6,6 @@
 #include <memory>
 #include <utility>
 
-#include "apps/cardprint/Password.h"
 #include "dialog/AreaFaults.h"
 #include "dialog/AreaWarnings.h"
 #include "dialog/Captions.h"
@@ -28,42 +27,40 @@ struct CardJob::Printer {
   std::vector<host::Option> savedOptions;
   host::PPDFile ppd;
   platform::Text ppdText;
-  std::optional<host::Login> login;
 };
 
-CardJob::Printer CardJob::openPrinter(const Arguments& arguments) {
+CardJob::Printer CardJob::openPrinter(const Arguments& arguments, const host::Terms& terms) {
   if (arguments.ppd.empty()) {
-    std::optional<host::Login> login;
-    auto queue = withLogin(login, !arguments.dialog, [&](const auto& known) {
-      return host::openQueue(arguments.queue, {.login = known});
-    });
-    return {queue.name.text(),
-            queue.name,
-            std::move(queue.savedOptions),
-            std::move(queue.ppd),
-            std::move(queue.ppdText),
-            std::move(login)};
+    auto queue = host::openQueue(arguments.queue, terms);
+    return {queue.name.text(), queue.name, std::move(queue.savedOptions), std::move(queue.ppd),
+            std::move(queue.ppdText)};
   }
   auto ppd = host::openPPD(arguments.ppd);
   std::string name = ppd->nickname != nullptr
                          ? ppd->nickname
                          : std::filesystem::path(arguments.ppd).filename().string();
-  return {platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt, std::nullopt};
+  return {platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt};
 }
 
-CardJob::CardJob(const Arguments& arguments)
-    : CardJob(arguments, openPrinter(arguments), nullptr) {}
+CardJob::Printer CardJob::openedPrinter(const Arguments& arguments, Waiter& waiter) {
+  return waitedFor<Printer>(
+      waiter, _("Reading the printer's options…"),
+      [arguments](const host::Terms& terms) { return openPrinter(arguments, terms); });
+}
+
+CardJob::CardJob(const Arguments& arguments, Waiter& waiter)
+    : CardJob(arguments, waiter, openedPrinter(arguments, waiter), nullptr) {}
 
 CardJob::CardJob(const Arguments& arguments, const CardJob& before)
-    : CardJob(arguments, openPrinter(arguments), &before) {}
+    : CardJob(arguments, before.waiter_, openedPrinter(arguments, before.waiter_), &before) {}
 
-CardJob::CardJob(const Arguments& arguments, Printer&& printer, const CardJob* before)
-    : files_(arguments.files),
+CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Printer&& printer,
+                 const CardJob* before)
+    : waiter_(waiter),
+      files_(arguments.files),
       queue_(printer.queue),
       printerName_(printer.name),
       ppdText_(std::move(printer.ppdText)),
-      login_(std::move(printer.login)),
-      mayAskForLogin_(!arguments.dialog),
       options_(std::move(printer.ppd)),
       leftOut_(markedFirst(printer.savedOptions, before)),
       notice_(before == nullptr ? chosen(arguments.options) : ""),
@@ -142,9 +139,10 @@ std::string CardJob::summary() {
 std::string CardJob::lastLine() {
   if (files_.empty()) return host::lpArguments(options_.options());
   const std::string title = std::filesystem::path(files_.front()).filename().string();
-  const int id = withLogin(login_, mayAskForLogin_, [&](const auto& known) {
-    return host::submitJob({queue_, title, files_, options_.options(), ppdText_}, {.login = known});
-  });
+  const host::Submission submission{queue_, title, files_, options_.options(), ppdText_};
+  const int id = waitedFor<int>(
+      waiter_, _("Sending the job…"),
+      [submission](const host::Terms& terms) { return host::submitJob(submission, terms); });
   return "request id is " + queue_.queue + "-" + std::to_string(id) + " (" +
          std::to_string(files_.size()) + " file(s))";
 }

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "apps/cardprint/Arguments.h"
+#include "apps/cardprint/Waiter.h"
 #include "host/JobOptions.h"
 #include "host/PanelHost.h"
 #include "host/Queue.h"
-#include "host/Terms.h"
 
 namespace cardpanels::cardprint {
 
@@ -16,11 +15,12 @@ namespace cardpanels::cardprint {
 class CardJob {
  public:
   /// Opens the PPD or the queue, marks saved options, applies the options of the command line by
-  /// the host's rules, and makes the panels. Throws `host::Error`.
-  explicit CardJob(const Arguments& arguments);
+  /// the host's rules, and makes the panels. `waiter` waits for server and disk, also later, and
+  /// must outlive this. Throws `host::Error`, and `Cancelled`.
+  CardJob(const Arguments& arguments, Waiter& waiter);
 
   /// Opens the queue anew after it got another PPD, and marks what `before` had chosen as far as it
-  /// fits. Throws `host::Error`.
+  /// fits. Throws the same.
   CardJob(const Arguments& arguments, const CardJob& before);
 
   /// What the printer is called.
@@ -46,28 +46,28 @@ class CardJob {
   std::vector<std::string> judged() const;
 
   /// Sends the files, if there are any, and answers what standard output gets. Throws
-  /// `host::PPDChanged` when the queue has another PPD by now, and `host::Error`; then nothing was
-  /// sent.
+  /// `host::PPDChanged` when the queue has another PPD by now, `host::Error` and `Cancelled`; then
+  /// nothing was sent.
   std::string send();
 
  private:
   /// Where the PPD comes from.
   struct Printer;
 
-  CardJob(const Arguments& arguments, Printer&& printer, const CardJob* before);
+  CardJob(const Arguments& arguments, Waiter& waiter, Printer&& printer, const CardJob* before);
   std::vector<std::string> markedFirst(const std::vector<host::Option>& saved,
                                        const CardJob* before);
-  static Printer openPrinter(const Arguments& arguments);
+  static Printer openPrinter(const Arguments& arguments, const host::Terms& terms);
+  static Printer openedPrinter(const Arguments& arguments, Waiter& waiter);
   std::string chosen(const std::vector<host::Option>& options);
   std::string summary();
   std::string lastLine();
 
+  Waiter& waiter_;
   std::vector<std::string> files_;
   host::QueueName queue_;
   std::string printerName_;
   platform::Text ppdText_;  // as the queue had it
-  std::optional<host::Login> login_;
-  bool mayAskForLogin_;  // at the terminal
   host::JobOptions options_;
   std::vector<std::string> leftOut_;
   std::string notice_;

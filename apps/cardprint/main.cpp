@@ -9,6 +9,8 @@
 #include "apps/cardprint/Arguments.h"
 #include "apps/cardprint/CardDialog.h"
 #include "apps/cardprint/CardJob.h"
+#include "apps/cardprint/TerminalWaiter.h"
+#include "apps/cardprint/WindowWaiter.h"
 #include "host/Error.h"
 #include "host/Program.h"
 #include "host/Submission.h"
@@ -45,8 +47,9 @@ int tellOutput(const std::string& output, bool wasPrinted) {
   }
 }
 
-int printWithDialog(cardprint::CardJob& job, const std::string& told) {
-  cardprint::CardDialog dialog(job, told);
+int printWithDialog(cardprint::CardJob& job, cardprint::WindowWaiter& waiter,
+                    const std::string& told) {
+  cardprint::CardDialog dialog(job, waiter, told);
   const auto output = dialog.choose();
   if (!dialog.error().empty()) tellError(dialog.error());
   return output ? tellOutput(*output, job.hasFiles()) : kCancelled;
@@ -58,34 +61,39 @@ void tell(const cardprint::CardJob& job) {
 }
 
 /// Shows the dialog anew as often as the queue gets another PPD meanwhile.
-int printWithDialogs(const cardprint::Arguments& arguments,
-                     std::unique_ptr<cardprint::CardJob> job) {
+int printWithDialogs(const cardprint::Arguments& arguments) {
+  initializeToolkit();
+  cardprint::WindowWaiter waiter;
+  auto job = std::make_unique<cardprint::CardJob>(arguments, waiter);
   for (std::string told;;) {
+    tell(*job);
     try {
-      return printWithDialog(*job, told);
+      return printWithDialog(*job, waiter, told);
     } catch (const host::PPDChanged& changed) {
       told = changed.what();
     }
     tellError(told);
     job = std::make_unique<cardprint::CardJob>(arguments, *job);
-    tell(*job);
   }
 }
 
-int printAtOnce(cardprint::CardJob& job, bool strict) {
+int printAtOnce(const cardprint::Arguments& arguments) {
+  cardprint::TerminalWaiter waiter;
+  cardprint::CardJob job(arguments, waiter);
+  tell(job);
   const auto warnings = job.judged();
   for (const std::string& each : warnings) tellError(each);
-  if (strict && !warnings.empty()) return host::kFailed;
+  if (arguments.strict && !warnings.empty()) return host::kFailed;
   return tellOutput(job.send(), job.hasFiles());
 }
 
 int print(const cardprint::Arguments& arguments) {
   platform::setTraceToStandardError(arguments.trace);
-  if (arguments.dialog) initializeToolkit();
-  auto job = std::make_unique<cardprint::CardJob>(arguments);
-  tell(*job);
-  return arguments.dialog ? printWithDialogs(arguments, std::move(job))
-                          : printAtOnce(*job, arguments.strict);
+  try {
+    return arguments.dialog ? printWithDialogs(arguments) : printAtOnce(arguments);
+  } catch (const cardprint::Cancelled&) {
+    return kCancelled;
+  }
 }
 
 int run(int argc, char** argv) {

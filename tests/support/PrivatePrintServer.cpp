@@ -90,6 +90,7 @@ PrivatePrintServer::PrivatePrintServer() : address_((folder_.path() / "cups.sock
 
 PrivatePrintServer::~PrivatePrintServer() {
   if (process_ > 0) {
+    resume();
     kill(process_, SIGTERM);
     waitpid(process_, nullptr, 0);
   }
@@ -181,6 +182,10 @@ void PrivatePrintServer::stop(const std::string& name, const std::string& reason
 }
 
 void PrivatePrintServer::reject(const std::string& name) { run("cupsreject " + name); }
+
+void PrivatePrintServer::suspend() const { kill(process_, SIGSTOP); }
+
+void PrivatePrintServer::resume() const { kill(process_, SIGCONT); }
 
 void PrivatePrintServer::setDefault(const std::string& name) { run("lpadmin -d " + name); }
 

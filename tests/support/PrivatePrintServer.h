@@ -42,6 +42,10 @@ class PrivatePrintServer {
   /// Has the queue take no jobs.
   void reject(const std::string& name);
 
+  /// Lets the server stand still: it takes connections and answers nothing until `resume`.
+  void suspend() const;
+  void resume() const;
+
   /// Makes `name` the server's default.
   void setDefault(const std::string& name);
 

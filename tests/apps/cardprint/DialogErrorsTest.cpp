@@ -22,8 +22,9 @@ class DialogErrors : public testing::Test {
   }
 
   test::RecordedLog log_;
-  CardJob job_{sample()};
-  CardDialog dialog_{job_};
+  WindowWaiter waiter_;
+  CardJob job_{sample(), waiter_};
+  CardDialog dialog_{job_, waiter_};
 };
 
 TEST_F(DialogErrors, EndTheDialog) {

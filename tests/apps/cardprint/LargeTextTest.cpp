@@ -15,6 +15,7 @@
 #include "apps/cardprint/CardDialog.h"
 #include "platform/Messages.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
+#include "tests/ports/gtk3/Widgets.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/RecordedLog.h"
 
@@ -24,20 +25,7 @@ namespace {
 // GTK reads it when it starts.
 const int kLargeText = setenv("GDK_DPI_SCALE", "1.5", 1);
 
-template <class... Types>
-void collect(Gtk::Widget& widget, std::vector<Gtk::Widget*>& found) {
-  if ((... || (dynamic_cast<Types*>(&widget) != nullptr))) found.push_back(&widget);
-  auto* const container = dynamic_cast<Gtk::Container*>(&widget);
-  if (container == nullptr) return;
-  for (auto* child : container->get_children()) collect<Types...>(*child, found);
-}
-
-template <class... Types>
-std::vector<Gtk::Widget*> all(Gtk::Widget& widget) {
-  std::vector<Gtk::Widget*> found;
-  collect<Types...>(widget, found);
-  return found;
-}
+using test::all;
 
 std::vector<Gtk::Widget*> shown(Gtk::Window& window) {
   auto found = all<Gtk::Label, Gtk::ComboBox, Gtk::Entry, Gtk::Notebook>(window);
@@ -95,8 +83,9 @@ class LargeText : public testing::TestWithParam<const char*> {
 TEST_P(LargeText, IsCutNowhereAtTheDefaultSizeWhateverThePanelsShow) {
   Arguments arguments;
   arguments.ppd = test::duplexPPD();
-  CardJob job(arguments);
-  CardDialog dialog(job);
+  WindowWaiter waiter;
+  CardJob job(arguments, waiter);
+  CardDialog dialog(job, waiter);
   dialog.show();
   ASSERT_TRUE(test::handleEventsUntil([&] { return dialog.get_mapped(); }));
   auto& sidebar = dynamic_cast<Gtk::ListBox&>(*all<Gtk::ListBox>(dialog).front());

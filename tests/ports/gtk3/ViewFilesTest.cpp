@@ -28,6 +28,7 @@
 #include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
+#include "tests/ports/gtk3/Widgets.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/RecordedLog.h"
 
@@ -74,21 +75,7 @@ class OpenHost final : public platform::CallbackObject {
   host::JobOptions job_;
 };
 
-/// All widgets of these types inside `widget`, in the order that assistive technology reads.
-template <class... Types>
-void collect(Gtk::Widget& widget, Controls& found) {
-  if ((... || (dynamic_cast<Types*>(&widget) != nullptr))) found.push_back(&widget);
-  auto* const container = dynamic_cast<Gtk::Container*>(&widget);
-  if (container == nullptr) return;
-  for (auto* child : container->get_children()) collect<Types...>(*child, found);
-}
-
-template <class... Types>
-Controls all(Gtk::Widget& widget) {
-  Controls found;
-  collect<Types...>(widget, found);
-  return found;
-}
+using test::all;
 
 template <class... Types>
 Controls shown(Gtk::Widget& widget) {

@@ -1,4 +1,4 @@
-#include "apps/cardprint/Password.h"
+#include "apps/cardprint/TerminalWaiter.h"
 
 #include <termios.h>
 #include <unistd.h>
@@ -11,6 +11,8 @@
 
 namespace cardpanels::cardprint {
 namespace {
+
+constexpr int kMostQuestions = 3;
 
 /// What is typed meanwhile is not shown.
 class HiddenTyping {
@@ -29,10 +31,9 @@ class HiddenTyping {
   termios before_{};
 };
 
-}  // namespace
-
 bool isAtTerminal() { return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0; }
 
+/// The password that is `needed`, nothing when the person gives none.
 std::optional<host::Login> askedLogin(const host::PasswordNeeded& needed) {
   const HiddenTyping hidden;
   std::cerr << "cardprint: " << needed.what() << '\n'
@@ -44,6 +45,21 @@ std::optional<host::Login> askedLogin(const host::PasswordNeeded& needed) {
   std::cerr << '\n';
   if (password.empty()) return std::nullopt;
   return host::Login{needed.user(), password};
+}
+
+}  // namespace
+
+void TerminalWaiter::wait(const std::string& /*what*/, Work work) {
+  for (int asked = 0;; ++asked) {
+    try {
+      work({.login = login_});
+      return;
+    } catch (const host::PasswordNeeded& needed) {
+      if (!isAtTerminal() || asked == kMostQuestions) throw;
+      login_ = askedLogin(needed);
+      if (!login_) throw;
+    }
+  }
 }
 
 }  // namespace cardpanels::cardprint
