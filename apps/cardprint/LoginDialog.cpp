@@ -32,6 +32,7 @@ class LoginDialog : public Gtk::Dialog {
     addRow(1, userLabel_, user_);
     grid_.attach(text_, 0, 0, 2, 1);
     get_content_area()->set_border_width(kMargin);
+    get_content_area()->set_spacing(kMargin);
     get_content_area()->pack_start(grid_);
     get_content_area()->show_all();
     add_button(_("_Cancel"), Gtk::RESPONSE_CANCEL);

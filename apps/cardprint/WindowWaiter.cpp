@@ -98,7 +98,7 @@ void WindowWaiter::wait(const std::string& what, Work work) {
       return;
     } catch (const host::PasswordNeeded& needed) {
       login_ = askedInWindow(needed, parent_);
-      if (!login_) throw;
+      if (!login_) throw Cancelled("no login");
     }
   }
 }
@@ -121,7 +121,7 @@ void WindowWaiter::waitOnce(const std::string& what, const Work& work) {
       kPatience);
   errand->loop->run();
   showing.disconnect();
-  if (!errand->isDone) throw Cancelled(_("It was cancelled."));
+  if (!errand->isDone) throw Cancelled(what);
   if (errand->error) std::rethrow_exception(errand->error);
 }
 

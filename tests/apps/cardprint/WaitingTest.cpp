@@ -249,10 +249,10 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
   EXPECT_LE(gaps.longest(), std::chrono::milliseconds(100));
 }
 
-TEST_F(Waiting, APasswordThatIsNotGivenIsTold) {
+TEST_F(Waiting, APasswordThatIsNotGivenEndsIt) {
   const test::OddServer server(serveGuarded);
   Person person("Password Needed", cancel);
-  EXPECT_THROW(CardJob(printing(badge_), waiter_), host::PasswordNeeded);
+  EXPECT_THROW(CardJob(printing(badge_), waiter_), Cancelled);
 }
 
 }  // namespace
