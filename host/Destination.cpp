@@ -17,8 +17,9 @@ namespace {
 using platform::_;
 using platform::filled;
 
-constexpr std::array<const char*, 5> kAttributes{
-    "printer-name", "printer-defaults", "media-default", "job-sheets-default", "member-names"};
+/// Of the defaults only those that libcups asks for, too: `lp` leaves the others to the server.
+constexpr std::array<const char*, 4> kAttributes{"printer-name", "printer-defaults",
+                                                 "job-sheets-default", "member-names"};
 constexpr std::string_view kDefaultEnding = "-default";
 
 /// Get-Printer-Attributes, or CUPS-Get-Default when `queue` is empty. Nothing when there is no
@@ -105,7 +106,6 @@ Destination destinationOf(Talk& talk, const QueueName& name) {
                         {"instance", platform::onOneLine(wanted.instance)}}));
   }
   Destination destination{std::move(wanted), defaultsIn(attributes.get()),
-                          textIn(attributes.get(), "media-default"),
                           textsIn(attributes.get(), "member-names")};
   if (saved) {
     for (const Option& each : saved->options()) destination.options.set(each);

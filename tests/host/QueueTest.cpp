@@ -16,6 +16,7 @@
 #include "host/Question.h"
 #include "host/Queue.h"
 #include "host/Submission.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/Process.h"
 #include "tests/support/TestPPD.h"
@@ -30,16 +31,6 @@ using testing::Key;
 using testing::Not;
 using testing::Pair;
 using Options = std::vector<Option>;
-
-template <typename Action>
-std::string errorOf(Action action) {
-  try {
-    action();
-  } catch (const Error& error) {
-    return error.what();
-  }
-  return "no error";
-}
 
 std::string cardPPD() {
   return test::testPPD({test::laminateOption()},

@@ -13,6 +13,7 @@
 #include "host/Queue.h"
 #include "host/Submission.h"
 #include "platform/Text.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/support/OddServer.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
@@ -20,7 +21,10 @@
 namespace cardpanels::host {
 namespace {
 
+using test::httpAnswer;
+using test::jobAnswer;
 using test::OddServer;
+using test::queueAnswer;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
@@ -32,24 +36,19 @@ constexpr auto kSoon = 2500ms;  // a limit of one second, on a busy machine
 
 /// What `action` throws, which has to end soon.
 template <typename Action>
-std::string errorOf(Action action) {
+std::string soonErrorOf(Action action) {
   const auto start = std::chrono::steady_clock::now();
-  std::string error = "no error";
-  try {
-    action();
-  } catch (const Error& failure) {
-    error = failure.what();
-  }
+  std::string error = errorOf(action);
   EXPECT_LT(std::chrono::steady_clock::now() - start, kSoon);
   return error;
 }
 
 std::string errorOfOpening() {
-  return errorOf([] { openQueue({"card", ""}, kOneSecond); });
+  return soonErrorOf([] { openQueue({"card", ""}, kOneSecond); });
 }
 
 std::string errorOfState() {
-  return errorOf([] { printerState("card", kOneSecond); });
+  return soonErrorOf([] { printerState("card", kOneSecond); });
 }
 
 /// Each request is answered by what `answer` says; "" for silence from then on.
@@ -82,10 +81,6 @@ void sendForever(const Client& client, const std::string& bytes,
     if (interval != 0ms) std::this_thread::sleep_for(interval);
   }
 }
-
-using test::httpAnswer;
-using test::jobAnswer;
-using test::queueAnswer;
 
 const std::string kIppHead =
     "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\nContent-Length: 2000000000\r\n\r\n";
@@ -271,7 +266,7 @@ TEST_P(ServerLimits, NobodyWaitsOnceAbandoned) {
     std::this_thread::sleep_for(300ms);
     abandoned = true;
   });
-  EXPECT_THAT(errorOf([&] {
+  EXPECT_THAT(soonErrorOf([&] {
                 openQueue({"card", ""}, {.seconds = 3600, .abandoned = &abandoned});
               }),
               HasSubstr("cannot be asked: "));
@@ -349,7 +344,7 @@ std::function<void(Client&)> withDocument(std::function<void(Client&)> serveDocu
 class JobsOnOddServers : public testing::Test {
  protected:
   std::string errorOfSubmitting(const std::string& path) {
-    return errorOf([&] { submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond); });
+    return soonErrorOf([&] { submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond); });
   }
 
   test::TemporaryFolder folder_;
