@@ -47,8 +47,18 @@ bool isOptionsValue(ipp_tag_t tag) {
   }
 }
 
+std::string numbersOf(ipp_attribute_t* attribute) {
+  std::string numbers;
+  for (int i = 0; i < ippGetCount(attribute); ++i) {
+    numbers += (i == 0 ? "" : ",") + std::to_string(ippGetInteger(attribute, i));
+  }
+  return numbers;
+}
+
 /// The value as an option has it.
 std::string valueOf(ipp_attribute_t* attribute) {
+  // ippAttributeString would name the numbers.
+  if (ippGetValueTag(attribute) == IPP_TAG_ENUM) return numbersOf(attribute);
   // ippAttributeString would escape quotes.
   const char* const exact = ippGetString(attribute, 0, nullptr);
   if (exact != nullptr && ippGetCount(attribute) == 1) return exact;
@@ -58,7 +68,7 @@ std::string valueOf(ipp_attribute_t* attribute) {
 }
 
 /// What the server adds to a job that lacks it, as `lp` and other programs see it: notifications
-/// and the quality are left to the server.
+/// and the quality are left to the server. The administrator's media comes before the PPD's.
 OptionList defaultsIn(ipp_t* attributes) {
   OptionList defaults;
   for (ipp_attribute_t* each = ippFirstAttribute(attributes); each != nullptr;
@@ -71,8 +81,8 @@ OptionList defaultsIn(ipp_t* attributes) {
         whole.substr(0, 7) == "notify-" || whole.substr(0, 14) == "print-quality-") {
       continue;
     }
-    defaults.set(
-        {std::string(whole.substr(0, whole.size() - kDefaultEnding.size())), valueOf(each)});
+    const std::string option(whole.substr(0, whole.size() - kDefaultEnding.size()));
+    if (option != "media" || !defaults.value(option)) defaults.set({option, valueOf(each)});
   }
   return defaults;
 }
