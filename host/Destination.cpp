@@ -17,8 +17,9 @@ namespace {
 using platform::_;
 using platform::filled;
 
-constexpr std::array<const char*, 5> kAttributes{
-    "printer-name", "printer-defaults", "media-default", "job-sheets-default", "member-names"};
+/// Of the defaults only those that libcups asks for, too: `lp` leaves the others to the server.
+constexpr std::array<const char*, 4> kAttributes{"printer-name", "printer-defaults",
+                                                 "job-sheets-default", "member-names"};
 constexpr std::string_view kDefaultEnding = "-default";
 
 /// Get-Printer-Attributes, or CUPS-Get-Default when `queue` is empty. Nothing when there is no
@@ -46,8 +47,18 @@ bool isOptionsValue(ipp_tag_t tag) {
   }
 }
 
+std::string numbersOf(ipp_attribute_t* attribute) {
+  std::string numbers;
+  for (int i = 0; i < ippGetCount(attribute); ++i) {
+    numbers += (i == 0 ? "" : ",") + std::to_string(ippGetInteger(attribute, i));
+  }
+  return numbers;
+}
+
 /// The value as an option has it.
 std::string valueOf(ipp_attribute_t* attribute) {
+  // ippAttributeString would name the numbers.
+  if (ippGetValueTag(attribute) == IPP_TAG_ENUM) return numbersOf(attribute);
   // ippAttributeString would escape quotes.
   const char* const exact = ippGetString(attribute, 0, nullptr);
   if (exact != nullptr && ippGetCount(attribute) == 1) return exact;
@@ -57,7 +68,7 @@ std::string valueOf(ipp_attribute_t* attribute) {
 }
 
 /// What the server adds to a job that lacks it, as `lp` and other programs see it: notifications
-/// and the quality are left to the server.
+/// and the quality are left to the server. The administrator's media comes before the PPD's.
 OptionList defaultsIn(ipp_t* attributes) {
   OptionList defaults;
   for (ipp_attribute_t* each = ippFirstAttribute(attributes); each != nullptr;
@@ -70,8 +81,8 @@ OptionList defaultsIn(ipp_t* attributes) {
         whole.substr(0, 7) == "notify-" || whole.substr(0, 14) == "print-quality-") {
       continue;
     }
-    defaults.set(
-        {std::string(whole.substr(0, whole.size() - kDefaultEnding.size())), valueOf(each)});
+    const std::string option(whole.substr(0, whole.size() - kDefaultEnding.size()));
+    if (option != "media" || !defaults.value(option)) defaults.set({option, valueOf(each)});
   }
   return defaults;
 }
@@ -105,7 +116,6 @@ Destination destinationOf(Talk& talk, const QueueName& name) {
                         {"instance", platform::onOneLine(wanted.instance)}}));
   }
   Destination destination{std::move(wanted), defaultsIn(attributes.get()),
-                          textIn(attributes.get(), "media-default"),
                           textsIn(attributes.get(), "member-names")};
   if (saved) {
     for (const Option& each : saved->options()) destination.options.set(each);

@@ -15,7 +15,6 @@ struct Destination {
   /// The server's defaults of the queue, and over them what the user and the administrator have
   /// saved.
   OptionList options;
-  std::string serverMedia;  // the `media` that the server adds to jobs without; "" for none
   std::vector<std::string> members;  // the queues of a class
 };
 

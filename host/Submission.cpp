@@ -152,12 +152,22 @@ OptionList savedBesides(const OptionList& options, ppd_file_t* ppd) {
   return saved;
 }
 
+/// The value of `media` that the server adds to jobs without one; "" for none.
+std::string serverMedia(Talk& talk, const std::string& queue) {
+  const Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+               "media-default");
+  return textIn(talk.ask(request).get(), "media-default");
+}
+
 /// The size goes out once, as the PPD names it, but for a server that would add another one under
 /// the name `media`.
-std::vector<Option> withMedia(const std::vector<Option>& options, const Destination& destination,
-                              ppd_file_t* ppd) {
+std::vector<Option> withMedia(const std::vector<Option>& options, Talk& talk,
+                              const Destination& destination, ppd_file_t* ppd) {
   const platform::Text saved = destination.options.value("media");
-  if (!saved || !isMedia(ppd, "media") || destination.serverMedia != *saved) return options;
+  if (!saved || !isMedia(ppd, "media") || serverMedia(talk, destination.name.queue) != *saved) {
+    return options;
+  }
   std::vector<Option> all = options;
   for (const Option& each : options) {
     if (isPageSize(*findOption(ppd, each.key))) all.push_back({"media", each.value});
@@ -179,8 +189,8 @@ int made(Talk& talk, const Submission& job, std::vector<OpenFile>& files, NewJob
   const PPDFile records = ppd.open();
   const OptionList saved = savedBesides(destination.options, records.get());
   const std::string format = saved.value("document-format").value_or(CUPS_FORMAT_AUTO);
-  const int id =
-      createdJob(talk, queue, job.title, saved, withMedia(job.options, destination, records.get()));
+  const int id = createdJob(talk, queue, job.title, saved,
+                            withMedia(job.options, talk, destination, records.get()));
   if (!progress.begin(queue, id)) {
     cancelJob(queue, id, cancelling);
     return 0;

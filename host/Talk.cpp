@@ -1,6 +1,5 @@
 #include "host/Talk.h"
 
-#include <linux/sockios.h>
 #include <strings.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
@@ -117,7 +116,7 @@ std::string Talk::lateness() const {
 int Talk::untaken() {
   const std::lock_guard lock(mutex_);
   int bytes = 0;
-  if (!http_ || ioctl(httpGetFd(http_.get()), SIOCOUTQ, &bytes) != 0) return 0;
+  if (!http_ || ioctl(httpGetFd(http_.get()), TIOCOUTQ, &bytes) != 0) return 0;
   return bytes;
 }
 

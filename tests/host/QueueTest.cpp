@@ -16,6 +16,7 @@
 #include "host/Question.h"
 #include "host/Queue.h"
 #include "host/Submission.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/Process.h"
 #include "tests/support/TestPPD.h"
@@ -30,16 +31,6 @@ using testing::Key;
 using testing::Not;
 using testing::Pair;
 using Options = std::vector<Option>;
-
-template <typename Action>
-std::string errorOf(Action action) {
-  try {
-    action();
-  } catch (const Error& error) {
-    return error.what();
-  }
-  return "no error";
-}
 
 std::string cardPPD() {
   return test::testPPD({test::laminateOption()},
@@ -129,33 +120,6 @@ TEST_F(AtAServer, AClassHasThePPDOfOneOfItsQueues) {
   EXPECT_EQ(queue.name, (QueueName{"all", ""}));
   EXPECT_NE(ppdFindOption(queue.ppd.get(), "cardLaminate"), nullptr);
   EXPECT_GT(submitJob({{"all", ""}, "Badges", {file}, {}}), 0);
-}
-
-TEST_F(AtAServer, TheOptionsThatAJobStartsFromAreThoseOfLp) {
-  server->addQueue("same", cardPPD());
-  server->setDefaults("same",
-                      "-o copies-default=2 -o cardLaminate-default=Back "
-                      "-o media-default=CR79 -o area-default='Custom.1in 1in 2in 2in'");
-  server->saveOptions("same", "cardLaminate=Front number-up=2");
-  const Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                               1000, nullptr));
-  cups_dest_t* const dest = cupsGetNamedDest(http.get(), "same", nullptr);
-  ASSERT_NE(dest, nullptr);
-  const OptionList ours = answerOfServer<Destination>({}, [](Talk& talk) {
-                            return destinationOf(talk, {"same", ""});
-                          }).options;
-  for (const Option& each : ours.options()) {
-    EXPECT_EQ(cupsGetOption(each.key.c_str(), dest->num_options, dest->options), each.value)
-        << each.key;
-  }
-  for (int i = 0; i < dest->num_options; ++i) {
-    // What else libcups keeps there tells of the printer, not of a job.
-    const std::string name = dest->options[i].name;
-    if (name.substr(0, 8) == "printer-" || name.substr(0, 7) == "marker-" || name == "device-uri")
-      continue;
-    EXPECT_EQ(ours.value(name), dest->options[i].value) << name;
-  }
-  cupsFreeDests(1, dest);
 }
 
 TEST_F(AtAServer, AnUnknownQueueIsTold) {
@@ -380,6 +344,31 @@ TEST_F(WithoutAServer, AServerThatIsNotThereIsTold) {
 TEST_F(WithoutAServer, ThereIsNoDefaultQueueOnAServerWithoutQueues) {
   const test::PrivatePrintServer empty;
   EXPECT_EQ(errorOf([] { openQueue({}); }), "There is no default queue; name one.");
+}
+
+TEST_F(WithoutAServer, TheOptionsThatAJobStartsFromAreThoseOfLp) {
+  // cupsd tells a default that one queue has of all queues from then on.
+  test::PrivatePrintServer server;
+  server.addQueue("same", cardPPD());
+  server.setDefaults("same",
+                     "-o copies-default=2 -o cardLaminate-default=Back "
+                     "-o media-default=CR79 -o area-default='Custom.1in 1in 2in 2in'");
+  server.saveOptions("same", "cardLaminate=Front number-up=2");
+  const OptionList lps = OptionList::parsed(test::runCommand("lpoptions -p same").output);
+  ASSERT_GT(lps.count, 0);
+  const OptionList ours = answerOfServer<Destination>({}, [](Talk& talk) {
+                            return destinationOf(talk, {"same", ""});
+                          }).options;
+  for (const Option& each : ours.options()) {
+    EXPECT_EQ(lps.value(each.key), each.value) << each.key;
+  }
+  for (const Option& each : lps.options()) {
+    // What else libcups keeps there tells of the printer, not of a job.
+    if (each.key.substr(0, 8) == "printer-" || each.key.substr(0, 7) == "marker-" ||
+        each.key == "device-uri")
+      continue;
+    EXPECT_EQ(ours.value(each.key), each.value) << each.key;
+  }
 }
 
 TEST_F(WithoutAServer, AServerThatAcceptsAndSaysNothingIsGivenUp) {

@@ -13,6 +13,7 @@
 #include "host/Queue.h"
 #include "host/Submission.h"
 #include "platform/Text.h"
+#include "tests/host/ErrorOf.h"
 #include "tests/support/OddServer.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
@@ -20,7 +21,10 @@
 namespace cardpanels::host {
 namespace {
 
+using test::httpAnswer;
+using test::jobAnswer;
 using test::OddServer;
+using test::queueAnswer;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
@@ -32,24 +36,19 @@ constexpr auto kSoon = 2500ms;  // a limit of one second, on a busy machine
 
 /// What `action` throws, which has to end soon.
 template <typename Action>
-std::string errorOf(Action action) {
+std::string soonErrorOf(Action action) {
   const auto start = std::chrono::steady_clock::now();
-  std::string error = "no error";
-  try {
-    action();
-  } catch (const Error& failure) {
-    error = failure.what();
-  }
+  std::string error = errorOf(action);
   EXPECT_LT(std::chrono::steady_clock::now() - start, kSoon);
   return error;
 }
 
 std::string errorOfOpening() {
-  return errorOf([] { openQueue({"card", ""}, kOneSecond); });
+  return soonErrorOf([] { openQueue({"card", ""}, kOneSecond); });
 }
 
 std::string errorOfState() {
-  return errorOf([] { printerState("card", kOneSecond); });
+  return soonErrorOf([] { printerState("card", kOneSecond); });
 }
 
 /// Each request is answered by what `answer` says; "" for silence from then on.
@@ -82,10 +81,6 @@ void sendForever(const Client& client, const std::string& bytes,
     if (interval != 0ms) std::this_thread::sleep_for(interval);
   }
 }
-
-using test::httpAnswer;
-using test::jobAnswer;
-using test::queueAnswer;
 
 const std::string kIppHead =
     "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\nContent-Length: 2000000000\r\n\r\n";
@@ -167,7 +162,8 @@ TEST_P(ServerLimits, AttributesWithoutEnd) {
       [](Client& client) {
         client.request();
         client.send(kIppHead + std::string("\x02\x00\x00\x00\x00\x00\x00\x01\x01", 9));
-        sendForever(client, std::string("\x44\x00\x01x\x00\x04text", 10));
+        // A text of 1000 characters.
+        sendForever(client, std::string("\x41\x00\x01x\x03\xE8", 6) + std::string(1000, 'x'));
       },
       GetParam());
   EXPECT_EQ(errorOfState(), "The print server " + server.name() +
@@ -271,7 +267,7 @@ TEST_P(ServerLimits, NobodyWaitsOnceAbandoned) {
     std::this_thread::sleep_for(300ms);
     abandoned = true;
   });
-  EXPECT_THAT(errorOf([&] {
+  EXPECT_THAT(soonErrorOf([&] {
                 openQueue({"card", ""}, {.seconds = 3600, .abandoned = &abandoned});
               }),
               HasSubstr("cannot be asked: "));
@@ -326,13 +322,15 @@ TEST_P(ServerLimits, AWrongPasswordIsTold) {
   }
 }
 
-/// Answers what comes before a job is made, and leaves the document to `serveDocument`.
+/// Answers what comes before a job is made, and leaves the document to `serveDocument`. A document
+/// that comes over another connection is not taken.
 std::function<void(Client&)> withDocument(std::function<void(Client&)> serveDocument,
                                           std::function<void(Client&)> serveCancelling,
                                           std::atomic<int>& jobs) {
   return [=, &jobs](Client& client) {
     for (std::string request; !(request = client.request()).empty();) {
       if (test::asksFor(request, IPP_OP_CANCEL_JOB)) return serveCancelling(client);
+      if (test::asksFor(request, IPP_OP_SEND_DOCUMENT)) return;
       if (isForPPD(request)) {
         client.send(httpAnswer(test::testPPD({test::laminateOption()})));
       } else if (test::asksFor(request, IPP_OP_CREATE_JOB)) {
@@ -349,7 +347,7 @@ std::function<void(Client&)> withDocument(std::function<void(Client&)> serveDocu
 class JobsOnOddServers : public testing::Test {
  protected:
   std::string errorOfSubmitting(const std::string& path) {
-    return errorOf([&] { submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond); });
+    return soonErrorOf([&] { submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond); });
   }
 
   test::TemporaryFolder folder_;
@@ -364,7 +362,7 @@ class JobsOnOddServers : public testing::Test {
 };
 
 TEST_F(JobsOnOddServers, AJobThatIsCutOffIsCancelledOverAnotherConnection) {
-  const OddServer server(withDocument([](Client&) {}, cancelling_, jobs_));
+  const OddServer server(withDocument([](Client& client) { client.some(10); }, cancelling_, jobs_));
   const std::string error = errorOfSubmitting(small_);
   EXPECT_THAT(error,
               AllOf(HasSubstr("closed the connection in the middle"), Not(HasSubstr("card-17"))));

@@ -651,9 +651,7 @@ class TroubleTestCase(PrintDialogTestCase):
     def reading(self, *commands):
         """A dialog whose page waits for the print server, and the server's door."""
         door = self.slow_server()
-        # Not the server's own folder, where libcups would read the PPD without asking the server.
-        env = {"CUPS_SERVER": door.address, "CUPS_SERVERROOT": self.desktop.home}
-        dialog = self.start_program(*commands, **env)
+        dialog = self.start_program(*commands, CUPS_SERVER=door.address)
         cell = dialog.program.find("table cell", "card")
         self.assertTrue(cell)
         door.hold.set()
@@ -678,8 +676,13 @@ class TroubleTestCase(PrintDialogTestCase):
         self.assertFalse(dialog.has_tab("Advanced"))
 
     def test_the_page_gives_up_on_a_silent_server(self):
-        dialog, _ = self.reading("dialog")
-        dialog.wait_for_text("queue card")
+        dialog, door = self.reading("dialog")
+        told = dialog.wait_for_text("cannot be asked")
+        self.assertEqual(
+            told,
+            f"The print server {door.address} cannot be asked: "
+            "It gave no complete answer within 10 s.",
+        )
         dialog.open_tab("Advanced")
         dialog.combo("Front Ribbon:")
 
