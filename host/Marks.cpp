@@ -47,8 +47,8 @@ Marks::Marks(PPDFile ppd) : ppd_(std::move(ppd)) {
   ppdMarkDefaults(ppd_.get());
   const OwnNames names(*this);
   for (const auto* option : allOptions(ppd_.get())) {
-    const Mark mark = defaultMark(*option);
-    if (!mark.custom.empty()) set(*option, mark);
+    // libcups marks a default value of the PPD's own even where the option does not take it.
+    if (startsIgnoringCase(option->defchoice, kCustomPrefix)) set(*option, defaultMark(*option));
   }
 }
 

@@ -59,7 +59,7 @@ TEST_F(Job, TheMarkedChoiceAgainIsGrantedWithoutAChange) {
   EXPECT_THAT(result.changes, IsEmpty());
 }
 
-TEST(CustomValues, MakeRoomForTheListedChoiceOfTheirName) {
+TEST(ListedChoices, TakeThePlaceOfACustomValueOfTheirName) {
   JobOptions job = jobOf(test::testPPD(
       {},
       "*OpenUI *Own/Own: PickOne\n*DefaultOwn: None\n*Own None/None: \"\"\n*CloseUI: *Own\n"

@@ -238,10 +238,11 @@ TEST(Cardprint, ErrorsAboutQueuesAreInTheUsersLanguage) {
   EXPECT_THAT(finished.errors, HasSubstr("Druckserver"));
 }
 
-/// A PPD whose nick name is a control sequence and no UTF-8, and an option's title too.
+/// A PPD whose nick name is a control sequence and no UTF-8. The title of an option and of a choice
+/// are one too, as hex: these libcups lets pass.
 std::string hostilePPD(const test::TemporaryFolder& folder) {
   std::string text = test::testPPD(
-      {{"cardLaminate", "Lam\x1b[31m", {{"None", "None"}, {"Red", "R\x1b[31m"}}, {}}});
+      {{"cardLaminate", "Lam<1B>[31m", {{"None", "None"}, {"Red", "R<1B>[31m"}}, {}}});
   text.replace(text.find("*NickName: \"Test"), 16, "*NickName: \"\x1b[31m\xFF");
   return folder.write("card.ppd", text);
 }
@@ -260,7 +261,7 @@ TEST(Cardprint, PrintsWhatAPPDSaysWithoutControlCharacters) {
 
 TEST(Cardprint, PrintsWhatTheCommandLineSaysWithoutControlCharacters) {
   for (const char* arguments : {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'a\\x1b'",
-                                "$'/a\\x1b'", "-d $'a\\x1b'"}) {
+                                "$'/a\\x1b'"}) {
     const auto finished = test::runCommand("bash -c \"CUPS_SERVER=/nowhere " CARDPANELS_BUILD_DIR
                                            "/bin/cardprint --no-dialog " +
                                            std::string(arguments) + "\"");

@@ -54,7 +54,7 @@ TEST(OptionArgument, AnythingElseIsToldWithItsText) {
       parseOptionArgument(text);
       ADD_FAILURE() << text;
     } catch (const host::Error& error) {
-      EXPECT_EQ(error.what(), std::string("-o ") + text + ": not KEY=VALUE");
+      EXPECT_EQ(error.what(), std::string("-o ") + text + ": This is not KEY=VALUE.");
     }
   }
 }

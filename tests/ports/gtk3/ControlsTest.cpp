@@ -186,7 +186,7 @@ TEST_F(ControlsTest, AControlOutlivesItsView) {
 
 bool opensAsList(Gtk::ComboBoxText& comboBox) {
   return GTK_IS_TREE_VIEW(gtk_accessible_get_widget(
-      GTK_ACCESSIBLE(gtk_combo_box_get_popup_accessible(comboBox.Gtk::ComboBox::gobj()))));
+      GTK_ACCESSIBLE(gtk_combo_box_get_popup_accessible(GTK_COMBO_BOX(comboBox.gobj())))));
 }
 
 TEST_F(ControlsTest, APopUpWithManyItemsOpensAsAList) {
