@@ -126,11 +126,11 @@ class NewJob {
   }
 
   /// For the thread that waits. Answers the id of the job that is still to be cancelled, 0 for
-  /// none.
-  int giveUp() {
+  /// none; with `evenWhole` also of one that is complete.
+  int giveUp(bool evenWhole) {
     const std::lock_guard lock(mutex_);
     isGivenUp_ = true;
-    return isComplete_ ? 0 : id_;
+    return isComplete_ && !evenWhole ? 0 : id_;
   }
   /// When it has been given up.
   const std::string& queue() const { return queue_; }
@@ -221,12 +221,15 @@ int submitJob(const Submission& job, const Terms& terms) {
   const auto progress = std::make_shared<NewJob>();
   Terms cancelling = terms;
   cancelling.abandoned = nullptr;
+  const auto isAbandoned = [&terms] { return terms.abandoned != nullptr && *terms.abandoned; };
   try {
-    return answerOfServer<int>(terms, [job, files, progress, cancelling](Talk& talk) {
+    const int id = answerOfServer<int>(terms, [job, files, progress, cancelling](Talk& talk) {
       return made(talk, job, *files, *progress, cancelling);
     });
+    if (isAbandoned()) throw Error(_("Nothing was printed."));
+    return id;
   } catch (const Error& error) {
-    const int id = progress->giveUp();
+    const int id = progress->giveUp(isAbandoned());
     if (id != 0) cancelAfter(error, progress->queue(), id, cancelling);
     throw;
   }

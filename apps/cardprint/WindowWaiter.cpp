@@ -20,6 +20,7 @@ using platform::_;
 
 constexpr unsigned kPatience = 300;  // milliseconds until the window comes
 constexpr unsigned kPulse = 100;
+constexpr unsigned kFarewell = 300;  // for work that was done when it was cancelled
 constexpr int kMargin = 18;
 constexpr int kWidth = 360;
 
@@ -112,7 +113,7 @@ void WindowWaiter::waitOnce(const std::string& what, const Work& work) {
     dialog.set_modal();
   }
   dialog.signal_response().connect([&errand](int /*response*/) { errand->loop->quit(); });
-  const auto thread = start(errand, work, login_);
+  auto thread = start(errand, work, login_);
   sigc::connection showing = Glib::signal_timeout().connect(
       [&dialog] {
         dialog.present();
@@ -121,7 +122,13 @@ void WindowWaiter::waitOnce(const std::string& what, const Work& work) {
       kPatience);
   errand->loop->run();
   showing.disconnect();
-  if (!errand->isDone) throw Cancelled(what);
+  if (!errand->isDone) {
+    thread.reset();
+    dialog.set_sensitive(false);
+    Glib::signal_timeout().connect_once([errand] { errand->loop->quit(); }, kFarewell);
+    errand->loop->run();
+    if (!errand->isDone || errand->error) throw Cancelled(what);
+  }
   if (errand->error) std::rethrow_exception(errand->error);
 }
 
