@@ -106,6 +106,7 @@ void Talk::cut() {
 }
 
 std::string Talk::lateness() const {
+  if (isConnecting_) return _("It takes no connection.");
   const std::string seconds = std::to_string(limit_.count());
   return filled(isSending_ ? _("It took nothing more of the job for {seconds} s.")
                            : _("It gave no complete answer within {seconds} s."),
@@ -126,6 +127,7 @@ void Talk::moreTime() { end_ = Clock::now() + limit_; }
 /// thread may be about to cut it.
 void Talk::connect() {
   disconnect();
+  isConnecting_ = true;
   Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, encryption_, 1, 0, nullptr));
   if (!http) failAtServer(cupsLastErrorString());
   httpSetTimeout(http.get(), kInterval, goesOn, &isCut_);
@@ -139,8 +141,9 @@ void Talk::connect() {
   const int milliseconds = std::max(static_cast<int>(left.count()), 1);
   if (httpReconnect2(http_.get(), milliseconds, &cancelled_) != 0 || isCut_) {
     disconnect();
-    failAtServer(_("It takes no connection."));
+    failAtServer(lateness());
   }
+  isConnecting_ = false;
 }
 
 void Talk::disconnect() {
@@ -298,7 +301,7 @@ void Talk::failAtStatus(http_status_t status) {
   const bool isRedirect = status >= HTTP_STATUS_MULTIPLE_CHOICES &&
                           status < HTTP_STATUS_BAD_REQUEST && !location.empty();
   if (isRedirect) failAtServer(filled(_("It refers to {address}."), {{"address", location}}));
-  failAtServer(httpStatus(status));
+  failAtServer(std::to_string(status) + " " + httpStatus(status));
 }
 
 void Talk::failAtConnection() {
