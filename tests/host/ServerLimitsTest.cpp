@@ -4,12 +4,15 @@
 #include <sys/socket.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <thread>
 
 #include "host/Error.h"
 #include "host/PrinterState.h"
+#include "host/Question.h"
 #include "host/Queue.h"
 #include "host/Submission.h"
 #include "platform/Text.h"
@@ -311,6 +314,50 @@ TEST(Servers, OneWithoutAnAddressIsNamed) {
   cupsSetServer(nullptr);
 }
 
+template <typename Condition>
+bool isTrueSoon(Condition condition) {
+  const auto end = std::chrono::steady_clock::now() + kSoon;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(10ms);
+  }
+  return true;
+}
+
+TEST_P(ServerLimits, AConnectionEndsWithItsQuestion) {
+  std::atomic<bool> isOver = false;
+  const OddServer server(
+      [&](Client& client) {
+        client.request();
+        sendForever(client, "H", 5ms);
+        isOver = true;
+      },
+      GetParam());
+  errorOfState();
+  EXPECT_TRUE(isTrueSoon([&] { return isOver.load(); }));
+}
+
+std::ptrdiff_t threadCount() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/task"),
+                       std::filesystem::directory_iterator());
+}
+
+TEST_P(ServerLimits, AnAbandonedAttemptToConnectEnds) {
+  const OddServer server(nullptr, GetParam());
+  const auto before = threadCount();
+  const std::atomic<bool> abandoned = true;
+  soonErrorOf([&] { printerState("card", {.seconds = 3600, .abandoned = &abandoned}); });
+  EXPECT_TRUE(isTrueSoon([&] { return threadCount() <= before; }));
+}
+
+TEST(Servers, AreAskedWithoutTheProgramsSignals) {
+  askServer({}, [](Talk&) {
+    sigset_t blocked;
+    pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
+    EXPECT_EQ(sigismember(&blocked, SIGTERM), 1);
+  });
+}
+
 TEST_P(ServerLimits, NobodyWaitsOnceAbandoned) {
   const OddServer server([](Client& client) { client.beSilent(); }, GetParam());
   std::atomic<bool> abandoned = false;
@@ -481,6 +528,21 @@ TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
         at);
     EXPECT_EQ(submitJob({{"card", ""}, "Badge", {large_}, {}}, kOneSecond), 17);
   }
+}
+
+TEST_F(JobsOnOddServers, AServerThatTakesTheRestOfADocumentSlowlyGetsIt) {
+  const OddServer server(withDocument(
+      [](Client& client) {
+        std::size_t taken = 0;
+        while (taken < 100'000) {
+          taken += client.some(8000).size();
+          std::this_thread::sleep_for(150ms);
+        }
+        client.send(jobAnswer(17));
+      },
+      cancelling_, jobs_));
+  const std::string path = folder_.write("badge.txt", std::string(100'000, 'x'));
+  EXPECT_EQ(submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond), 17);
 }
 
 TEST_F(JobsOnOddServers, AnAbandonedJobIsCancelled) {
