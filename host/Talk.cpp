@@ -19,14 +19,9 @@ namespace {
 using platform::_;
 using platform::filled;
 
-constexpr double kInterval = 0.1;  // seconds of silence after which libcups asks whether to go on
 constexpr int kExpectMilliseconds = 500;  // for the server to agree to a document
 constexpr int kMostTries = 5;             // of one request
 constexpr std::size_t kLargestAnswer = 1UL << 20U;
-
-int goesOn(http_t* /*http*/, void* isCut) {
-  return *static_cast<const std::atomic<bool>*>(isCut) ? 0 : 1;
-}
 
 /// Reads an answer's bytes up to a limit.
 struct AnswerReader {
@@ -130,7 +125,6 @@ void Talk::connect() {
   isConnecting_ = true;
   Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, encryption_, 1, 0, nullptr));
   if (!http) failAtServer(cupsLastErrorString());
-  httpSetTimeout(http.get(), kInterval, goesOn, &isCut_);
   if (!authorization_.empty()) httpSetAuthString(http.get(), authorization_.c_str(), nullptr);
   {
     const std::lock_guard lock(mutex_);
