@@ -107,7 +107,8 @@ Destination destinationOf(Talk& talk, const QueueName& name) {
     failWithoutQueue(wanted.queue);
   }
   const auto names = textsIn(attributes.get(), "printer-name");
-  if (names.empty() || names.front().empty()) failAtServer(_("It does not tell the queue's name."));
+  if (names.empty() || names.front().empty() || names.front() != platform::onOneLine(names.front()))
+    failAtServer(_("It does not tell the queue's name."));
   wanted.queue = names.front();
   auto saved = savedUnder(wanted);
   if (!saved && !wanted.instance.empty()) {

@@ -19,14 +19,9 @@ namespace {
 using platform::_;
 using platform::filled;
 
-constexpr double kInterval = 0.1;  // seconds of silence after which libcups asks whether to go on
 constexpr int kExpectMilliseconds = 500;  // for the server to agree to a document
 constexpr int kMostTries = 5;             // of one request
 constexpr std::size_t kLargestAnswer = 1UL << 20U;
-
-int goesOn(http_t* /*http*/, void* isCut) {
-  return *static_cast<const std::atomic<bool>*>(isCut) ? 0 : 1;
-}
 
 /// Reads an answer's bytes up to a limit.
 struct AnswerReader {
@@ -106,6 +101,7 @@ void Talk::cut() {
 }
 
 std::string Talk::lateness() const {
+  if (isConnecting_) return _("It takes no connection.");
   const std::string seconds = std::to_string(limit_.count());
   return filled(isSending_ ? _("It took nothing more of the job for {seconds} s.")
                            : _("It gave no complete answer within {seconds} s."),
@@ -126,9 +122,9 @@ void Talk::moreTime() { end_ = Clock::now() + limit_; }
 /// thread may be about to cut it.
 void Talk::connect() {
   disconnect();
+  isConnecting_ = true;
   Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, encryption_, 1, 0, nullptr));
   if (!http) failAtServer(cupsLastErrorString());
-  httpSetTimeout(http.get(), kInterval, goesOn, &isCut_);
   if (!authorization_.empty()) httpSetAuthString(http.get(), authorization_.c_str(), nullptr);
   {
     const std::lock_guard lock(mutex_);
@@ -139,8 +135,9 @@ void Talk::connect() {
   const int milliseconds = std::max(static_cast<int>(left.count()), 1);
   if (httpReconnect2(http_.get(), milliseconds, &cancelled_) != 0 || isCut_) {
     disconnect();
-    failAtServer(_("It takes no connection."));
+    failAtServer(lateness());
   }
+  isConnecting_ = false;
 }
 
 void Talk::disconnect() {
@@ -298,7 +295,7 @@ void Talk::failAtStatus(http_status_t status) {
   const bool isRedirect = status >= HTTP_STATUS_MULTIPLE_CHOICES &&
                           status < HTTP_STATUS_BAD_REQUEST && !location.empty();
   if (isRedirect) failAtServer(filled(_("It refers to {address}."), {{"address", location}}));
-  failAtServer(httpStatus(status));
+  failAtServer(std::to_string(status) + " " + httpStatus(status));
 }
 
 void Talk::failAtConnection() {

@@ -54,7 +54,7 @@ class Talk {
   /// fails at once.
   void cut();
 
-  /// Why time is up.
+  /// Why time is up: what it waits for.
   std::string lateness() const;
 
  private:
@@ -92,6 +92,7 @@ class Talk {
   const std::optional<Login> login_;
   std::atomic<Clock::time_point> end_;
   std::atomic<bool> isCut_ = false;
+  std::atomic<bool> isConnecting_ = false;
   std::atomic<bool> isSending_ = false;
   int cancelled_ = 0;  // libcups' own flag
 

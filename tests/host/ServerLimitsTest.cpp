@@ -4,12 +4,15 @@
 #include <sys/socket.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <functional>
+#include <iterator>
 #include <thread>
 
 #include "host/Error.h"
 #include "host/PrinterState.h"
+#include "host/Question.h"
 #include "host/Queue.h"
 #include "host/Submission.h"
 #include "platform/Text.h"
@@ -84,6 +87,9 @@ void sendForever(const Client& client, const std::string& bytes,
 
 const std::string kIppHead =
     "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\nContent-Length: 2000000000\r\n\r\n";
+const std::string kUnauthorized =
+    "HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"cards\"\r\n"
+    "Content-Length: 0\r\n\r\n";
 const std::string kChunkedHead =
     "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\nTransfer-Encoding: chunked\r\n\r\n";
 
@@ -209,7 +215,7 @@ TEST_P(ServerLimits, APPDThatIsCutOff) {
 }
 
 TEST_P(ServerLimits, Garbage) {
-  for (const std::string answer :
+  for (const std::string& answer :
        {std::string("\x01\x02garbage\n\n"), httpAnswer(std::string(500, '\xFF'))}) {
     const OddServer server(
         [&](Client& client) {
@@ -231,6 +237,26 @@ TEST_P(ServerLimits, ARedirectIsToldAndNotFollowed) {
                                 " cannot be asked: It refers to http://elsewhere/\\x1b[31m.");
 }
 
+TEST_P(ServerLimits, AnyStatusIsTold) {
+  for (const char* const status :
+       {"000", "101 Other", "199", "200", "204", "301 Moved", "400", "403", "404", "426 TLS", "500",
+        "999 Success", "-1", "99999999999"}) {
+    const std::string answer = "HTTP/1.1 " + std::string(status) + "\r\nContent-Length: 0\r\n\r\n";
+    const OddServer server(answering([&](const std::string&) { return answer; }), GetParam());
+    EXPECT_THAT(errorOfState(),
+                testing::MatchesRegex("The print server " + server.name() + " cannot be asked: .+"))
+        << status;
+  }
+}
+
+TEST_P(ServerLimits, AStatusIsToldByItsNumberToo) {
+  const OddServer server(
+      answering([](const std::string&) { return "HTTP/1.1 403 No\r\nContent-Length: 0\r\n\r\n"; }),
+      GetParam());
+  EXPECT_EQ(errorOfState(),
+            "The print server " + server.name() + " cannot be asked: 403 Forbidden");
+}
+
 TEST_P(ServerLimits, WhatTheServerSaysIsOneLineOfText) {
   const OddServer server(answering([](const std::string&) {
                            return queueAnswer(IPP_STATUS_ERROR_INTERNAL, "no\n\x1B[31m\xFF way");
@@ -241,11 +267,26 @@ TEST_P(ServerLimits, WhatTheServerSaysIsOneLineOfText) {
   EXPECT_TRUE(platform::isUTF8(error));
 }
 
+TEST_P(ServerLimits, AQueuesNameIsOneLineOfText) {
+  const OddServer server(
+      answering([](const std::string&) { return queueAnswer(0, "ok", "card\x1B[31m"); }),
+      GetParam());
+  EXPECT_EQ(errorOfOpening(), "The print server " + server.name() +
+                                  " cannot be asked: It does not tell the queue's name.");
+}
+
 TEST_P(ServerLimits, AnUnansweredTLSHandshake) {
-  const OddServer server([](Client& client) { client.beSilent(); }, GetParam());
+  std::atomic<char> first = 0;
+  const OddServer server(
+      [&](Client& client) {
+        first = (client.some(1) + "\0").front();
+        client.beSilent();
+      },
+      GetParam());
   cupsSetEncryption(HTTP_ENCRYPTION_ALWAYS);
   EXPECT_THAT(errorOfState(), HasSubstr(server.name()));
   cupsSetEncryption(HTTP_ENCRYPTION_IF_REQUESTED);
+  EXPECT_EQ(first, '\x16');  // a handshake
 }
 
 TEST_P(ServerLimits, AClosedServerIsNamed) {
@@ -258,6 +299,63 @@ TEST_P(ServerLimits, AClosedServerIsNamed) {
   EXPECT_EQ(errorOfState(),
             "The print server " + name + " cannot be asked: It takes no connection.");
   cupsSetServer(nullptr);
+}
+
+TEST_P(ServerLimits, AServerThatAcceptsNobodyIsNamed) {
+  const OddServer server(nullptr, GetParam());
+  EXPECT_EQ(errorOfState(),
+            "The print server " + server.name() + " cannot be asked: It takes no connection.");
+}
+
+TEST(Servers, OneWithoutAnAddressIsNamed) {
+  cupsSetServer("nowhere.invalid");
+  EXPECT_THAT(errorOfState(),
+              testing::MatchesRegex("The print server nowhere.invalid:631 cannot be asked: .+"));
+  cupsSetServer(nullptr);
+}
+
+template <typename Condition>
+bool isTrueSoon(Condition condition) {
+  const auto end = std::chrono::steady_clock::now() + kSoon;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(10ms);
+  }
+  return true;
+}
+
+TEST_P(ServerLimits, AConnectionEndsWithItsQuestion) {
+  std::atomic<bool> isOver = false;
+  const OddServer server(
+      [&](Client& client) {
+        client.request();
+        sendForever(client, "H", 5ms);
+        isOver = true;
+      },
+      GetParam());
+  errorOfState();
+  EXPECT_TRUE(isTrueSoon([&] { return isOver.load(); }));
+}
+
+std::ptrdiff_t threadCount() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/task"),
+                       std::filesystem::directory_iterator());
+}
+
+TEST_P(ServerLimits, AnAbandonedAttemptToConnectEnds) {
+  const OddServer server(nullptr, GetParam());
+  const auto before = threadCount();
+  const std::atomic<bool> abandoned = true;
+  soonErrorOf([&] { printerState("card", {.seconds = 3600, .abandoned = &abandoned}); });
+  EXPECT_TRUE(isTrueSoon([&] { return threadCount() <= before; }));
+}
+
+TEST(Servers, AreAskedWithoutTheProgramsSignals) {
+  askServer({}, [](Talk&) {
+    sigset_t blocked;
+    pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
+    EXPECT_EQ(sigismember(&blocked, SIGTERM), 1);
+  });
 }
 
 TEST_P(ServerLimits, NobodyWaitsOnceAbandoned) {
@@ -282,8 +380,7 @@ std::function<void(Client&)> guarded() {
       return isForPPD(request) ? httpAnswer(test::testPPD({test::laminateOption()}))
                                : queueAnswer();
     }
-    return "HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"cards\"\r\n"
-           "Content-Length: 0\r\n\r\n";
+    return kUnauthorized;
   });
 }
 
@@ -381,6 +478,36 @@ TEST_F(JobsOnOddServers, ADocumentOfWhichNothingIsTakenIsGivenUp) {
   EXPECT_EQ(cancelled_, 1);
 }
 
+TEST_F(JobsOnOddServers, ADocumentThatIsNotAnsweredIsGivenUp) {
+  const OddServer server(
+      withDocument([](Client& client) { client.beSilent(); }, cancelling_, jobs_));
+  EXPECT_THAT(errorOfSubmitting(small_), HasSubstr(server.name()));
+  EXPECT_EQ(cancelled_, 1);
+}
+
+TEST_F(JobsOnOddServers, ADocumentWhoseAnswerDripsIsGivenUp) {
+  const OddServer server(withDocument(
+      [](Client& client) {
+        client.some(1);
+        sendForever(client, "H", 50ms);
+      },
+      cancelling_, jobs_));
+  EXPECT_THAT(errorOfSubmitting(small_), HasSubstr(server.name()));
+  EXPECT_EQ(cancelled_, 1);
+}
+
+TEST_F(JobsOnOddServers, AJobWhoseDocumentNeedsAPasswordIsCancelled) {
+  const OddServer server(withDocument(
+      [](Client& client) {
+        client.some(1);
+        client.send(kUnauthorized);
+        client.beSilent();
+      },
+      cancelling_, jobs_));
+  EXPECT_THROW(submitJob({{"card", ""}, "Badge", {small_}, {}}, kOneSecond), PasswordNeeded);
+  EXPECT_EQ(cancelled_, 1);
+}
+
 TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
   for (const auto at : {OddServer::At::socket, OddServer::At::port}) {
     const OddServer server(
@@ -401,6 +528,21 @@ TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
         at);
     EXPECT_EQ(submitJob({{"card", ""}, "Badge", {large_}, {}}, kOneSecond), 17);
   }
+}
+
+TEST_F(JobsOnOddServers, AServerThatTakesTheRestOfADocumentSlowlyGetsIt) {
+  const OddServer server(withDocument(
+      [](Client& client) {
+        std::size_t taken = 0;
+        while (taken < 100'000) {
+          taken += client.some(8000).size();
+          std::this_thread::sleep_for(150ms);
+        }
+        client.send(jobAnswer(17));
+      },
+      cancelling_, jobs_));
+  const std::string path = folder_.write("badge.txt", std::string(100'000, 'x'));
+  EXPECT_EQ(submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond), 17);
 }
 
 TEST_F(JobsOnOddServers, AnAbandonedJobIsCancelled) {

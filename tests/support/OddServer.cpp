@@ -18,6 +18,7 @@ namespace cardpanels::test {
 namespace {
 
 constexpr std::size_t kBlock = 1UL << 16U;
+constexpr int kMostWaiting = 8;
 constexpr const char* kHeadEnd = "\r\n\r\n";
 
 int listeningSocket(const std::string& path) {
@@ -26,7 +27,7 @@ int listeningSocket(const std::string& path) {
   name.sun_family = AF_UNIX;
   std::strncpy(name.sun_path, path.c_str(), sizeof(name.sun_path) - 1);
   if (bind(listener, reinterpret_cast<const sockaddr*>(&name), sizeof(name)) != 0 ||
-      listen(listener, 8) != 0) {
+      listen(listener, kMostWaiting) != 0) {
     throw std::runtime_error(std::strerror(errno));
   }
   return listener;
@@ -39,7 +40,7 @@ int listeningPort(int& port) {
   name.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   socklen_t length = sizeof(name);
   if (bind(listener, reinterpret_cast<const sockaddr*>(&name), length) != 0 ||
-      listen(listener, 8) != 0 ||
+      listen(listener, kMostWaiting) != 0 ||
       getsockname(listener, reinterpret_cast<sockaddr*>(&name), &length) != 0) {
     throw std::runtime_error(std::strerror(errno));
   }
@@ -151,12 +152,16 @@ OddServer::OddServer(std::function<void(Client&)> serve, At at) : serve_(std::mo
   variableBefore_ = before == nullptr ? "" : before;
   setenv("CUPS_SERVER", name_.c_str(), 1);
   cupsSetServer(name_.c_str());
-  acceptor_ = std::thread([this] { accept(); });
+  if (serve_) {
+    acceptor_ = std::thread([this] { accept(); });
+  } else {
+    fillUp();
+  }
 }
 
 OddServer::~OddServer() {
   shutdown(listener_, SHUT_RDWR);
-  acceptor_.join();
+  if (acceptor_.joinable()) acceptor_.join();
   {
     const std::lock_guard lock(mutex_);
     for (const int each : sockets_) shutdown(each, SHUT_RDWR);
@@ -170,6 +175,17 @@ OddServer::~OddServer() {
     setenv("CUPS_SERVER", variableBefore_.c_str(), 1);
   }
   cupsSetServer(variableBefore_.empty() ? nullptr : variableBefore_.c_str());
+}
+
+void OddServer::fillUp() {
+  sockaddr_storage name{};
+  socklen_t length = sizeof(name);
+  auto* const address = reinterpret_cast<sockaddr*>(&name);
+  if (getsockname(listener_, address, &length) != 0) throw std::runtime_error("no name");
+  for (int i = 0; i < 2 * kMostWaiting; ++i) {
+    sockets_.push_back(socket(name.ss_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    connect(sockets_.back(), address, length);  // fails in the end
+  }
 }
 
 void OddServer::accept() {
@@ -191,9 +207,9 @@ std::string httpAnswer(const std::string& body, const std::string& type) {
          "\r\nContent-Length: " + std::to_string(body.size()) + kHeadEnd + body;
 }
 
-std::string queueAnswer(int status, const std::string& message) {
+std::string queueAnswer(int status, const std::string& message, const std::string& queue) {
   const Ipp answer = newAnswer(status, message);
-  ippAddString(answer.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, "card");
+  ippAddString(answer.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, queue.c_str());
   return httpAnswer(encoded(answer.get()));
 }
 

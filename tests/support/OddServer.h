@@ -46,7 +46,8 @@ class OddServer {
 
   enum class At { socket, port };
 
-  /// Has `serve` run for each connection, on a thread of its own.
+  /// Has `serve` run for each connection, on a thread of its own. Without `serve` it accepts none,
+  /// and there is no more room for those that wait.
   explicit OddServer(std::function<void(Client&)> serve, At at = At::socket);
   ~OddServer();
   OddServer(const OddServer&) = delete;
@@ -57,6 +58,7 @@ class OddServer {
 
  private:
   void accept();
+  void fillUp();
 
   std::function<void(Client&)> serve_;
   TemporaryFolder folder_;
@@ -72,8 +74,9 @@ class OddServer {
 /// An HTTP answer with `body`; its length in the header may be another one.
 std::string httpAnswer(const std::string& body, const std::string& type = "application/ipp");
 
-/// An IPP answer with that status and the attributes of a queue `card`, in HTTP.
-std::string queueAnswer(int status = 0, const std::string& message = "ok");
+/// An IPP answer with that status and the attributes of a queue, in HTTP.
+std::string queueAnswer(int status = 0, const std::string& message = "ok",
+                        const std::string& queue = "card");
 
 /// An IPP answer to Create-Job, in HTTP.
 std::string jobAnswer(int id);
