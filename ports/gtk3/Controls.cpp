@@ -1,6 +1,7 @@
 #include "ports/gtk3/Controls.h"
 
 #include <gtkmm/cellrenderertext.h>
+#include <gtkmm/cellview.h>
 #include <gtkmm/cssprovider.h>
 #include <gtkmm/notebook.h>
 #include <gtkmm/stack.h>
@@ -139,6 +140,10 @@ void PopUpButton::grown() {
   // for a colour works the style out.
   style->get_color(style->get_state());
   g_signal_emit_by_name(comboBox().gobj(), "style-updated");
+  // The pop-up is as wide as its chosen title, for GTK would lay out all titles to know the widest;
+  // the list may be wider.
+  dynamic_cast<Gtk::CellView&>(*comboBox().get_child()).set_fit_model(false);
+  comboBox().set_popup_fixed_width(false);
 }
 
 void PopUpButton::removeAllItems() {
