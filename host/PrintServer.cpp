@@ -12,7 +12,7 @@ using platform::_;
 using platform::filled;
 
 std::string serverName() {
-  const std::string server = cupsServer();
+  std::string server = cupsServer();
   if (server.substr(0, 1) == "/") return server;
   const bool isIPv6 = server.find(':') != std::string::npos && server.substr(0, 1) != "[";
   return (isIPv6 ? "[" + server + "]" : server) + ":" + std::to_string(ippPort());

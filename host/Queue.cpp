@@ -46,7 +46,7 @@ Queue openQueue(const QueueName& name, const Terms& terms) {
 }
 
 void saveOptions(const QueueName& name, const std::vector<Option>& options, const Terms& terms) {
-  QueueName known = answerOfServer<QueueName>(terms, [name](Talk& talk) {
+  auto known = answerOfServer<QueueName>(terms, [name](Talk& talk) {
     return destinationOf(talk, {name.queue, ""}).name;
   });
   known.instance = name.instance;

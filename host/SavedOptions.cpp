@@ -103,9 +103,9 @@ void replaceFile(const std::string& path, const std::string& text) {
   const int number = errno;
   close(file);
   if (isWritten && rename(fresh.c_str(), target.c_str()) == 0) return;
-  const std::system_error failure(isWritten ? errno : number, std::generic_category());
+  const std::error_code failure(isWritten ? errno : number, std::generic_category());
   unlink(fresh.c_str());
-  throw failure;
+  throw std::system_error(failure);
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ class PPDOnDisk {
   PPDOnDisk& operator=(const PPDOnDisk&) = delete;
 
   std::string with(std::string_view bytes) const {
-    const std::string path = path_ + "/fuzzed.ppd";
+    std::string path = path_ + "/fuzzed.ppd";
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
   }

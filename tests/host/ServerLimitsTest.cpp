@@ -32,10 +32,11 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using Client = OddServer::Client;
-using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+using std::chrono::seconds;
 
 constexpr Terms kOneSecond{.seconds = 1};
-constexpr auto kSoon = 2500ms;  // a limit of one second, on a busy machine
+constexpr auto kSoon = milliseconds(2500);  // a limit of one second, on a busy machine
 
 /// What `action` throws, which has to end soon.
 template <typename Action>
@@ -79,9 +80,9 @@ std::function<void(Client&)> withPPD(std::function<void(Client&)> servePPD) {
 
 /// Sends `bytes` again and again until nobody takes them.
 void sendForever(const Client& client, const std::string& bytes,
-                 std::chrono::milliseconds interval = 0ms) {
+                 milliseconds interval = milliseconds(0)) {
   while (client.send(bytes)) {
-    if (interval != 0ms) std::this_thread::sleep_for(interval);
+    if (interval != milliseconds(0)) std::this_thread::sleep_for(interval);
   }
 }
 
@@ -113,7 +114,7 @@ TEST_P(ServerLimits, AHeadThatDrips) {
   const OddServer server(
       [](Client& client) {
         client.request();
-        sendForever(client, "H", 50ms);
+        sendForever(client, "H", milliseconds(50));
       },
       GetParam());
   EXPECT_THAT(errorOfState(), AllOf(HasSubstr(server.name()), HasSubstr("within 1 s")));
@@ -126,7 +127,7 @@ TEST_P(ServerLimits, AnAnswerThatDrips) {
         client.send(kIppHead);
         for (const char each : queueAnswer().substr(queueAnswer().find("\r\n\r\n") + 4, 20)) {
           if (!client.send({each})) return;
-          std::this_thread::sleep_for(200ms);
+          std::this_thread::sleep_for(milliseconds(200));
         }
       },
       GetParam());
@@ -136,7 +137,7 @@ TEST_P(ServerLimits, AnAnswerThatDrips) {
 TEST_P(ServerLimits, APPDThatDrips) {
   const OddServer server(withPPD([](Client& client) {
                            client.send(kIppHead);
-                           sendForever(client, "*", 20ms);
+                           sendForever(client, "*", milliseconds(20));
                          }),
                          GetParam());
   EXPECT_THAT(errorOfOpening(), AllOf(HasSubstr(server.name()), HasSubstr("within 1 s")));
@@ -232,7 +233,8 @@ TEST_P(ServerLimits, ARedirectIsToldAndNotFollowed) {
   const std::string redirect =
       "HTTP/1.1 301 Moved Permanently\r\nLocation: http://elsewhere/\x1B[31m\r\n"
       "Content-Length: 0\r\n\r\n";
-  const OddServer server(answering([&](const std::string&) { return redirect; }), GetParam());
+  const OddServer server(
+      answering([&redirect](const std::string&) -> std::string { return redirect; }), GetParam());
   EXPECT_EQ(errorOfState(), "The print server " + server.name() +
                                 " cannot be asked: It refers to http://elsewhere/\\x1b[31m.");
 }
@@ -319,7 +321,7 @@ bool isTrueSoon(Condition condition) {
   const auto end = std::chrono::steady_clock::now() + kSoon;
   while (!condition()) {
     if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(10ms);
+    std::this_thread::sleep_for(milliseconds(10));
   }
   return true;
 }
@@ -329,7 +331,7 @@ TEST_P(ServerLimits, AConnectionEndsWithItsQuestion) {
   const OddServer server(
       [&](Client& client) {
         client.request();
-        sendForever(client, "H", 5ms);
+        sendForever(client, "H", milliseconds(5));
         isOver = true;
       },
       GetParam());
@@ -362,7 +364,7 @@ TEST_P(ServerLimits, NobodyWaitsOnceAbandoned) {
   const OddServer server([](Client& client) { client.beSilent(); }, GetParam());
   std::atomic<bool> abandoned = false;
   std::thread later([&] {
-    std::this_thread::sleep_for(300ms);
+    std::this_thread::sleep_for(milliseconds(300));
     abandoned = true;
   });
   EXPECT_THAT(soonErrorOf([&] {
@@ -421,8 +423,8 @@ TEST_P(ServerLimits, AWrongPasswordIsTold) {
 
 /// Answers what comes before a job is made, and leaves the document to `serveDocument`. A document
 /// that comes over another connection is not taken.
-std::function<void(Client&)> withDocument(std::function<void(Client&)> serveDocument,
-                                          std::function<void(Client&)> serveCancelling,
+std::function<void(Client&)> withDocument(const std::function<void(Client&)>& serveDocument,
+                                          const std::function<void(Client&)>& serveCancelling,
                                           std::atomic<int>& jobs) {
   return [=, &jobs](Client& client) {
     for (std::string request; !(request = client.request()).empty();) {
@@ -473,7 +475,7 @@ TEST_F(JobsOnOddServers, AJobThatCannotBeCancelledIsToldByItsNumber) {
 
 TEST_F(JobsOnOddServers, ADocumentOfWhichNothingIsTakenIsGivenUp) {
   const OddServer server(
-      withDocument([](Client&) { std::this_thread::sleep_for(3s); }, cancelling_, jobs_));
+      withDocument([](Client&) { std::this_thread::sleep_for(seconds(3)); }, cancelling_, jobs_));
   EXPECT_THAT(errorOfSubmitting(large_), HasSubstr("It took nothing more of the job for 1 s"));
   EXPECT_EQ(cancelled_, 1);
 }
@@ -489,7 +491,7 @@ TEST_F(JobsOnOddServers, ADocumentWhoseAnswerDripsIsGivenUp) {
   const OddServer server(withDocument(
       [](Client& client) {
         client.some(1);
-        sendForever(client, "H", 50ms);
+        sendForever(client, "H", milliseconds(50));
       },
       cancelling_, jobs_));
   EXPECT_THAT(errorOfSubmitting(small_), HasSubstr(server.name()));
@@ -520,7 +522,7 @@ TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
                 end =
                     (end + bytes)
                         .substr(end.size() + bytes.size() < 8 ? 0 : end.size() + bytes.size() - 8);
-                std::this_thread::sleep_for(100ms);
+                std::this_thread::sleep_for(milliseconds(100));
               }
               client.send(jobAnswer(17));
             },
@@ -536,7 +538,7 @@ TEST_F(JobsOnOddServers, AServerThatTakesTheRestOfADocumentSlowlyGetsIt) {
         std::size_t taken = 0;
         while (taken < 100'000) {
           taken += client.some(8000).size();
-          std::this_thread::sleep_for(150ms);
+          std::this_thread::sleep_for(milliseconds(150));
         }
         client.send(jobAnswer(17));
       },
@@ -550,7 +552,7 @@ TEST_F(JobsOnOddServers, AnAbandonedJobIsCancelled) {
       withDocument([](Client& client) { client.beSilent(); }, cancelling_, jobs_));
   std::atomic<bool> abandoned = false;
   std::thread later([&] {
-    while (jobs_ == 0) std::this_thread::sleep_for(10ms);
+    while (jobs_ == 0) std::this_thread::sleep_for(milliseconds(10));
     abandoned = true;
   });
   EXPECT_THROW(

@@ -2,12 +2,14 @@
 #include <glibmm/main.h>
 #include <gtest/gtest.h>
 #include <gtkmm/button.h>
+#include <gtkmm/comboboxtext.h>
 
 #include <stdexcept>
 
 #include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk3/HandlerErrors.h"
 #include "ports/gtk3/MainLoop.h"
+#include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/TestOwner.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/support/TemporaryFolder.h"
