@@ -350,6 +350,21 @@ TEST_P(ServerLimits, AnAbandonedAttemptToConnectEnds) {
   EXPECT_TRUE(isTrueSoon([&] { return threadCount() <= before; }));
 }
 
+TEST_P(ServerLimits, AConnectionThatIsClosedBetweenRequestsIsMadeAnew) {
+  const OddServer server(
+      [](Client& client) {
+        client.request();
+        client.send(queueAnswer());
+      },
+      GetParam());
+  askServer(kOneSecond, [](Talk& talk) {
+    const Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, "card");
+    EXPECT_NE(talk.ask(request), nullptr);
+    std::this_thread::sleep_for(100ms);
+    EXPECT_NE(talk.ask(request), nullptr);
+  });
+}
+
 TEST(Servers, AreAskedWithoutTheProgramsSignals) {
   askServer({}, [](Talk&) {
     sigset_t blocked;
@@ -498,14 +513,30 @@ TEST_F(JobsOnOddServers, ADocumentWhoseAnswerDripsIsGivenUp) {
 
 TEST_F(JobsOnOddServers, AJobWhoseDocumentNeedsAPasswordIsCancelled) {
   const OddServer server(withDocument(
-      [](Client& client) {
-        client.some(1);
-        client.send(kUnauthorized);
-        client.beSilent();
-      },
-      cancelling_, jobs_));
-  EXPECT_THROW(submitJob({{"card", ""}, "Badge", {small_}, {}}, kOneSecond), PasswordNeeded);
+                             [](Client& client) {
+                               client.some(1UL << 16U);
+                               client.send(kUnauthorized);
+                             },
+                             cancelling_, jobs_),
+                         OddServer::At::port);
+  EXPECT_THROW(submitJob({{"card", ""}, "Badge", {large_}, {}}, kOneSecond), PasswordNeeded);
   EXPECT_EQ(cancelled_, 1);
+}
+
+TEST_F(JobsOnOddServers, ADocumentGoesOutWholeAgainWithThePassword) {
+  std::atomic<int> refused = 0;
+  const OddServer server(answering([&](const std::string& request) -> std::string {
+    if (isForPPD(request)) return httpAnswer(test::testPPD({test::laminateOption()}));
+    if (test::asksFor(request, IPP_OP_CREATE_JOB)) return jobAnswer(17);
+    if (!test::asksFor(request, IPP_OP_SEND_DOCUMENT)) return queueAnswer();
+    if (refused++ == 0) return kUnauthorized;
+    return request.find("a badge") == std::string::npos ? queueAnswer(IPP_STATUS_ERROR_INTERNAL)
+                                                        : jobAnswer(17);
+  }));
+  EXPECT_EQ(submitJob({{"card", ""}, "Badge", {small_}, {}},
+                      {.seconds = 1, .login = Login{"ada", "swordfish"}}),
+            17);
+  EXPECT_EQ(refused, 2);
 }
 
 TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
@@ -546,8 +577,11 @@ TEST_F(JobsOnOddServers, AServerThatTakesTheRestOfADocumentSlowlyGetsIt) {
 }
 
 TEST_F(JobsOnOddServers, AnAbandonedJobIsCancelled) {
-  const OddServer server(
-      withDocument([](Client& client) { client.beSilent(); }, cancelling_, jobs_));
+  const auto takeTime = [this](Client& client) {
+    std::this_thread::sleep_for(400ms);
+    if (client.send(queueAnswer())) ++cancelled_;
+  };
+  const OddServer server(withDocument([](Client& client) { client.beSilent(); }, takeTime, jobs_));
   std::atomic<bool> abandoned = false;
   std::thread later([&] {
     while (jobs_ == 0) std::this_thread::sleep_for(10ms);
@@ -557,7 +591,7 @@ TEST_F(JobsOnOddServers, AnAbandonedJobIsCancelled) {
       submitJob({{"card", ""}, "Badge", {small_}, {}}, {.seconds = 3600, .abandoned = &abandoned}),
       Error);
   later.join();
-  EXPECT_EQ(cancelled_, 1);
+  EXPECT_TRUE(isTrueSoon([this] { return cancelled_ == 1; }));
 }
 
 }  // namespace
