@@ -365,6 +365,21 @@ TEST_P(ServerLimits, AConnectionThatIsClosedBetweenRequestsIsMadeAnew) {
   });
 }
 
+TEST(Servers, WithoutAPPDOfAClassAreAskedForAMembers) {
+  const OddServer server(answering([](const std::string& request) -> std::string {
+    if (!isForPPD(request)) return queueAnswer(0, "ok", "all", "one");
+    if (request.substr(0, 22) == "GET /printers/one.ppd ")
+      return httpAnswer(test::testPPD({test::laminateOption()}));
+    return "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n";
+  }));
+  EXPECT_NE(openQueue({"all", ""}, kOneSecond).ppd, nullptr);
+}
+
+TEST_P(ServerLimits, APPDThatNeedsAPasswordIsNoOtherError) {
+  const OddServer server(withPPD([](Client& client) { client.send(kUnauthorized); }), GetParam());
+  EXPECT_THROW(openQueue({"card", ""}, kOneSecond), PasswordNeeded);
+}
+
 TEST(Servers, AreAskedWithoutTheProgramsSignals) {
   askServer({}, [](Talk&) {
     sigset_t blocked;

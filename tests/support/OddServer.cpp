@@ -207,9 +207,14 @@ std::string httpAnswer(const std::string& body, const std::string& type) {
          "\r\nContent-Length: " + std::to_string(body.size()) + kHeadEnd + body;
 }
 
-std::string queueAnswer(int status, const std::string& message, const std::string& queue) {
+std::string queueAnswer(int status, const std::string& message, const std::string& queue,
+                        const std::string& member) {
   const Ipp answer = newAnswer(status, message);
   ippAddString(answer.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, queue.c_str());
+  if (!member.empty()) {
+    ippAddString(answer.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "member-names", nullptr,
+                 member.c_str());
+  }
   return httpAnswer(encoded(answer.get()));
 }
 
