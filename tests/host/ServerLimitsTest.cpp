@@ -32,10 +32,10 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 using Client = OddServer::Client;
-using namespace std::chrono_literals;
+using std::chrono::milliseconds;
 
 constexpr Terms kOneSecond{.seconds = 1};
-constexpr auto kSoon = 2500ms;  // a limit of one second, on a busy machine
+constexpr auto kSoon = milliseconds(2500);  // a limit of one second, on a busy machine
 
 /// What `action` throws, which has to end soon.
 template <typename Action>
@@ -79,9 +79,9 @@ std::function<void(Client&)> withPPD(std::function<void(Client&)> servePPD) {
 
 /// Sends `bytes` again and again until nobody takes them.
 void sendForever(const Client& client, const std::string& bytes,
-                 std::chrono::milliseconds interval = 0ms) {
+                 milliseconds interval = milliseconds(0)) {
   while (client.send(bytes)) {
-    if (interval != 0ms) std::this_thread::sleep_for(interval);
+    if (interval != milliseconds(0)) std::this_thread::sleep_for(interval);
   }
 }
 
@@ -113,7 +113,7 @@ TEST_P(ServerLimits, AHeadThatDrips) {
   const OddServer server(
       [](Client& client) {
         client.request();
-        sendForever(client, "H", 50ms);
+        sendForever(client, "H", milliseconds(50));
       },
       GetParam());
   EXPECT_THAT(errorOfState(), AllOf(HasSubstr(server.name()), HasSubstr("within 1 s")));
@@ -126,7 +126,7 @@ TEST_P(ServerLimits, AnAnswerThatDrips) {
         client.send(kIppHead);
         for (const char each : queueAnswer().substr(queueAnswer().find("\r\n\r\n") + 4, 20)) {
           if (!client.send({each})) return;
-          std::this_thread::sleep_for(200ms);
+          std::this_thread::sleep_for(milliseconds(200));
         }
       },
       GetParam());
@@ -136,7 +136,7 @@ TEST_P(ServerLimits, AnAnswerThatDrips) {
 TEST_P(ServerLimits, APPDThatDrips) {
   const OddServer server(withPPD([](Client& client) {
                            client.send(kIppHead);
-                           sendForever(client, "*", 20ms);
+                           sendForever(client, "*", milliseconds(20));
                          }),
                          GetParam());
   EXPECT_THAT(errorOfOpening(), AllOf(HasSubstr(server.name()), HasSubstr("within 1 s")));
@@ -319,7 +319,7 @@ bool isTrueSoon(Condition condition) {
   const auto end = std::chrono::steady_clock::now() + kSoon;
   while (!condition()) {
     if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::sleep_for(10ms);
+    std::this_thread::sleep_for(milliseconds(10));
   }
   return true;
 }
@@ -329,7 +329,7 @@ TEST_P(ServerLimits, AConnectionEndsWithItsQuestion) {
   const OddServer server(
       [&](Client& client) {
         client.request();
-        sendForever(client, "H", 5ms);
+        sendForever(client, "H", milliseconds(5));
         isOver = true;
       },
       GetParam());
@@ -360,7 +360,7 @@ TEST_P(ServerLimits, AConnectionThatIsClosedBetweenRequestsIsMadeAnew) {
   askServer(kOneSecond, [](Talk& talk) {
     const Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, "card");
     EXPECT_NE(talk.ask(request), nullptr);
-    std::this_thread::sleep_for(100ms);
+    std::this_thread::sleep_for(milliseconds(100));
     EXPECT_NE(talk.ask(request), nullptr);
   });
 }
@@ -392,7 +392,7 @@ TEST_P(ServerLimits, NobodyWaitsOnceAbandoned) {
   const OddServer server([](Client& client) { client.beSilent(); }, GetParam());
   std::atomic<bool> abandoned = false;
   std::thread later([&] {
-    std::this_thread::sleep_for(300ms);
+    std::this_thread::sleep_for(milliseconds(300));
     abandoned = true;
   });
   EXPECT_THAT(soonErrorOf([&] {
@@ -502,8 +502,8 @@ TEST_F(JobsOnOddServers, AJobThatCannotBeCancelledIsToldByItsNumber) {
 }
 
 TEST_F(JobsOnOddServers, ADocumentOfWhichNothingIsTakenIsGivenUp) {
-  const OddServer server(
-      withDocument([](Client&) { std::this_thread::sleep_for(3s); }, cancelling_, jobs_));
+  const OddServer server(withDocument(
+      [](Client&) { std::this_thread::sleep_for(std::chrono::seconds(3)); }, cancelling_, jobs_));
   EXPECT_THAT(errorOfSubmitting(large_), HasSubstr("It took nothing more of the job for 1 s"));
   EXPECT_EQ(cancelled_, 1);
 }
@@ -519,7 +519,7 @@ TEST_F(JobsOnOddServers, ADocumentWhoseAnswerDripsIsGivenUp) {
   const OddServer server(withDocument(
       [](Client& client) {
         client.some(1);
-        sendForever(client, "H", 50ms);
+        sendForever(client, "H", milliseconds(50));
       },
       cancelling_, jobs_));
   EXPECT_THAT(errorOfSubmitting(small_), HasSubstr(server.name()));
@@ -566,7 +566,7 @@ TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
                 end =
                     (end + bytes)
                         .substr(end.size() + bytes.size() < 8 ? 0 : end.size() + bytes.size() - 8);
-                std::this_thread::sleep_for(100ms);
+                std::this_thread::sleep_for(milliseconds(100));
               }
               client.send(jobAnswer(17));
             },
@@ -582,7 +582,7 @@ TEST_F(JobsOnOddServers, AServerThatTakesTheRestOfADocumentSlowlyGetsIt) {
         std::size_t taken = 0;
         while (taken < 100'000) {
           taken += client.some(8000).size();
-          std::this_thread::sleep_for(150ms);
+          std::this_thread::sleep_for(milliseconds(150));
         }
         client.send(jobAnswer(17));
       },
@@ -593,13 +593,13 @@ TEST_F(JobsOnOddServers, AServerThatTakesTheRestOfADocumentSlowlyGetsIt) {
 
 TEST_F(JobsOnOddServers, AnAbandonedJobIsCancelled) {
   const auto takeTime = [this](Client& client) {
-    std::this_thread::sleep_for(400ms);
+    std::this_thread::sleep_for(milliseconds(400));
     if (client.send(queueAnswer())) ++cancelled_;
   };
   const OddServer server(withDocument([](Client& client) { client.beSilent(); }, takeTime, jobs_));
   std::atomic<bool> abandoned = false;
   std::thread later([&] {
-    while (jobs_ == 0) std::this_thread::sleep_for(10ms);
+    while (jobs_ == 0) std::this_thread::sleep_for(milliseconds(10));
     abandoned = true;
   });
   EXPECT_THROW(
