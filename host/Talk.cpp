@@ -68,20 +68,20 @@ void Talk::begin() {
 }
 
 Ipp Talk::ask(const Ipp& request, const std::string& path) {
-  const http_status_t status = answerTo({path, request.get()});
+  const int status = answerTo({path, request.get()});
   if (status != HTTP_STATUS_OK) failAtStatus(status);
   return readAnswer();
 }
 
 Ipp Talk::send(const Ipp& request, const std::string& path, std::istream& document) {
   moreTime();
-  const http_status_t status = answerTo({path, request.get(), &document});
+  const int status = answerTo({path, request.get(), &document});
   if (status != HTTP_STATUS_OK) failAtStatus(status);
   return readAnswer();
 }
 
 std::optional<std::string> Talk::get(const std::string& path, std::size_t largest) {
-  const http_status_t status = answerTo({path});
+  const int status = answerTo({path});
   if (status == HTTP_STATUS_NOT_FOUND) return std::nullopt;
   if (status != HTTP_STATUS_OK) failAtStatus(status);
   return readFile(largest);
@@ -150,12 +150,12 @@ void Talk::disconnect() {
 /// A server may close a connection after any answer, with or without a word.
 bool Talk::isUsable() const { return http_ && !isSpent_ && httpWait(http_.get(), 0) == 0; }
 
-http_status_t Talk::answerTo(const Request& request) {
+int Talk::answerTo(const Request& request) {
   passwordsAsked_ = 0;
   for (int tries = 0; tries < kMostTries; ++tries) {
     if (isCut_) failAtServer(lateness());
     if (!isUsable()) connect();
-    const http_status_t status = exchanged(request);
+    const int status = exchanged(request);
     isSpent_ = status >= HTTP_STATUS_BAD_REQUEST ||
                strcasecmp(httpGetField(http_.get(), HTTP_FIELD_CONNECTION), "close") == 0;
     if (status == HTTP_STATUS_UNAUTHORIZED) {
@@ -170,9 +170,9 @@ http_status_t Talk::answerTo(const Request& request) {
   failAtStatus(HTTP_STATUS_UNAUTHORIZED);
 }
 
-http_status_t Talk::exchanged(const Request& request) {
+int Talk::exchanged(const Request& request) {
   isSending_ = request.document != nullptr;
-  http_status_t status = sent(request);
+  int status = sent(request);
   while (status == HTTP_STATUS_CONTINUE && !isCut_ &&
          httpGetState(http_.get()) != HTTP_STATE_WAITING) {
     status = httpUpdate(http_.get());
@@ -182,7 +182,7 @@ http_status_t Talk::exchanged(const Request& request) {
 }
 
 /// Answers `HTTP_STATUS_CONTINUE` unless the server has answered already.
-http_status_t Talk::sent(const Request& request) {
+int Talk::sent(const Request& request) {
   http_t* const http = http_.get();
   httpClearFields(http);
   httpSetField(http, HTTP_FIELD_AUTHORIZATION, httpGetAuthString(http));
@@ -199,7 +199,7 @@ http_status_t Talk::sent(const Request& request) {
   }
   if (httpPost(http, request.path.c_str()) != 0) failAtConnection();
   if (request.document != nullptr && httpWait(http, kExpectMilliseconds) != 0) {
-    const http_status_t status = httpUpdate(http);
+    const int status = httpUpdate(http);
     if (status != HTTP_STATUS_CONTINUE) return status;
   }
   if (request.document != nullptr) moreTime();
@@ -211,14 +211,14 @@ http_status_t Talk::sent(const Request& request) {
   return request.document == nullptr ? HTTP_STATUS_CONTINUE : sentDocument(*request.document);
 }
 
-http_status_t Talk::sentDocument(std::istream& document) {
+int Talk::sentDocument(std::istream& document) {
   http_t* const http = http_.get();
   document.clear();
   document.seekg(0);
   std::array<char, 1UL << 15U> block{};
   while (document.read(block.data(), block.size()) || document.gcount() > 0) {
     if (httpWait(http, 0) != 0) {
-      const http_status_t status = httpUpdate(http);
+      const int status = httpUpdate(http);
       if (status != HTTP_STATUS_CONTINUE) return status;
     }
     const auto length = static_cast<std::size_t>(document.gcount());
@@ -288,14 +288,14 @@ void Talk::finishReading() {
                           httpRead2(http_.get(), rest.data(), rest.size()) != 0);
 }
 
-void Talk::failAtStatus(http_status_t status) {
+void Talk::failAtStatus(int status) {
   const std::string location =
       http_ ? httpGetField(http_.get(), HTTP_FIELD_LOCATION) : std::string();
   disconnect();
   const bool isRedirect = status >= HTTP_STATUS_MULTIPLE_CHOICES &&
                           status < HTTP_STATUS_BAD_REQUEST && !location.empty();
   if (isRedirect) failAtServer(filled(_("It refers to {address}."), {{"address", location}}));
-  failAtServer(std::to_string(status) + " " + httpStatus(status));
+  failAtServer(std::to_string(status) + " " + httpStatus(static_cast<http_status_t>(status)));
 }
 
 void Talk::failAtConnection() {

@@ -74,15 +74,16 @@ class Talk {
   bool isUsable() const;
   /// Sends `request` until it is neither to be authorized nor to be encrypted first; what else the
   /// answer has is still to be read.
-  http_status_t answerTo(const Request& request);
-  http_status_t exchanged(const Request& request);
-  http_status_t sent(const Request& request);
-  http_status_t sentDocument(std::istream& document);
+  int answerTo(const Request& request);
+  // The status, which may be none that libcups knows.
+  int exchanged(const Request& request);
+  int sent(const Request& request);
+  int sentDocument(std::istream& document);
   void authorize(const Request& request);
   Ipp readAnswer();
   std::string readFile(std::size_t largest);
   void finishReading();
-  [[noreturn]] void failAtStatus(http_status_t status);
+  [[noreturn]] void failAtStatus(int status);
   [[noreturn]] void failAtConnection();
   const char* password();
   void moreTime();

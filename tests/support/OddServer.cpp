@@ -184,7 +184,7 @@ void OddServer::fillUp() {
   if (getsockname(listener_, address, &length) != 0) throw std::runtime_error("no name");
   for (int i = 0; i < 2 * kMostWaiting; ++i) {
     sockets_.push_back(socket(name.ss_family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    connect(sockets_.back(), address, length);  // fails in the end
+    static_cast<void>(connect(sockets_.back(), address, length));  // fails in the end
   }
 }
 
@@ -207,9 +207,14 @@ std::string httpAnswer(const std::string& body, const std::string& type) {
          "\r\nContent-Length: " + std::to_string(body.size()) + kHeadEnd + body;
 }
 
-std::string queueAnswer(int status, const std::string& message, const std::string& queue) {
+std::string queueAnswer(int status, const std::string& message, const std::string& queue,
+                        const std::string& member) {
   const Ipp answer = newAnswer(status, message);
   ippAddString(answer.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, queue.c_str());
+  if (!member.empty()) {
+    ippAddString(answer.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "member-names", nullptr,
+                 member.c_str());
+  }
   return httpAnswer(encoded(answer.get()));
 }
 

@@ -74,9 +74,10 @@ class OddServer {
 /// An HTTP answer with `body`; its length in the header may be another one.
 std::string httpAnswer(const std::string& body, const std::string& type = "application/ipp");
 
-/// An IPP answer with that status and the attributes of a queue, in HTTP.
+/// An IPP answer with that status and the attributes of a queue, or of a class with that member, in
+/// HTTP.
 std::string queueAnswer(int status = 0, const std::string& message = "ok",
-                        const std::string& queue = "card");
+                        const std::string& queue = "card", const std::string& member = "");
 
 /// An IPP answer to Create-Job, in HTTP.
 std::string jobAnswer(int id);
