@@ -65,7 +65,7 @@ class PPDOnDisk {
   PPDOnDisk& operator=(const PPDOnDisk&) = delete;
 
   std::string with(std::string_view bytes) const {
-    const std::string path = path_ + "/fuzzed.ppd";
+    std::string path = path_ + "/fuzzed.ppd";
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
   }
@@ -219,6 +219,7 @@ void play(host::PPDFile ppd, FuzzedDataProvider& data) {
 
 /// What libcups itself loses of PPDs with statements that stand twice. Tests look for PPDs that we
 /// do not close.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name
 extern "C" const char* __lsan_default_suppressions() { return "leak:^_ppdOpen$\n"; }
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {

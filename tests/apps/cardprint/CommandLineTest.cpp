@@ -260,8 +260,8 @@ TEST(Cardprint, PrintsWhatAPPDSaysWithoutControlCharacters) {
 }
 
 TEST(Cardprint, PrintsWhatTheCommandLineSaysWithoutControlCharacters) {
-  for (const char* arguments : {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'a\\x1b'",
-                                "$'/a\\x1b'"}) {
+  for (const char* arguments :
+       {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'a\\x1b'", "$'/a\\x1b'"}) {
     const auto finished = test::runCommand("bash -c \"CUPS_SERVER=/nowhere " CARDPANELS_BUILD_DIR
                                            "/bin/cardprint --no-dialog " +
                                            std::string(arguments) + "\"");
