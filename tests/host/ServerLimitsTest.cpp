@@ -233,8 +233,8 @@ TEST_P(ServerLimits, ARedirectIsToldAndNotFollowed) {
   std::string redirect =
       "HTTP/1.1 301 Moved Permanently\r\nLocation: http://elsewhere/\x1B[31m\r\n"
       "Content-Length: 0\r\n\r\n";
-  const OddServer server(
-      answering([&redirect](const std::string&) { return redirect; }), GetParam());
+  const OddServer server(answering([&redirect](const std::string&) { return redirect; }),
+                         GetParam());
   EXPECT_EQ(errorOfState(), "The print server " + server.name() +
                                 " cannot be asked: It refers to http://elsewhere/\\x1b[31m.");
 }
@@ -559,21 +559,20 @@ TEST_F(JobsOnOddServers, ADocumentGoesOutWholeAgainWithThePassword) {
 
 TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
   for (const auto at : {OddServer::At::socket, OddServer::At::port}) {
-    const OddServer server(
-        withDocument(
-            [](Client& client) {
-              std::string end;
-              while (end.find("\r\n0\r\n\r\n") == std::string::npos) {
-                const std::string bytes = client.some(1UL << 19U);
-                if (bytes.empty()) return;
-                end += bytes;
-                if (end.size() > 8) end.erase(0, end.size() - 8);
-                std::this_thread::sleep_for(milliseconds(100));
-              }
-              client.send(jobAnswer(17));
-            },
-            cancelling_, jobs_),
-        at);
+    const OddServer server(withDocument(
+                               [](Client& client) {
+                                 std::string end;
+                                 while (end.find("\r\n0\r\n\r\n") == std::string::npos) {
+                                   const std::string bytes = client.some(1UL << 19U);
+                                   if (bytes.empty()) return;
+                                   end += bytes;
+                                   if (end.size() > 8) end.erase(0, end.size() - 8);
+                                   std::this_thread::sleep_for(milliseconds(100));
+                                 }
+                                 client.send(jobAnswer(17));
+                               },
+                               cancelling_, jobs_),
+                           at);
     EXPECT_EQ(submitJob({{"card", ""}, "Badge", {large_}, {}}, kOneSecond), 17);
   }
 }
