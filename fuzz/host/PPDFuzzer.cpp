@@ -219,11 +219,7 @@ void play(host::PPDFile ppd, FuzzedDataProvider& data) {
 
 /// What libcups itself loses of PPDs with statements that stand twice. Tests look for PPDs that we
 /// do not close.
-<<<<<<< HEAD
-// NOLINTNEXTLINE(bugprone-reserved-identifier)
-=======
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name
->>>>>>> bad-input
 extern "C" const char* __lsan_default_suppressions() { return "leak:^_ppdOpen$\n"; }
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
