@@ -62,6 +62,7 @@ void NoticeBar::fit(int width) {
   const int height = std::min(natural, kMaximumHeight);
   if (height == scroller_.get_min_content_height()) return;
   // Not while sizes are given out; GTK may have destroyed the dialog before its page goes.
+  fitting_.disconnect();
   fitting_ = Glib::signal_idle().connect([this, height] {
     if (scroller_.gobj() != nullptr) scroller_.set_min_content_height(height);
     return false;
