@@ -1,0 +1,267 @@
+#!/usr/bin/python3
+"""mutate.py [--seed N] [--count N] [--in FOLDER]...: does a test notice when the code is broken?
+
+Draws single changes of the product's sources at random, the same ones for the same seed and commit:
+a condition negated, a bound off by one, a statement dropped, a constant or text swapped. Each is
+built in a clone of HEAD (build/mutants), and the tests of what was built anew are run. Prints what
+no test noticed, and the share that was. What does not compile is drawn again. Results stay in
+build/mutants/seed-N.log, and a run that was stopped goes on after them.
+"""
+
+import argparse
+import pathlib
+import random
+import re
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+WORK = ROOT / "build" / "mutants"
+CLONE = WORK / "tree"
+BUILD = CLONE / "build"
+ROOMS = ("platform", "plugin", "host", "dialog", "ports", "apps")
+LIMIT_SECONDS = 90
+LINKED = re.compile(r"Linking CXX (?:executable|shared library|shared module) (\S+)")
+# What tests a program or library that tests open or start: patterns of ctest's names.
+TESTED_BY = {
+    "bin/cardprint": "^cardprint-",
+    "bin/pde-drive": "^pde-drive-|^project-plug-in",
+    "lib/libcardpanels-gtk3-module.so": "^gtk3-module",
+    "lib/libcardpanels-gtk3-page.so": "^gtk3-module",
+    "lib/cardpanels.bundle/cardpanels.so": (
+        "^(panels|plugin|dialog|host-panels)-test|^cardprint-|^gtk3-module|^project-plug-in"
+    ),
+}
+# Servers, windows and people take their time: asked last.
+SLOW = "^gtk3-module|^cardprint-(command|queue|dialog|window)|^host-queue|^dialog-state"
+
+NOT_CODE = re.compile(
+    r"//[^\n]*|/\*.*?\*/"
+    r'|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"'
+    r"|'(?:\\.|[^'\\\n])+'",
+    re.S,
+)
+STATEMENT = re.compile(
+    r"^[ \t]+(?!return\b[^;]|using\b|const\b|constexpr\b|auto\b|static\b|case\b|default\b|throw\b)"
+    r"[A-Za-z_*(+\-:][^;{}\n]*;$",
+    re.M,
+)
+DECLARATION = re.compile(r"\s*[\w:<>,&* ]+ [*&]?\w+(_?\{.*\}|\(.*\)| = .*)?;$")
+
+
+class Mutant:
+    """One change of a file: `text` in place of what stands from `start` to `end`."""
+
+    def __init__(self, path, start, end, text, kind):
+        self.path, self.start, self.end, self.text, self.kind = path, start, end, text, kind
+
+    def described(self, source):
+        line = source.count("\n", 0, self.start) + 1
+        old = " ".join(source[self.start : self.end].split())
+        new = " ".join(self.text.split()) or "nothing"
+        return f"{self.path}:{line}: {self.kind}: {old} -> {new}"
+
+
+def masked(source):
+    """The source with comments and literals blanked, character for character, without the lines of
+    the preprocessor."""
+    blank = NOT_CODE.sub(lambda m: re.sub(r"[^\n]", " ", m[0]), source)
+    return re.sub(r"^#[^\n]*", lambda m: " " * len(m[0]), blank, flags=re.M)
+
+
+def closing(code, opening):
+    """The place of the parenthesis that closes the one at `opening`."""
+    depth = 0
+    for i in range(opening, len(code)):
+        depth += {"(": 1, ")": -1}.get(code[i], 0)
+        if depth == 0:
+            return i
+    return None
+
+
+def negations(path, source, code):
+    for match in re.finditer(r"\b(?:if|while) \(", code):
+        start, end = match.end(), closing(code, match.end() - 1)
+        condition = code[start:end]
+        if end is None or ";" in condition or re.search(r"[^=!<>]=[^=]", condition):
+            continue
+        yield Mutant(path, start, end, f"!({source[start:end]})", "negated")
+
+
+def swaps(path, code, kind, pairs):
+    for old, new in pairs:
+        for match in re.finditer(rf"(?<=[ (!]){re.escape(old)}(?=[ ;,)}}])", code):
+            yield Mutant(path, match.start(), match.end(), new, kind)
+
+
+def off_by_ones(path, source, code):
+    bounds = (("<", "<="), ("<=", "<"), (">", ">="), (">=", ">"))
+    yield from (
+        each
+        for each in swaps(path, code, "off by one", bounds)
+        if code[each.start - 1] == " " and code[each.end] == " "
+    )
+    for match in re.finditer(r"(?<![\w.])\d+(?=[);,\]} U])", code):
+        yield Mutant(path, *match.span(), str(int(match[0]) + 1), "off by one")
+
+
+def dropped(path, source, code):
+    for match in STATEMENT.finditer(code):
+        if DECLARATION.match(match[0]) and not re.match(r"\s*(break|continue|\w+ = )", match[0]):
+            continue
+        if re.search(r"= (default|delete|0);$", match[0]):
+            continue
+        yield Mutant(path, *match.span(), "", "dropped")
+
+
+def swapped(path, source, code):
+    pairs = (("true", "false"), ("&&", "||"), ("==", "!="))
+    yield from swaps(path, code, "swapped", (*pairs, *(pair[::-1] for pair in pairs)))
+    for match in NOT_CODE.finditer(source):
+        line = source[source.rfind("\n", 0, match.start()) + 1 : match.start()].lstrip()
+        if match[0].startswith('"') and not line.startswith(("#", "static_assert")):
+            yield Mutant(path, *match.span(), '"~"' if match[0] == '""' else '""', "swapped")
+
+
+def mutants_of(path):
+    source = (CLONE / path).read_text(encoding="utf-8")
+    code = masked(source)
+    for make in (negations, off_by_ones, dropped, swapped):
+        yield from make(path, source, code)
+
+
+def drawn(seed, folders):
+    """All changes in random turn, each kind as often as the others."""
+    tracked = subprocess.run(
+        ["git", "ls-files", *folders], cwd=CLONE, check=True, capture_output=True, text=True
+    ).stdout.split()
+    by_kind = {}
+    for path in sorted(tracked):
+        if path.endswith((".cpp", ".h")):
+            for mutant in mutants_of(path):
+                by_kind.setdefault(mutant.kind, []).append(mutant)
+    chance = random.Random(seed)
+    for kind in sorted(by_kind):
+        chance.shuffle(by_kind[kind])
+    while any(by_kind.values()):
+        kind = chance.choice(sorted(kind for kind in by_kind if by_kind[kind]))
+        yield by_kind[kind].pop()
+
+
+def built():
+    """Ninja's output, None when it fails."""
+    done = subprocess.run(["ninja"], cwd=BUILD, capture_output=True, text=True)
+    return done.stdout if done.returncode == 0 else None
+
+
+def passes(*selection):
+    """Whether all these tests pass; with the name of one that does not."""
+    with tempfile.TemporaryDirectory() as home:
+        done = subprocess.run(
+            ["ctest", "--stop-on-failure", "--timeout", str(LIMIT_SECONDS), "-j4", *selection],
+            cwd=BUILD,
+            env={"HOME": home, "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8"},
+            stdin=subprocess.DEVNULL,
+            capture_output=True,
+            text=True,
+        )
+    failed = re.search(r"Test +#\d+: (\S+) \.*\**(?:\*\*\*)", done.stdout)
+    return done.returncode == 0, failed[1] if failed else ""
+
+
+def noticed(output):
+    """The test that notices what was built anew; "" when none does."""
+    concerned = set()
+    for target in LINKED.findall(output):
+        if target.startswith("tests/"):
+            concerned.add(f"^{target.removeprefix('tests/')}$")
+        elif target in TESTED_BY:
+            concerned.add(TESTED_BY[target])
+    if not concerned:
+        return ""
+    pattern = "|".join(sorted(concerned))
+    good, test = passes("-R", pattern, "-E", SLOW)
+    if good:
+        slow = [each for each in names(pattern) if re.search(SLOW, each)]
+        if slow:
+            good, test = passes("-R", "|".join(f"^{re.escape(each)}$" for each in slow))
+    return "" if good else test or "a test"
+
+
+def names(pattern):
+    listed = subprocess.run(
+        ["ctest", "-N", "-R", pattern], cwd=BUILD, capture_output=True, text=True
+    )
+    return re.findall(r"Test +#\d+: (\S+)", listed.stdout)
+
+
+def judged(mutant):
+    """A line of the log, None when the change does not compile."""
+    path = CLONE / mutant.path
+    source = path.read_text(encoding="utf-8")
+    path.write_text(source[: mutant.start] + mutant.text + source[mutant.end :], encoding="utf-8")
+    try:
+        output = built()
+        if output is None:
+            return None
+        test = noticed(output)
+    finally:
+        path.write_text(source, encoding="utf-8")
+    return f"{'noticed by ' + test if test else 'SURVIVED'}: {mutant.described(source)}"
+
+
+def prepare():
+    """The clone of HEAD, built, with all tests passing."""
+    head = subprocess.run(
+        ["git", "rev-parse", "HEAD"], cwd=ROOT, check=True, capture_output=True, text=True
+    ).stdout.strip()
+    if not CLONE.exists():
+        WORK.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["git", "clone", "-q", "--shared", ROOT, CLONE], check=True)
+    subprocess.run(["git", "fetch", "-q", "origin", head], cwd=CLONE, check=True)
+    subprocess.run(["git", "reset", "-q", "--hard", head], cwd=CLONE, check=True)
+    configure = ["cmake", "--preset", "release", "-DCARDPANELS_TESTS=ON"]
+    # Nobody waits for what runs, but for what compiles.
+    configure.append("-DCMAKE_CXX_FLAGS_RELWITHDEBINFO=-O0 -g0")
+    subprocess.run(configure, cwd=CLONE, check=True, stdout=subprocess.DEVNULL)
+    if built() is None:
+        sys.exit("mutate.py: HEAD does not build")
+    good, test = passes("-E", "^project-")
+    if not good:
+        sys.exit(f"mutate.py: {test} fails without a change")
+    return head
+
+
+def main():
+    parser = argparse.ArgumentParser(
+        description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter
+    )
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--count", type=int, default=120)
+    parser.add_argument("--in", dest="folders", action="append", metavar="FOLDER")
+    arguments = parser.parse_args()
+    head = prepare()
+    log = WORK / f"seed-{arguments.seed}.log"
+    before = log.read_text().splitlines() if log.exists() else []
+    known = {line.split(": ", 1)[1]: line for line in before if head in before[0]}
+    lines = []
+    with log.open("w") as file:
+        print(head, file=file)
+        for mutant in drawn(arguments.seed, arguments.folders or ROOMS):
+            if len(lines) == arguments.count:
+                break
+            described = mutant.described((CLONE / mutant.path).read_text(encoding="utf-8"))
+            line = known.get(described) or judged(mutant)
+            if line is None:
+                continue
+            lines.append(line)
+            print(line, file=file, flush=True)
+            print(f"{len(lines)} {line}", flush=True)
+    survivors = [line for line in lines if line.startswith("SURVIVED")]
+    print(*survivors, sep="\n")
+    print(f"{len(lines) - len(survivors)} of {len(lines)} changes were noticed")
+
+
+if __name__ == "__main__":
+    main()
