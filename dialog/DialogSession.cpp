@@ -5,6 +5,7 @@
 
 #include "dialog/PrinterStateText.h"
 #include "host/Error.h"
+#include "host/MediaOption.h"
 #include "platform/ASCII.h"
 #include "platform/CustomPrefix.h"
 #include "platform/Messages.h"
@@ -12,10 +13,9 @@
 namespace cardpanels::dialog {
 namespace {
 
+using host::kPageSize;
 using host::Option;
 using platform::_;
-
-constexpr const char* kPageSize = "PageSize";
 
 }  // namespace
 

@@ -10,6 +10,7 @@
 #include "dialog/MeasurementField.h"
 #include "host/CardGeometry.h"
 #include "host/JobOptions.h"
+#include "host/MediaOption.h"
 #include "platform/Messages.h"
 
 namespace cardpanels::dialog {
@@ -17,9 +18,7 @@ namespace cardpanels::dialog {
 using platform::_;
 using platform::filled;
 
-namespace {
-constexpr const char* kPageSize = "PageSize";
-}  // namespace
+namespace {}  // namespace
 
 std::string joined(const std::vector<std::string>& lines, const std::string& between) {
   std::string text;
@@ -97,10 +96,11 @@ SummaryGroup PageTexts::cardGroup() const {
   const std::string size = cardSizeText(host::cardGeometry(job_));
   if (!size.empty()) {
     const auto all = job_.differingKeys();
-    group.entries.push_back({.title = _("Size"),
-                             .value = size,
-                             .differs = std::find(all.begin(), all.end(), kPageSize) != all.end(),
-                             .remark = ruleChangeOf(kPageSize)});
+    group.entries.push_back(
+        {.title = _("Size"),
+         .value = size,
+         .differs = std::find(all.begin(), all.end(), host::kPageSize) != all.end(),
+         .remark = ruleChangeOf(host::kPageSize)});
   }
   return group;
 }

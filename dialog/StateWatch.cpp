@@ -13,7 +13,7 @@ struct StateWatch::Listener {
 
 namespace {
 
-StateRead read(const std::string& queue, const std::atomic<bool>& abandoned) {
+StateRead stateOf(const std::string& queue, const std::atomic<bool>& abandoned) {
   try {
     return {host::printerState(queue, {.abandoned = &abandoned})};
   } catch (const std::exception& error) {
@@ -31,7 +31,7 @@ StateWatch::StateWatch(const std::string& queue, Post post,
                       interval](Abandonment& abandonment) {
     std::optional<StateRead> last;
     do {
-      const StateRead now = read(queue, abandonment.flag());
+      const StateRead now = stateOf(queue, abandonment.flag());
       if (abandonment.flag() || now == last) continue;
       last = now;
       post([listener, now] {

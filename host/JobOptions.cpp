@@ -20,8 +20,6 @@ using platform::equalIgnoringCase;
 using platform::filled;
 using platform::Text;
 
-constexpr const char* kPageSize = "PageSize";
-
 bool isCustomText(std::string_view text) {
   return platform::startsIgnoringCase(text, platform::kCustomPrefix) || text.substr(0, 1) == "{";
 }

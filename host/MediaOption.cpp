@@ -25,7 +25,6 @@ using platform::filled;
 using platform::startsIgnoringCase;
 
 constexpr const char* kMedia = "media";
-constexpr const char* kPageSize = "PageSize";
 
 /// A keyword of PWG's and how PPDs name the same, or begin to.
 struct Standard {

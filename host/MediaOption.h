@@ -11,6 +11,9 @@
 /// what it is made of, in place of the PPD's own options.
 namespace cardpanels::host {
 
+/// The PPD's own option for the size.
+inline constexpr const char* kPageSize = "PageSize";
+
 /// Whether `key` is `media` and the PPD has that under options of its own.
 bool isMedia(ppd_file_t* ppd, const std::string& key);
 

@@ -21,16 +21,16 @@ using platform::_;
 constexpr unsigned kPatience = 300;  // milliseconds until the window comes
 constexpr unsigned kPulse = 100;
 constexpr unsigned kFarewell = 300;  // for work that was done when it was cancelled
-constexpr int kMargin = 18;
-constexpr int kWidth = 360;
+constexpr int kDialogMargin = 18;
+constexpr int kDialogWidth = 360;
 
 /// Tells what is waited for.
 class WaitDialog : public Gtk::Dialog {
  public:
   explicit WaitDialog(const std::string& what) : Gtk::Dialog(what) {
-    get_content_area()->set_border_width(kMargin);
-    get_content_area()->set_spacing(kMargin / 2);
-    set_default_size(kWidth, -1);
+    get_content_area()->set_border_width(kDialogMargin);
+    get_content_area()->set_spacing(kDialogMargin / 2);
+    set_default_size(kDialogWidth, -1);
     label_.set_text(what);
     label_.set_xalign(0);
     get_content_area()->pack_start(label_);

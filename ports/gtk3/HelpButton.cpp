@@ -14,7 +14,7 @@ namespace {
 
 using platform::_;
 
-constexpr int kBorder = 12;
+constexpr int kTextBorder = 12;
 constexpr int kWidestLine = 50;  // characters
 constexpr int kOutside = 60;     // of the window, around the text
 
@@ -32,7 +32,7 @@ HelpButton::HelpButton(std::function<dialog::Help()> help)
   text_->set_line_wrap();
   text_->set_max_width_chars(kWidestLine);
   text_->set_xalign(0);
-  text_->property_margin() = kBorder;
+  text_->property_margin() = kTextBorder;
   scroller_->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
   scroller_->set_overlay_scrolling(false);
   scroller_->add(*text_);
