@@ -219,12 +219,13 @@ class Program:
         return wait_for(look, lambda: f"no {role} {name!r} in:\n{outline(self.root)}", limit)
 
     def window(self):
-        """The program's first window, once it shows."""
+        """The program's first window, once it shows; not one that only tells what is waited for."""
 
         def look():
             root = self.root
             windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
-            return next((each for each in windows if each and is_showing(each)), None)
+            shown = [each for each in windows if each and is_showing(each)]
+            return next((each for each in shown if not showing(each, "progress bar")), None)
 
         return wait_for(look, "the program shows no window")
 
