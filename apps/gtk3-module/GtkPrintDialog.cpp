@@ -9,6 +9,11 @@
 #include "platform/Messages.h"
 
 namespace cardpanels::gtk3module {
+
+struct Unref {
+  void operator()(gpointer object) const { g_object_unref(object); }
+};
+
 namespace {
 
 using host::Option;
@@ -44,10 +49,6 @@ std::string valueOf(GObject* option) {
   g_free(value);
   return text;
 }
-
-struct Unref {
-  void operator()(gpointer object) const { g_object_unref(object); }
-};
 
 /// Whether `name` is really the option's name: the dialog's settings tell its value under it.
 bool isConfirmed(GtkPrintSettings* settings, const char* name, GObject* option) {
