@@ -1,14 +1,16 @@
 #!/usr/bin/python3
-"""mutate.py [--seed N] [--count N] [--in FOLDER]...: does a test notice when the code is broken?
+"""mutate.py [--seed N] [--count N] [--part K/N] [--in FOLDER]...: do tests notice broken code?
 
 Draws single changes of the product's sources at random, the same ones for the same seed and commit:
 a condition negated, a bound off by one, a statement dropped, a constant or text swapped. Each is
 built in a clone of HEAD (build/mutants), and the tests of what was built anew are run. Prints what
 no test noticed, and the share that was. What does not compile is drawn again. Results stay in
-build/mutants/seed-N.log, and a run that was stopped goes on after them.
+build/mutants/seed-N.log, and a run that was stopped goes on after them. Parts of a draw can run side
+by side in clones of their own.
 """
 
 import argparse
+import itertools
 import pathlib
 import random
 import re
@@ -261,8 +263,10 @@ def main():
     )
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--count", type=int, default=120)
+    parser.add_argument("--part", default="1/1", metavar="K/N", help="each Nth, from the Kth")
     parser.add_argument("--in", dest="folders", action="append", metavar="FOLDER")
     arguments = parser.parse_args()
+    part, parts = map(int, arguments.part.split("/"))
     head = prepare()
     log = WORK / f"seed-{arguments.seed}.log"
     before = log.read_text().splitlines() if log.exists() else []
@@ -270,7 +274,8 @@ def main():
     lines = []
     with log.open("w") as file:
         print(head, file=file)
-        for mutant in drawn(arguments.seed, arguments.folders or ROOMS):
+        mutants = drawn(arguments.seed, arguments.folders or ROOMS)
+        for mutant in itertools.islice(mutants, part - 1, None, parts):
             if len(lines) == arguments.count:
                 break
             described = mutant.described((CLONE / mutant.path).read_text(encoding="utf-8"))
