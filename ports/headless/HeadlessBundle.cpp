@@ -16,7 +16,6 @@ namespace cardpanels::headless {
 namespace {
 
 using platform::NibOwner;
-using platform::Text;
 
 /// The value of an object's own property, "" when the file does not set it. GtkBuilder takes `_`
 /// and `-` in a property's name for the same.
@@ -110,39 +109,30 @@ std::string atLine(const std::string& file, const std::string& text, std::ptrdif
 
 }  // namespace
 
-HeadlessBundle::HeadlessBundle(std::string path) : path_(std::move(path)), strings_(path_) {}
-
 std::shared_ptr<platform::View> HeadlessBundle::loadNibNamed_owner(
     const std::string& name, const std::shared_ptr<NibOwner>& owner) {
   platform::NibContents contents;
-  contents.file = path_ + "/resources/ui/" + name + ".ui";
+  contents.file = viewFile(name);
   std::ifstream file(contents.file);
   if (!file) {
-    loadError_ = contents.file + ": " + std::strerror(errno);
+    setLoadError(contents.file + ": " + std::strerror(errno));
     return nullptr;
   }
   const std::string text{std::istreambuf_iterator<char>(file), {}};
   pugi::xml_document document;
   const auto parsed = document.load_buffer(text.data(), text.size());
   if (!parsed) {
-    loadError_ = atLine(contents.file, text, parsed.offset) + ": " + parsed.description();
+    setLoadError(atLine(contents.file, text, parsed.offset) + ": " + parsed.description());
     return nullptr;
   }
   const auto top = document.child("interface").child("object");
   if (!top) {
-    loadError_ = contents.file + ": no object inside an interface";
+    setLoadError(contents.file + ": no object inside an interface");
     return nullptr;
   }
   const auto view = Loader(contents, owner).make(top);
-  loadError_ = platform::connectNib(*owner, contents);
-  return loadError_ ? nullptr : view;
-}
-
-Text HeadlessBundle::localizedStringForKey_value_table(const std::string& key, const Text& value,
-                                                       const Text& /*table*/) {
-  Text text = strings_.text(key);
-  if (!text) text = value ? value : key;
-  return text;
+  setLoadError(platform::connectNib(*owner, contents));
+  return loadError() ? nullptr : view;
 }
 
 }  // namespace cardpanels::headless
