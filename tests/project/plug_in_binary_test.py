@@ -11,6 +11,7 @@ PLUG_IN = BUILD / "lib" / "cardpanels.bundle" / "cardpanels.so"
 PLATFORM = BUILD / "lib" / "libcardpanels-platform.so"
 MODULE = BUILD / "lib" / "libcardpanels-gtk3-module.so"
 PAGE = BUILD / "lib" / "libcardpanels-gtk3-page.so"
+HOST = BUILD / "lib" / "libcardpanels-host.so"
 PROGRAMS = (BUILD / "bin" / "cardprint", BUILD / "bin" / "pde-drive")
 
 RUNTIME = {"libc.so.6", "libm.so.6", "libstdc++.so.6", "libgcc_s.so.1", "ld-linux-x86-64.so.2"}
@@ -59,12 +60,30 @@ class TheOtherBinaries(unittest.TestCase):
             sorted(symbols(MODULE, "defined")), ["g_module_check_init", "gtk_module_init"]
         )
 
-    def test_the_platform_exports_its_own_and_the_records_of_its_types(self):
-        defined = symbols(PLATFORM, "defined")
-        own = re.compile(r"((typeinfo|typeinfo name|vtable) for )?cardpanels::platform::")
-        self.assertEqual([each for each in defined if not own.match(each)], [])
-        for record in ("typeinfo", "typeinfo name", "vtable"):
-            self.assertIn(f"{record} for cardpanels::platform::PrintPanel", defined)
+    def test_shared_rooms_export_their_own_and_the_records_of_their_types(self):
+        for library, room, example in (
+            (PLATFORM, "platform", "PrintPanel"),
+            (HOST, "host", "PanelHost"),
+        ):
+            with self.subTest(library=library.name):
+                defined = symbols(library, "defined")
+                own = re.compile(
+                    r"((typeinfo|typeinfo name|vtable) for |non-virtual thunk to )?"
+                    rf"cardpanels::{room}::"
+                )
+                self.assertEqual([each for each in defined if not own.match(each)], [])
+                for record in ("typeinfo", "typeinfo name", "vtable"):
+                    self.assertIn(f"{record} for cardpanels::{room}::{example}", defined)
+
+    def test_the_host_needs_cups_the_platform_and_no_toolkit(self):
+        self.assertEqual(libraries(HOST), {"libcups.so.2", "libcardpanels-platform.so.0"})
+
+    def test_programs_and_the_page_share_one_host(self):
+        for binary in (PAGE, *PROGRAMS):
+            with self.subTest(binary=binary.name):
+                self.assertIn("libcardpanels-host.so.0", libraries(binary))
+                wanted = symbols(binary, "undefined")
+                self.assertTrue([each for each in wanted if "host::PanelHost::" in each])
 
     def test_programs_export_nothing_of_ours(self):
         for program in PROGRAMS:
@@ -74,7 +93,7 @@ class TheOtherBinaries(unittest.TestCase):
 
     def test_type_records_of_the_platform_are_shared(self):
         """Each other binary takes them from the platform library, and has none of its own."""
-        for binary in (PLUG_IN, PAGE, *PROGRAMS):
+        for binary in (PLUG_IN, HOST, PAGE, *PROGRAMS):
             with self.subTest(binary=binary.name):
                 shared = [each for each in symbols(binary, "undefined")
                           if each.startswith("typeinfo for cardpanels::platform::")]
