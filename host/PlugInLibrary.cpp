@@ -31,13 +31,17 @@ std::shared_ptr<platform::PlugIn> loadPlugIn(const std::string& bundle) {
   return std::shared_ptr<platform::PlugIn>(create());
 }
 
-std::string defaultBundlePath() {
-  if (const char* path = secure_getenv("CARDPANELS_BUNDLE")) return path;
+std::string libraryFolder() {
   Dl_info library{};
   dladdr(reinterpret_cast<const void*>(&platform::useCatalogues), &library);
   std::error_code ignored;
   const auto path = std::filesystem::absolute(library.dli_fname, ignored).lexically_normal();
-  return (path.parent_path() / "cardpanels.bundle").string();
+  return path.parent_path().string();
+}
+
+std::string defaultBundlePath() {
+  if (const char* path = secure_getenv("CARDPANELS_BUNDLE")) return path;
+  return libraryFolder() + "/cardpanels.bundle";
 }
 
 }  // namespace cardpanels::host

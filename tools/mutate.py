@@ -29,6 +29,7 @@ LINKED = re.compile(r"Linking CXX (?:executable|shared library|shared module) (\
 TESTED_BY = {
     "bin/cardprint": "^cardprint-",
     "bin/pde-drive": "^pde-drive-|^project-plug-in",
+    "lib/libcardprint-dialog.so": "^cardprint-(dialog|queue)",
     "lib/libcardpanels-gtk3-module.so": "^gtk3-module",
     "lib/libcardpanels-gtk3-page.so": "^gtk3-module",
     "lib/cardpanels.bundle/cardpanels.so": (
@@ -44,6 +45,7 @@ OWN = {
     "ports/gtk3": "^gtk3-test",
     "ports/headless": "^headless-test",
     "apps/cardprint": "^cardprint-",
+    "apps/cardprint-dialog": "^cardprint-(window|dialog|queue)",
     "apps/gtk3-module": "^gtk3-module",
     "apps/pde-drive": "^pde-drive-",
 }

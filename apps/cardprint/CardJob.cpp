@@ -8,14 +8,13 @@
 
 #include "dialog/AreaFaults.h"
 #include "dialog/AreaWarnings.h"
-#include "dialog/Captions.h"
 #include "dialog/PageTexts.h"
+#include "dialog/TextBundle.h"
 #include "host/Error.h"
 #include "host/LpArguments.h"
 #include "host/PlugInLibrary.h"
 #include "host/Submission.h"
 #include "platform/Messages.h"
-#include "ports/gtk3/GtkBundle.h"
 
 namespace cardpanels::cardprint {
 
@@ -49,14 +48,20 @@ CardJob::Printer CardJob::openedPrinter(const Arguments& arguments, Waiter& wait
 }
 
 CardJob::CardJob(const Arguments& arguments, Waiter& waiter)
-    : CardJob(arguments, waiter, openedPrinter(arguments, waiter), nullptr) {}
+    : CardJob(arguments, waiter, nullptr, openedPrinter(arguments, waiter), nullptr) {}
+
+CardJob::CardJob(const Arguments& arguments, Windows& windows)
+    : CardJob(arguments, windows.waiter(), &windows, openedPrinter(arguments, windows.waiter()),
+              nullptr) {}
 
 CardJob::CardJob(const Arguments& arguments, const CardJob& before)
-    : CardJob(arguments, before.waiter_, openedPrinter(arguments, before.waiter_), &before) {}
+    : CardJob(arguments, before.waiter_, before.windows_, openedPrinter(arguments, before.waiter_),
+              &before) {}
 
-CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Printer&& printer,
+CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, Printer&& printer,
                  const CardJob* before)
     : waiter_(waiter),
+      windows_(windows),
       files_(arguments.files),
       queue_(printer.queue),
       printerName_(printer.name),
@@ -64,11 +69,13 @@ CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Printer&& printer,
       options_(std::move(printer.ppd)),
       leftOut_(markedFirst(printer.savedOptions, before)),
       notice_(before == nullptr ? chosen(arguments.options) : ""),
-      panels_(
-          host::defaultBundlePath(),
-          std::make_shared<gtk3::GtkBundle>(
-              host::defaultBundlePath(), dialog::captionsOf(options_, {_("_Cancel"), _("_Print")})),
-          options_) {}
+      panels_(host::defaultBundlePath(), bundle(), options_) {}
+
+std::shared_ptr<platform::Bundle> CardJob::bundle() {
+  const std::string path = host::defaultBundlePath();
+  if (windows_ == nullptr) return std::make_shared<dialog::TextBundle>(path);
+  return windows_->bundle(path, options_);
+}
 
 /// Marks what is saved, or what `before` had chosen, and answers what was left out.
 std::vector<std::string> CardJob::markedFirst(const std::vector<host::Option>& saved,

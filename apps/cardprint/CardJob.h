@@ -1,10 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "apps/cardprint/Arguments.h"
+#include "apps/cardprint/DialogJob.h"
 #include "apps/cardprint/Waiter.h"
+#include "apps/cardprint/Windows.h"
 #include "host/JobOptions.h"
 #include "host/PanelHost.h"
 #include "host/Queue.h"
@@ -12,30 +15,28 @@
 namespace cardpanels::cardprint {
 
 /// The job that the command line asks for, from opening the printer's PPD to sending it.
-class CardJob {
+class CardJob final : public DialogJob {
  public:
   /// Opens the PPD or the queue, marks saved options, applies the options of the command line by
-  /// the host's rules, and makes the panels. `waiter` waits for server and disk, also later, and
-  /// must outlive this. Throws `host::Error`, and `Cancelled`.
+  /// the host's rules, and makes the panels, which nobody will look at. `waiter` waits for server
+  /// and disk, also later, and must outlive this. Throws `host::Error`, and `Cancelled`.
   CardJob(const Arguments& arguments, Waiter& waiter);
+
+  /// The same for a dialog: panels and waiter are those of `windows`.
+  CardJob(const Arguments& arguments, Windows& windows);
 
   /// Opens the queue anew after it got another PPD, and marks what `before` had chosen as far as it
   /// fits. Throws the same.
   CardJob(const Arguments& arguments, const CardJob& before);
 
-  /// What the printer is called.
-  const std::string& printerName() const { return printerName_; }
-
-  /// The print server's queue; its name is empty when the job is made for a PPD file alone.
-  const host::QueueName& queue() const { return queue_; }
+  const std::string& printerName() const override { return printerName_; }
+  const host::QueueName& queue() const override { return queue_; }
 
   /// Whether there is something to print.
   bool hasFiles() const { return !files_.empty(); }
 
-  host::PanelHost& panels() { return panels_; }
-
-  /// Which saved or chosen options were left out and why, a sentence each.
-  const std::vector<std::string>& leftOut() const { return leftOut_; }
+  host::PanelHost& panels() override { return panels_; }
+  const std::vector<std::string>& leftOut() const override { return leftOut_; }
 
   /// What options of the command line changed besides themselves, in sentences; "" for nothing.
   const std::string& notice() const { return notice_; }
@@ -45,25 +46,25 @@ class CardJob {
   /// right, a sentence each.
   std::vector<std::string> judged() const;
 
-  /// Sends the files, if there are any, and answers what standard output gets. Throws
-  /// `host::PPDChanged` when the queue has another PPD by now, `host::Error` and `Cancelled`; then
-  /// nothing was sent.
-  std::string send();
+  std::string send() override;
 
  private:
   /// Where the PPD comes from.
   struct Printer;
 
-  CardJob(const Arguments& arguments, Waiter& waiter, Printer&& printer, const CardJob* before);
+  CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, Printer&& printer,
+          const CardJob* before);
   std::vector<std::string> markedFirst(const std::vector<host::Option>& saved,
                                        const CardJob* before);
   static Printer openPrinter(const Arguments& arguments, const host::Terms& terms);
   static Printer openedPrinter(const Arguments& arguments, Waiter& waiter);
+  std::shared_ptr<platform::Bundle> bundle();
   std::string chosen(const std::vector<host::Option>& options);
   std::string summary();
   std::string lastLine();
 
   Waiter& waiter_;
+  Windows* windows_;  // null without a dialog
   std::vector<std::string> files_;
   host::QueueName queue_;
   std::string printerName_;

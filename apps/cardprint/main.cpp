@@ -1,16 +1,12 @@
-#include <glibmm/exception.h>
-#include <gtkmm/main.h>
-
 #include <iostream>
 #include <memory>
 #include <string>
 #include <utility>
 
 #include "apps/cardprint/Arguments.h"
-#include "apps/cardprint/CardDialog.h"
 #include "apps/cardprint/CardJob.h"
 #include "apps/cardprint/TerminalWaiter.h"
-#include "apps/cardprint/WindowWaiter.h"
+#include "apps/cardprint/Windows.h"
 #include "host/Error.h"
 #include "host/Program.h"
 #include "host/Submission.h"
@@ -27,13 +23,6 @@ using platform::_;
 constexpr int kCancelled = 1;
 constexpr int kPrintedUntold = 3;
 
-void initializeToolkit() {
-  if (gtk_init_check(nullptr, nullptr) == FALSE) {
-    throw host::Error(_("There is no display to show the dialog on; --no-dialog needs none."));
-  }
-  Gtk::Main::init_gtkmm_internals();
-}
-
 /// A script must not take a job that went out for one that did not, and print it again.
 int tellOutput(const std::string& output, bool wasPrinted) {
   std::cout << output;
@@ -47,12 +36,10 @@ int tellOutput(const std::string& output, bool wasPrinted) {
   }
 }
 
-int printWithDialog(cardprint::CardJob& job, cardprint::WindowWaiter& waiter,
-                    const std::string& told) {
-  cardprint::CardDialog dialog(job, waiter, told);
-  const auto output = dialog.choose();
-  if (!dialog.error().empty()) tellError(dialog.error());
-  return output ? tellOutput(*output, job.hasFiles()) : kCancelled;
+int printWithDialog(cardprint::CardJob& job, cardprint::Windows& windows, const std::string& told) {
+  const auto choice = windows.choose(job, told);
+  if (!choice.error.empty()) tellError(choice.error);
+  return choice.output ? tellOutput(*choice.output, job.hasFiles()) : kCancelled;
 }
 
 void tell(const cardprint::CardJob& job) {
@@ -62,13 +49,12 @@ void tell(const cardprint::CardJob& job) {
 
 /// Shows the dialog anew as often as the queue gets another PPD meanwhile.
 int printWithDialogs(const cardprint::Arguments& arguments) {
-  initializeToolkit();
-  cardprint::WindowWaiter waiter;
-  auto job = std::make_unique<cardprint::CardJob>(arguments, waiter);
+  const auto windows = cardprint::openWindows();
+  auto job = std::make_unique<cardprint::CardJob>(arguments, *windows);
   for (std::string told;;) {
     tell(*job);
     try {
-      return printWithDialog(*job, waiter, told);
+      return printWithDialog(*job, *windows, told);
     } catch (const host::PPDChanged& changed) {
       told = changed.what();
     }
@@ -97,19 +83,15 @@ int print(const cardprint::Arguments& arguments) {
 }
 
 int run(int argc, char** argv) {
-  try {
-    const auto arguments = cardprint::parseArguments(argc, argv);
-    if (arguments.help) {
-      std::cout << cardprint::help();
-    } else if (arguments.version) {
-      std::cout << "cardprint " CARDPANELS_VERSION "\n";
-    } else {
-      return print(arguments);
-    }
-    return 0;
-  } catch (const Glib::Exception& error) {  // which is no std::exception
-    throw host::Error(error.what());
+  const auto arguments = cardprint::parseArguments(argc, argv);
+  if (arguments.help) {
+    std::cout << cardprint::help();
+  } else if (arguments.version) {
+    std::cout << "cardprint " CARDPANELS_VERSION "\n";
+  } else {
+    return print(arguments);
   }
+  return 0;
 }
 
 }  // namespace

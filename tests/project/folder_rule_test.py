@@ -61,7 +61,8 @@ class TheChecker(unittest.TestCase):
             ("ports/gtk3/View.h", "<gtkmm/widget.h>"),
             ("ports/gtk3/View.h", '"dialog/Measurement.h"'),
             ("dialog/DialogSession.h", '"host/Queue.h"'),
-            ("apps/cardprint/main.cpp", '"ports/gtk3/View.h"'),
+            ("apps/cardprint-dialog/CardDialog.h", '"ports/gtk3/View.h"'),
+            ("apps/cardprint-dialog/CardDialog.h", '"apps/cardprint/DialogJob.h"'),
             ("tests/plugin/panels/PanelTest.cpp", '"host/Queue.h"'),
         ):
             with self.subTest(path=path, included=included):
@@ -89,6 +90,9 @@ class TheChecker(unittest.TestCase):
             ("ports/headless/Bundle.cpp", '"ports/gtk3/View.h"'),
             ("ports/gtk3/View.h", '"ports/headless/Bundle.h"'),
             ("apps/cardprint/main.cpp", '"ports/headless/Bundle.h"'),
+            ("apps/cardprint/main.cpp", '"ports/gtk3/View.h"'),
+            ("apps/cardprint/main.cpp", '"apps/cardprint-dialog/CardDialog.h"'),
+            ("apps/cardprint/CardJob.cpp", "<glibmm/exception.h>"),
             ("apps/cardprint/main.cpp", '"plugin/panels/OptionSlots.h"'),
             ("apps/pde-drive/main.cpp", "<gtkmm/widget.h>"),
         ):

@@ -12,6 +12,7 @@ PLATFORM = BUILD / "lib" / "libcardpanels-platform.so"
 MODULE = BUILD / "lib" / "libcardpanels-gtk3-module.so"
 PAGE = BUILD / "lib" / "libcardpanels-gtk3-page.so"
 HOST = BUILD / "lib" / "libcardpanels-host.so"
+DIALOG = BUILD / "lib" / "libcardprint-dialog.so"
 PROGRAMS = (BUILD / "bin" / "cardprint", BUILD / "bin" / "pde-drive")
 
 RUNTIME = {"libc.so.6", "libm.so.6", "libstdc++.so.6", "libgcc_s.so.1", "ld-linux-x86-64.so.2"}
@@ -23,6 +24,12 @@ def libraries(binary):
         ["readelf", "--dynamic", "--wide", binary], check=True, capture_output=True, text=True
     ).stdout
     return set(re.findall(r"\(NEEDED\).*\[(.+)\]", listed)) - RUNTIME
+
+
+def all_libraries(binary):
+    """The names of all libraries that the binary's start loads."""
+    listed = subprocess.run(["ldd", binary], check=True, capture_output=True, text=True).stdout
+    return set(re.findall(r"^\s*(?:\S*/)?(\S+)", listed, re.MULTILINE))
 
 
 def symbols(binary, which):
@@ -60,6 +67,9 @@ class TheOtherBinaries(unittest.TestCase):
             sorted(symbols(MODULE, "defined")), ["g_module_check_init", "gtk_module_init"]
         )
 
+    def test_the_dialogs_library_exports_one_symbol(self):
+        self.assertEqual(symbols(DIALOG, "defined"), ["cardprintOpenWindows"])
+
     def test_shared_rooms_export_their_own_and_the_records_of_their_types(self):
         for library, room, example in (
             (PLATFORM, "platform", "PrintPanel"),
@@ -78,12 +88,19 @@ class TheOtherBinaries(unittest.TestCase):
     def test_the_host_needs_cups_the_platform_and_no_toolkit(self):
         self.assertEqual(libraries(HOST), {"libcups.so.2", "libcardpanels-platform.so.0"})
 
-    def test_programs_and_the_page_share_one_host(self):
-        for binary in (PAGE, *PROGRAMS):
+    def test_a_program_and_the_dialog_that_it_opens_share_one_host(self):
+        for binary in (DIALOG, PAGE, *PROGRAMS):
             with self.subTest(binary=binary.name):
                 self.assertIn("libcardpanels-host.so.0", libraries(binary))
                 wanted = symbols(binary, "undefined")
                 self.assertTrue([each for each in wanted if "host::PanelHost::" in each])
+
+    def test_programs_start_without_a_toolkit(self):
+        toolkit = re.compile(r"lib(gtk|gdk|g(lib|object|io|module)-2|cairo|pango|atk|sigc|X11)")
+        self.assertTrue(list(filter(toolkit.match, all_libraries(DIALOG))))
+        for program in PROGRAMS:
+            with self.subTest(program=program.name):
+                self.assertEqual(list(filter(toolkit.match, all_libraries(program))), [])
 
     def test_programs_export_nothing_of_ours(self):
         for program in PROGRAMS:
@@ -93,7 +110,7 @@ class TheOtherBinaries(unittest.TestCase):
 
     def test_type_records_of_the_platform_are_shared(self):
         """Each other binary takes them from the platform library, and has none of its own."""
-        for binary in (PLUG_IN, HOST, PAGE, *PROGRAMS):
+        for binary in (PLUG_IN, HOST, PAGE, DIALOG, *PROGRAMS):
             with self.subTest(binary=binary.name):
                 shared = [each for each in symbols(binary, "undefined")
                           if each.startswith("typeinfo for cardpanels::platform::")]

@@ -56,7 +56,12 @@ TABLE = (
     Room("ports/headless", ("platform", "dialog"), (PPD, "pugixml")),
     Room("ports/gtk3", ("platform", "dialog"), (PPD, "gtk")),
     Room("apps/pde-drive", ("platform", "host", "dialog", "ports/headless"), ("cups",)),
-    Room("apps/cardprint", ("platform", "host", "dialog", "ports/gtk3"), ("cups", "gtk")),
+    Room("apps/cardprint", ("platform", "host", "dialog"), ("cups",)),
+    Room(
+        "apps/cardprint-dialog",
+        ("platform", "host", "dialog", "ports/gtk3", "apps/cardprint"),
+        ("cups", "gtk"),
+    ),
     Room("apps/gtk3-module", ("platform", "host", "dialog", "ports/gtk3"), ("cups", "gtk")),
 )
 # These may include everything.

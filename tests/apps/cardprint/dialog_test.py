@@ -2,13 +2,15 @@
 
 import os
 import pathlib
+import subprocess
 import unittest
 
 import atspi_driver as user
 from keyboard import Keyboard
 
 ROOT = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
-CARDPRINT = str(pathlib.Path(os.environ["CARDPANELS_BUILD_DIR"]) / "bin" / "cardprint")
+BUILD = pathlib.Path(os.environ["CARDPANELS_BUILD_DIR"])
+CARDPRINT = str(BUILD / "bin" / "cardprint")
 
 
 class DialogTestCase(unittest.TestCase):
@@ -21,10 +23,10 @@ class DialogTestCase(unittest.TestCase):
         self.addCleanup(context.__exit__, None, None, None)
         return value
 
-    def start(self, *arguments, sample="card-laminate"):
+    def start(self, *arguments, sample="card-laminate", cardprint=CARDPRINT):
         ppd = str(ROOT / "resources" / "ppd" / f"{sample}.ppd")
         return self.desktop.start(
-            [CARDPRINT, "--ppd", ppd, *arguments], G_DEBUG="fatal-criticals", GDK_GL="disable"
+            [cardprint, "--ppd", ppd, *arguments], G_DEBUG="fatal-criticals", GDK_GL="disable"
         )
 
     def test_print_answers_what_was_chosen(self):
@@ -36,6 +38,18 @@ class DialogTestCase(unittest.TestCase):
         self.assertEqual(
             out, "Thermal Laminate\n    Thermal Laminate: Both Sides\n-o cardLaminate=Both\n"
         )
+
+    def test_an_installed_program_opens_the_dialog_that_lies_beside_it(self):
+        prefix = os.path.join(self.desktop.home, "installed")
+        install = ["cmake", "--install", str(BUILD), "--prefix", prefix]
+        subprocess.run(install, check=True, capture_output=True)
+        program = self.start(cardprint=f"{prefix}/bin/cardprint")
+        program.find("push button", "Cancel")
+        maps = pathlib.Path(f"/proc/{program.pid}/maps").read_text(encoding="utf-8")
+        self.assertIn(f"{prefix}/lib/libcardprint-dialog.so", maps)
+        self.assertNotIn(f"{BUILD}/", maps)
+        user.press(program.find("push button", "Cancel"))
+        program.finish()
 
     def test_cancel_answers_nothing(self):
         program = self.start()

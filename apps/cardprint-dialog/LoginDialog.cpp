@@ -1,4 +1,4 @@
-#include "apps/cardprint/LoginDialog.h"
+#include "apps/cardprint-dialog/LoginDialog.h"
 
 #include <gtkmm/dialog.h>
 #include <gtkmm/entry.h>

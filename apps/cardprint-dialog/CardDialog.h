@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "apps/cardprint/CardJob.h"
-#include "apps/cardprint/WindowWaiter.h"
+#include "apps/cardprint-dialog/WindowWaiter.h"
+#include "apps/cardprint/DialogJob.h"
 #include "host/PanelHost.h"
 #include "ports/gtk3/CardPage.h"
 #include "ports/gtk3/HandlerErrors.h"
@@ -19,7 +19,7 @@ namespace cardpanels::cardprint {
 class CardDialog : public Gtk::Dialog, private host::PanelObserver {
  public:
   /// A dialog for `job`, which `waiter` waits for; both must outlive it. Tells `told` at first.
-  CardDialog(CardJob& job, WindowWaiter& waiter, const std::string& told = {});
+  CardDialog(DialogJob& job, WindowWaiter& waiter, const std::string& told = {});
   ~CardDialog() override;
 
   /// Lets the user choose until the job is sent, and answers what standard output gets; nothing
@@ -38,7 +38,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   void watchPrinter();
   std::optional<std::string> print();
 
-  CardJob& job_;
+  DialogJob& job_;
   WindowWaiter& waiter_;
   gtk3::HandlerErrors errors_{[this] { response(Gtk::RESPONSE_CANCEL); }};
   gtk3::CardPage page_;

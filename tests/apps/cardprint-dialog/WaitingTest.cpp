@@ -15,9 +15,9 @@
 #include <optional>
 #include <thread>
 
-#include "apps/cardprint/CardDialog.h"
+#include "apps/cardprint-dialog/CardDialog.h"
+#include "apps/cardprint-dialog/GtkWindows.h"
 #include "apps/cardprint/CardJob.h"
-#include "apps/cardprint/WindowWaiter.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
 #include "tests/support/BuiltFiles.h"
@@ -142,7 +142,7 @@ class Waiting : public testing::Test {
   test::RecordedLog log_;
   test::TemporaryFolder folder_;
   std::string badge_ = folder_.write("badge.txt", "Ada\n");
-  WindowWaiter waiter_;
+  GtkWindows windows_;
 };
 
 class WaitingForAServer : public Waiting {
@@ -167,13 +167,13 @@ TEST_F(WaitingForAServer, ThatStandsStillWhileTheQueueIsReadIsCancelled) {
   server_.suspend();
   Person person("Reading the printer's options…", cancel);
   Gaps gaps;
-  EXPECT_THROW(CardJob(printing(badge_), waiter_), Cancelled);
+  EXPECT_THROW(CardJob(printing(badge_), windows_), Cancelled);
   EXPECT_LE(gaps.longest(), std::chrono::milliseconds(100));
   EXPECT_EQ(person.times, 1);
 }
 
 TEST_F(WaitingForAServer, ThatStandsStillWhileTheJobIsSentIsCancelledAndPrintsNothing) {
-  CardJob job(printing(badge_), waiter_);
+  CardJob job(printing(badge_), windows_);
   server_.suspend();
   Person person("Sending the job…", cancel);
   Gaps gaps;
@@ -186,7 +186,7 @@ TEST_F(WaitingForAServer, ThatStandsStillWhileTheJobIsSentIsCancelledAndPrintsNo
 TEST_F(WaitingForAServer, AFileOfTwoGibibytesIsCancelledOnItsWay) {
   const std::string large = folder_.write("large.txt", "Ada\n");
   std::filesystem::resize_file(large, std::uintmax_t{1} << 31U);
-  CardJob job(printing(large), waiter_);
+  CardJob job(printing(large), windows_);
   Person person("Sending the job…", cancel);
   Gaps gaps;
   EXPECT_THROW(job.send(), Cancelled);
@@ -197,7 +197,7 @@ TEST_F(WaitingForAServer, AFileOfTwoGibibytesIsCancelledOnItsWay) {
 TEST_F(WaitingForAServer, APipeThatNobodyWritesIsCancelled) {
   const std::string pipe = (folder_.path() / "pipe").string();
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  CardJob job(printing(pipe), waiter_);
+  CardJob job(printing(pipe), windows_);
   Person person("Sending the job…", cancel);
   Gaps gaps;
   EXPECT_THROW(job.send(), Cancelled);
@@ -206,8 +206,8 @@ TEST_F(WaitingForAServer, APipeThatNobodyWritesIsCancelled) {
 }
 
 TEST_F(WaitingForAServer, TheDialogStaysWhenSendingIsCancelled) {
-  CardJob job(printing(badge_), waiter_);
-  CardDialog dialog(job, waiter_);
+  CardJob job(printing(badge_), windows_);
+  CardDialog dialog(job, windows_.waiter());
   server_.suspend();
   Person sending("Sending the job…", [&](Gtk::Dialog& window) {
     EXPECT_FALSE(dialog.get_sensitive());
@@ -264,7 +264,7 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
     window.response(Gtk::RESPONSE_OK);
   });
   Gaps gaps;
-  const CardJob job(printing(badge_), waiter_);
+  const CardJob job(printing(badge_), windows_);
   EXPECT_EQ(job.printerName(), "card");
   EXPECT_EQ(person.times, 2);
   EXPECT_LE(gaps.longest(), std::chrono::milliseconds(100));
@@ -273,7 +273,7 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
 TEST_F(Waiting, APasswordThatIsNotGivenEndsIt) {
   const test::OddServer server(serveGuarded);
   Person person("Password Needed", cancel);
-  EXPECT_THROW(CardJob(printing(badge_), waiter_), Cancelled);
+  EXPECT_THROW(CardJob(printing(badge_), windows_), Cancelled);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "apps/cardprint/WindowWaiter.h"
+#include "apps/cardprint-dialog/WindowWaiter.h"
 
 #include <glibmm/main.h>
 #include <gtkmm/button.h>
@@ -8,7 +8,8 @@
 
 #include <exception>
 
-#include "apps/cardprint/LoginDialog.h"
+#include "apps/cardprint-dialog/LoginDialog.h"
+#include "apps/cardprint-dialog/ToolkitErrors.h"
 #include "host/ServerThread.h"
 #include "platform/Messages.h"
 #include "ports/gtk3/MainLoop.h"
@@ -95,7 +96,7 @@ class Insensitive {
 void WindowWaiter::wait(const std::string& what, Work work) {
   for (;;) {
     try {
-      waitOnce(what, work);
+      withoutToolkitErrors([&] { waitOnce(what, work); });
       return;
     } catch (const host::PasswordNeeded& needed) {
       login_ = askedInWindow(needed, parent_);

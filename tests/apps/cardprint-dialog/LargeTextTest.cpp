@@ -12,7 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "apps/cardprint/CardDialog.h"
+#include "apps/cardprint-dialog/CardDialog.h"
+#include "apps/cardprint-dialog/GtkWindows.h"
+#include "apps/cardprint/CardJob.h"
 #include "platform/Messages.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
@@ -80,9 +82,9 @@ class LargeText : public testing::TestWithParam<const char*> {
 TEST_P(LargeText, IsCutNowhereAtTheDefaultSizeWhateverThePanelsShow) {
   Arguments arguments;
   arguments.ppd = test::duplexPPD();
-  WindowWaiter waiter;
-  CardJob job(arguments, waiter);
-  CardDialog dialog(job, waiter);
+  GtkWindows windows;
+  CardJob job(arguments, windows);
+  CardDialog dialog(job, windows.waiter());
   dialog.show();
   ASSERT_TRUE(test::handleEventsUntil([&] { return dialog.get_mapped(); }));
   auto& sidebar = dynamic_cast<Gtk::ListBox&>(*all<Gtk::ListBox>(dialog).front());

@@ -1,4 +1,4 @@
-#include "apps/cardprint/CardDialog.h"
+#include "apps/cardprint-dialog/CardDialog.h"
 
 #include <gtkmm/button.h>
 #include <gtkmm/separator.h>
@@ -24,7 +24,7 @@ constexpr int kButtonMargin = 6;
 
 }  // namespace
 
-CardDialog::CardDialog(CardJob& job, WindowWaiter& waiter, const std::string& told)
+CardDialog::CardDialog(DialogJob& job, WindowWaiter& waiter, const std::string& told)
     : Gtk::Dialog(Glib::ustring::compose(_("Print on %1"), job.printerName())),
       job_(job),
       waiter_(waiter),

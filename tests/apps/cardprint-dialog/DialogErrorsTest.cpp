@@ -5,7 +5,9 @@
 
 #include <stdexcept>
 
-#include "apps/cardprint/CardDialog.h"
+#include "apps/cardprint-dialog/CardDialog.h"
+#include "apps/cardprint-dialog/GtkWindows.h"
+#include "apps/cardprint/CardJob.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/support/RecordedLog.h"
 
@@ -22,19 +24,31 @@ class DialogErrors : public testing::Test {
   }
 
   test::RecordedLog log_;
-  WindowWaiter waiter_;
-  CardJob job_{sample(), waiter_};
-  CardDialog dialog_{job_, waiter_};
+  GtkWindows windows_;
+  CardJob job_{sample(), windows_};
 };
 
 TEST_F(DialogErrors, EndTheDialog) {
+  CardDialog dialog(job_, windows_.waiter());
   Glib::signal_idle().connect_once([] { throw std::runtime_error("idle"); });
-  EXPECT_THROW(dialog_.choose(), std::runtime_error);
+  EXPECT_THROW(dialog.choose(), std::runtime_error);
 }
 
 TEST_F(DialogErrors, OfGLibEndTheDialog) {
+  CardDialog dialog(job_, windows_.waiter());
   Glib::signal_idle().connect_once([] { throw Glib::Error(1, 2, "three"); });
-  EXPECT_THROW(dialog_.choose(), Glib::Error);
+  EXPECT_THROW(dialog.choose(), Glib::Error);
+}
+
+TEST_F(DialogErrors, OfGLibLeaveTheWindowsAsTheProgramsOwn) {
+  Glib::signal_idle().connect_once([] { throw Glib::Error(1, 2, "three"); });
+  EXPECT_THROW(windows_.choose(job_, ""), host::Error);
+}
+
+TEST_F(DialogErrors, OfGLibInWhatIsWaitedForAreTheProgramsOwnToo) {
+  EXPECT_THROW(
+      windows_.waiter().wait("work", [](const host::Terms&) { throw Glib::Error(1, 2, "three"); }),
+      host::Error);
 }
 
 }  // namespace
