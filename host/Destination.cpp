@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/Error.h"
+#include "host/MediaOption.h"
 #include "host/PrintServer.h"
 #include "host/SavedOptions.h"
 #include "platform/Messages.h"
@@ -118,10 +119,21 @@ Destination destinationOf(Talk& talk, const QueueName& name) {
   }
   Destination destination{std::move(wanted), defaultsIn(attributes.get()),
                           textsIn(attributes.get(), "member-names")};
+  destination.media = destination.options.value("media");
   if (saved) {
     for (const Option& each : saved->options()) destination.options.set(each);
   }
   return destination;
+}
+
+JobBasis basisOf(const Destination& destination, ppd_file_t* ppd) {
+  JobBasis basis{.queue = destination.name.queue, .options = {}};
+  for (Option& each : destination.options.options()) {
+    if (!isOfPPD(ppd, each.key)) basis.options.push_back(std::move(each));
+  }
+  const platform::Text media = destination.options.value("media");
+  basis.addsMedia = media && media == destination.media && isMedia(ppd, "media");
+  return basis;
 }
 
 }  // namespace cardpanels::host

@@ -6,6 +6,7 @@
 #include "host/JobOption.h"
 #include "host/Queue.h"
 #include "host/Talk.h"
+#include "platform/Text.h"
 
 namespace cardpanels::host {
 
@@ -16,10 +17,14 @@ struct Destination {
   /// saved.
   OptionList options;
   std::vector<std::string> members;  // the queues of a class
+  platform::Text media = {};         // what the server adds to jobs that have none
 };
 
 /// Asks for `name`; when its queue is empty, for the default, whatever its instance. Throws `Error`
 /// when there is no such queue or instance.
 Destination destinationOf(Talk& talk, const QueueName& name);
+
+/// What `destination` gives to a job besides the options of its PPD `ppd`.
+JobBasis basisOf(const Destination& destination, ppd_file_t* ppd);
 
 }  // namespace cardpanels::host

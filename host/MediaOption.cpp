@@ -135,6 +135,10 @@ bool isMedia(ppd_file_t* ppd, const std::string& key) {
          findOption(ppd, kPageSize) != nullptr;
 }
 
+bool isOfPPD(ppd_file_t* ppd, const std::string& key) {
+  return findOption(ppd, key) != nullptr || isMedia(ppd, key);
+}
+
 std::vector<Option> optionsOfMedia(ppd_file_t* ppd, const std::string& value) {
   const ppd_option_t& size = *findOption(ppd, kPageSize);
   OptionList options;

@@ -17,6 +17,9 @@ inline constexpr const char* kPageSize = "PageSize";
 /// Whether `key` is `media` and the PPD has that under options of its own.
 bool isMedia(ppd_file_t* ppd, const std::string& key);
 
+/// Whether `key` is an option of the PPD, or `media` in place of some.
+bool isOfPPD(ppd_file_t* ppd, const std::string& key);
+
 /// What `value` of `media` asks for under the PPD's own options, each once: a size by the PPD's
 /// name or a PWG one, a source, a type, or several of these with commas between them. Throws
 /// `Error` with the part that this printer has nothing for.

@@ -38,10 +38,11 @@ std::vector<ppd_option_t*> allOptions(ppd_file_t* ppd) {
 
 std::span<ppd_size_t> sizesOf(ppd_file_t* ppd) { return records(ppd->sizes, ppd->num_sizes); }
 
-bool isPageSize(const ppd_option_t& option) {
-  return equalIgnoringCase(option.keyword, "PageSize") ||
-         equalIgnoringCase(option.keyword, "PageRegion");
+bool isPageSize(std::string_view keyword) {
+  return equalIgnoringCase(keyword, "PageSize") || equalIgnoringCase(keyword, "PageRegion");
 }
+
+bool isPageSize(const ppd_option_t& option) { return isPageSize(option.keyword); }
 
 std::span<ppd_choice_t> choicesOf(const ppd_option_t& option) {
   return records(option.choices, option.num_choices);

@@ -21,7 +21,8 @@ std::vector<ppd_option_t*> allOptions(ppd_file_t* ppd);
 /// The page sizes.
 std::span<ppd_size_t> sizesOf(ppd_file_t* ppd);
 
-/// Whether `option` chooses the page size: libcups treats these two as one.
+/// Whether the option of that keyword chooses the page size: libcups treats these two as one.
+bool isPageSize(std::string_view keyword);
 bool isPageSize(const ppd_option_t& option);
 
 /// The option's choices, the choice `Custom` among them where there is one.

@@ -7,7 +7,6 @@
 #include "host/Error.h"
 #include "host/FetchedPPD.h"
 #include "host/MediaOption.h"
-#include "host/PPDRecords.h"
 #include "host/Question.h"
 #include "host/SavedOptions.h"
 #include "platform/Messages.h"
@@ -22,11 +21,11 @@ using platform::filled;
 Queue queueOver(Talk& talk, const QueueName& name) {
   const Destination destination = destinationOf(talk, name);
   const FetchedPPD ppd(talk, destination);
-  Queue queue{destination.name, {}, ppd.open(), ppd.text()};
+  PPDFile records = ppd.open();
+  JobBasis basis = basisOf(destination, records.get());
+  Queue queue{destination.name, {}, std::move(records), ppd.text(), std::move(basis)};
   for (Option& each : destination.options.options()) {
-    if (findOption(queue.ppd.get(), each.key) != nullptr || isMedia(queue.ppd.get(), each.key)) {
-      queue.savedOptions.push_back(std::move(each));
-    }
+    if (isOfPPD(queue.ppd.get(), each.key)) queue.savedOptions.push_back(std::move(each));
   }
   return queue;
 }

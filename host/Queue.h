@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,14 @@ struct QueueName {
   bool operator==(const QueueName&) const = default;
 };
 
+/// What a job for a queue goes out with besides the options of its PPD.
+struct JobBasis {
+  std::string queue;            // as the server writes it
+  std::vector<Option> options;  // saved ones that the PPD does not know, such as `copies`
+  bool addsMedia = false;       // the server has a `media` of the PPD for jobs without one
+  std::chrono::steady_clock::time_point read = std::chrono::steady_clock::now();
+};
+
 /// What a queue of the print server offers to a job.
 struct Queue {
   QueueName name;
@@ -29,6 +38,7 @@ struct Queue {
   std::vector<Option> savedOptions;
   PPDFile ppd;
   std::string ppdText;  // byte by byte, to know the PPD again
+  JobBasis basis;
 };
 
 /// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default

@@ -3,6 +3,7 @@
 #include <cups/cups.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -12,7 +13,6 @@
 
 #include "host/Destination.h"
 #include "host/FetchedPPD.h"
-#include "host/MediaOption.h"
 #include "host/PPDRecords.h"
 #include "host/PrintServer.h"
 #include "host/Question.h"
@@ -24,6 +24,8 @@ namespace {
 
 using platform::_;
 using platform::filled;
+
+constexpr std::chrono::seconds kNew(5);  // a basis
 
 struct OpenFile {
   std::string name;
@@ -143,54 +145,40 @@ class NewJob {
   bool isGivenUp_ = false;
 };
 
-OptionList savedBesides(const OptionList& options, ppd_file_t* ppd) {
-  OptionList saved;
-  for (const Option& each : options.options()) {
-    const bool isOfPPD = findOption(ppd, each.key) != nullptr || isMedia(ppd, each.key);
-    if (!isOfPPD) saved.set(each);
-  }
-  return saved;
-}
-
-/// The value of `media` that the server adds to jobs without one; "" for none.
-std::string serverMedia(Talk& talk, const std::string& queue) {
-  const Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
-  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
-               "media-default");
-  return textIn(talk.ask(request).get(), "media-default");
-}
-
 /// The size goes out once, as the PPD names it, but for a server that would add another one under
 /// the name `media`.
-std::vector<Option> withMedia(const std::vector<Option>& options, Talk& talk,
-                              const Destination& destination, ppd_file_t* ppd) {
-  const platform::Text saved = destination.options.value("media");
-  if (!saved || !isMedia(ppd, "media") || serverMedia(talk, destination.name.queue) != *saved) {
-    return options;
-  }
+std::vector<Option> withMedia(const std::vector<Option>& options, bool addsMedia) {
   std::vector<Option> all = options;
   for (const Option& each : options) {
-    if (isPageSize(*findOption(ppd, each.key))) all.push_back({"media", each.value});
+    if (addsMedia && isPageSize(each.key)) all.push_back({"media", each.value});
   }
   return all;
 }
 
-int made(Talk& talk, const Submission& job, std::vector<OpenFile>& files, NewJob& progress,
-         const Terms& cancelling) {
+/// Reads the queue. Throws `PPDChanged`.
+JobBasis basisNow(Talk& talk, const Submission& job) {
   const Destination destination = destinationOf(talk, job.queue);
-  const std::string& queue = destination.name.queue;
   const FetchedPPD ppd(talk, destination);
   if (job.ppdText && *job.ppdText != ppd.text()) {
     throw PPDChanged(
         filled(_("The options of the queue {queue} have changed meanwhile. Nothing was "
                  "printed."),
-               {{"queue", platform::onOneLine(queue)}}));
+               {{"queue", platform::onOneLine(destination.name.queue)}}));
   }
-  const PPDFile records = ppd.open();
-  const OptionList saved = savedBesides(destination.options, records.get());
+  return basisOf(destination, ppd.open().get());
+}
+
+bool isNew(const std::optional<JobBasis>& basis) {
+  return basis && std::chrono::steady_clock::now() - basis->read < kNew;
+}
+
+int made(Talk& talk, const Submission& job, std::vector<OpenFile>& files, NewJob& progress,
+         const Terms& cancelling) {
+  const JobBasis basis = isNew(job.basis) ? *job.basis : basisNow(talk, job);
+  const std::string& queue = basis.queue;
+  const OptionList saved(basis.options);
   const std::string format = saved.value("document-format").value_or(CUPS_FORMAT_AUTO);
-  const int id = createdJob(talk, queue, job.title, saved,
-                            withMedia(job.options, talk, destination, records.get()));
+  const int id = createdJob(talk, queue, job.title, saved, withMedia(job.options, basis.addsMedia));
   if (!progress.begin(queue, id)) {
     cancelJob(queue, id, cancelling);
     return 0;
@@ -221,6 +209,7 @@ int submitJob(const Submission& job, const Terms& terms) {
   const auto progress = std::make_shared<NewJob>();
   Terms cancelling = terms;
   cancelling.abandoned = nullptr;
+  cancelling.kept = nullptr;
   const auto isAbandoned = [&terms] { return terms.abandoned != nullptr && *terms.abandoned; };
   try {
     const int id = answerOfServer<int>(terms, [job, files, progress, cancelling](Talk& talk) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,10 +24,12 @@ struct Submission {
   std::vector<std::string> files;
   std::vector<Option> options;  // of the PPD
   platform::Text ppdText = {};  // what they were chosen on; nothing for whatever the queue has
+  std::optional<JobBasis> basis = {};  // what `openQueue` read then: holds for a few seconds
 };
 
 /// Sends `job` with those saved options of the queue besides that the PPD does not know, such as
-/// `copies`, and answers its id. What the PPD knows is in the job's options, or was left out.
+/// `copies`, and answers its id. What the PPD knows is in the job's options, or was left out. With
+/// a basis that holds, the queue is not read again, and its PPD is taken for the one that it was.
 /// Until there is a job it waits as long as `terms` say, then until the server takes nothing more
 /// of the files for that time. Throws `PPDChanged`, as `openQueue` does, and `Error` for a file
 /// that cannot be read; then nothing is printed: a job that is not whole is cancelled, and told of

@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "host/KeptConnection.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 
@@ -56,7 +57,7 @@ struct AnswerReader {
 }  // namespace
 
 Talk::Talk(const Terms& terms)
-    : limit_(terms.seconds), login_(terms.login), end_(Clock::now() + limit_) {}
+    : limit_(terms.seconds), login_(terms.login), kept_(terms.kept), end_(Clock::now() + limit_) {}
 
 void Talk::begin() {
   encryption_ = cupsEncryption();
@@ -65,6 +66,18 @@ void Talk::begin() {
       [](const char* /*prompt*/, http_t* /*http*/, const char* /*method*/, const char* /*path*/,
          void* talk) { return static_cast<Talk*>(talk)->password(); },
       this);
+  if (!kept_) return;
+  Http http = kept_->take();
+  const std::lock_guard lock(mutex_);
+  http_ = std::move(http);
+}
+
+void Talk::end(bool keeps) {
+  if (keeps && kept_ && isUsable()) {
+    const std::lock_guard lock(mutex_);
+    if (!isCut_) kept_->keep(std::move(http_));
+  }
+  disconnect();
 }
 
 Ipp Talk::ask(const Ipp& request, const std::string& path) {

@@ -3,6 +3,7 @@
 #include <atomic>
 #include <chrono>
 #include <istream>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -23,11 +24,11 @@ class Talk {
   // For the thread that talks:
 
   /// Makes this thread's libcups answer with the login when a password is asked for, and never ask
-  /// a person. Before anything else.
+  /// a person; takes the connection that the terms keep. Before anything else.
   void begin();
 
-  /// Closes the connection. After everything else.
-  void end() { disconnect(); }
+  /// Closes the connection, or leaves it to who `keeps` it by the terms. After everything else.
+  void end(bool keeps);
 
   /// Sends `request` to `path` and answers what comes, whatever its status.
   Ipp ask(const Ipp& request, const std::string& path = "/");
@@ -91,6 +92,7 @@ class Talk {
 
   const std::chrono::seconds limit_;
   const std::optional<Login> login_;
+  const std::shared_ptr<KeptConnection> kept_;
   std::atomic<Clock::time_point> end_;
   std::atomic<bool> isCut_ = false;
   std::atomic<bool> isConnecting_ = false;

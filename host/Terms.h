@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -8,6 +9,8 @@
 #include "host/Error.h"
 
 namespace cardpanels::host {
+
+class KeptConnection;
 
 /// Who a print server that asks for a password is told to be there.
 struct Login {
@@ -20,6 +23,7 @@ struct Terms {
   int seconds = 10;  // until the question ends at the latest, whatever the server does
   const std::atomic<bool>* abandoned = nullptr;  // ends it soon once true; nothing for never
   std::optional<Login> login = {};               // for a server that asks for a password
+  std::shared_ptr<KeptConnection> kept = {};     // to go on over, and to leave; null for neither
 };
 
 /// The print server asks for a password and got none, or not the right one. A caller may ask the

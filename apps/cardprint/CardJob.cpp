@@ -26,19 +26,24 @@ struct CardJob::Printer {
   std::vector<host::Option> savedOptions;
   host::PPDFile ppd;
   platform::Text ppdText;
+  std::optional<host::JobBasis> basis;
 };
 
 CardJob::Printer CardJob::openPrinter(const Arguments& arguments, const host::Terms& terms) {
   if (arguments.ppd.empty()) {
     auto queue = host::openQueue(arguments.queue, terms);
-    return {queue.name.text(), queue.name, std::move(queue.savedOptions), std::move(queue.ppd),
-            std::move(queue.ppdText)};
+    return {queue.name.text(),
+            queue.name,
+            std::move(queue.savedOptions),
+            std::move(queue.ppd),
+            std::move(queue.ppdText),
+            std::move(queue.basis)};
   }
   auto ppd = host::openPPD(arguments.ppd);
   std::string name = ppd->nickname != nullptr
                          ? ppd->nickname
                          : std::filesystem::path(arguments.ppd).filename().string();
-  return {platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt};
+  return {platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt, std::nullopt};
 }
 
 CardJob::Printer CardJob::openedPrinter(const Arguments& arguments, Waiter& waiter) {
@@ -66,6 +71,7 @@ CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, P
       queue_(printer.queue),
       printerName_(printer.name),
       ppdText_(std::move(printer.ppdText)),
+      basis_(windows == nullptr ? std::move(printer.basis) : std::nullopt),
       options_(std::move(printer.ppd)),
       leftOut_(markedFirst(printer.savedOptions, before)),
       notice_(before == nullptr ? chosen(arguments.options) : ""),
@@ -146,7 +152,7 @@ std::string CardJob::summary() {
 std::string CardJob::lastLine() {
   if (files_.empty()) return host::lpArguments(options_.options());
   const std::string title = std::filesystem::path(files_.front()).filename().string();
-  const host::Submission submission{queue_, title, files_, options_.options(), ppdText_};
+  const host::Submission submission{queue_, title, files_, options_.options(), ppdText_, basis_};
   const int id = waitedFor<int>(
       waiter_, _("Sending the job…"),
       [submission](const host::Terms& terms) { return host::submitJob(submission, terms); });

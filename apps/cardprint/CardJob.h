@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,7 +69,8 @@ class CardJob final : public DialogJob {
   std::vector<std::string> files_;
   host::QueueName queue_;
   std::string printerName_;
-  platform::Text ppdText_;  // as the queue had it
+  platform::Text ppdText_;               // as the queue had it
+  std::optional<host::JobBasis> basis_;  // nothing where a person has time to choose
   host::JobOptions options_;
   std::vector<std::string> leftOut_;
   std::string notice_;

@@ -52,7 +52,7 @@ std::optional<host::Login> askedLogin(const host::PasswordNeeded& needed) {
 void TerminalWaiter::wait(const std::string& /*what*/, Work work) {
   for (int asked = 0;; ++asked) {
     try {
-      work({.login = login_});
+      work({.login = login_, .kept = kept_});
       return;
     } catch (const host::PasswordNeeded& needed) {
       if (!isAtTerminal() || asked == kMostQuestions) throw;

@@ -35,7 +35,7 @@ using Client = OddServer::Client;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-constexpr Terms kOneSecond{.seconds = 1};
+const Terms kOneSecond{.seconds = 1};
 constexpr auto kSoon = milliseconds(2500);  // a limit of one second, on a busy machine
 
 /// What `action` throws, which has to end soon.

@@ -11,6 +11,8 @@
 #include <csignal>
 #include <cstdlib>
 #include <memory>
+#include <regex>
+#include <sstream>
 #include <stdexcept>
 #include <thread>
 
@@ -128,13 +130,14 @@ void PrivatePrintServer::writeConfiguration() const {
                                        "ServerBin /usr/lib/cups\nFileDevice Yes\n"
                                        "SystemGroup root\n" +
                                        (getuid() == 0 ? "" : "User " + userName() + "\n"));
-  folder_.write("cupsd.conf", "Listen " + address_ +
-                                  "\nBrowsing Off\nLogLevel debug\nWebInterface No\n"
-                                  "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
-                                  "Allow all\n</Location>\n<Policy default>\n"
-                                  "JobPrivateValues none\nSubscriptionPrivateValues none\n"
-                                  "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
-                                  "</Policy>\n");
+  folder_.write("cupsd.conf",
+                "Listen " + address_ +
+                    "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nWebInterface No\n"
+                    "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
+                    "Allow all\n</Location>\n<Policy default>\n"
+                    "JobPrivateValues none\nSubscriptionPrivateValues none\n"
+                    "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
+                    "</Policy>\n");
 }
 
 void PrivatePrintServer::start() {
@@ -246,6 +249,46 @@ int PrivatePrintServer::jobCount() const {
   const int count = cupsGetJobs2(http.get(), &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
   cupsFreeJobs(count, jobs);
   return count;
+}
+
+/// What is in the log of that name before `text`, which this waits for.
+std::string PrivatePrintServer::logUpTo(const std::string& log, const std::string& text) const {
+  for (const auto limit = std::chrono::steady_clock::now() + kPatience;
+       std::chrono::steady_clock::now() < limit; std::this_thread::sleep_for(20ms)) {
+    const std::string all = fileContent(folder_.path() / "log" / log);
+    const std::size_t found = all.find(text);
+    if (found != std::string::npos) return all.substr(0, found);
+  }
+  throw std::runtime_error("the server logs no " + text);
+}
+
+Traffic PrivatePrintServer::traffic() {
+  // A request of our own stands in both logs after those that are done.
+  const std::string before = "GET /fence" + std::to_string(fences_) + " ";
+  const std::string path = "/fence" + std::to_string(++fences_);
+  const Http http(httpConnect2(address_.c_str(), ippPort(), nullptr, AF_UNSPEC,
+                               HTTP_ENCRYPTION_IF_REQUESTED, 1, kOneSecond, nullptr));
+  httpGet(http.get(), path.c_str());
+  while (httpUpdate(http.get()) == HTTP_STATUS_CONTINUE) {
+  }
+  Traffic traffic{-1, {}};  // the own connection is none
+  const auto sinceLast = [&](const std::string& log) {
+    const std::string all = logUpTo(log, "GET " + path + " ");
+    const std::size_t last = all.find(before);
+    return std::istringstream(last == std::string::npos ? all : all.substr(all.find('\n', last)));
+  };
+  auto errors = sinceLast("error_log");
+  for (std::string line; std::getline(errors, line);) {
+    if (line.find("] Accepted from ") != std::string::npos) ++traffic.connections;
+  }
+  auto requests = sinceLast("access_log");
+  static const std::regex kLine(R"re(.*"(?:(GET \S+)|\S+ \S+) HTTP/1.1" \d+ \d+ (\S+) .*)re");
+  for (std::string line; std::getline(requests, line);) {
+    std::smatch parts;
+    if (std::regex_match(line, parts, kLine))
+      traffic.requests.push_back(parts[parts[1].matched ? 1 : 2]);
+  }
+  return traffic;
 }
 
 }  // namespace cardpanels::test

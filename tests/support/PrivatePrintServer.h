@@ -10,6 +10,12 @@
 
 namespace cardpanels::test {
 
+/// What a print server has been asked.
+struct Traffic {
+  int connections;
+  std::vector<std::string> requests;  // `GET PATH`, or IPP's name of the operation
+};
+
 /// A print server of a test's own: a real cupsd with all its files in a temporary folder, ended and
 /// removed with this. While it lives, libcups and the programs that the test starts use it, with
 /// saved options of their own: `CUPS_SERVER`, `CUPS_SERVERROOT` and `HOME` lead there. Works for
@@ -70,10 +76,14 @@ class PrivatePrintServer {
   /// The number of jobs that the server has been given.
   int jobCount() const;
 
+  /// What clients have asked since the last call; since the start at first.
+  Traffic traffic();
+
   /// The server's log at debug level.
   std::string log() const { return fileContent(folder_.path() / "log" / "error_log"); }
 
  private:
+  std::string logUpTo(const std::string& log, const std::string& text) const;
   void writeConfiguration() const;
   void start();
   void waitUntilItAnswers();
@@ -84,6 +94,7 @@ class PrivatePrintServer {
   std::string address_;
   std::map<std::string, std::string> variablesBefore_;
   pid_t process_ = 0;
+  int fences_ = 0;
 };
 
 }  // namespace cardpanels::test

@@ -1,12 +1,17 @@
 // What cardprint sends to a real print server.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <chrono>
+#include <fstream>
 #include <string>
+#include <thread>
 
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/Process.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestPPD.h"
 
 namespace cardpanels {
 namespace {
@@ -143,6 +148,36 @@ TEST_F(CardprintQueueTest, StartsFromTheOptionsSavedForAnInstance) {
   EXPECT_EQ(finished.status, 0) << finished.errors;
   EXPECT_THAT(finished.output, HasSubstr("Thermal Laminate: Back Side"));
   EXPECT_THAT(server_.job(1), Contains(Pair("cardLaminate", "Back")));
+}
+
+TEST_F(CardprintQueueTest, AJobTakesFourRequestsOnOneConnection) {
+  server_.saveOptions("card/visitors", "cardLaminate=Back");
+  for (const std::string queue : {"card", "card/visitors"}) {
+    server_.traffic();
+    EXPECT_EQ(cardprint("-d " + queue + " -o PageSize=CR80 " + picture_).status, 0);
+    const auto [connections, requests] = server_.traffic();
+    EXPECT_EQ(connections, 1) << queue;
+    EXPECT_THAT(requests, testing::ElementsAre("Get-Printer-Attributes", "GET /printers/card.ppd",
+                                               "Create-Job", "Send-Document"))
+        << queue;
+    server_.setDefaults("card", "-o media-default=CR79");
+  }
+  EXPECT_THAT(server_.job(2), Contains(Pair("media", "CR80")));
+}
+
+TEST_F(CardprintQueueTest, AQueueThatChangesBeforeThereIsAnythingToPrintIsReadAgain) {
+  const std::string pipe = (folder_.path() / "pipe").string();
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::thread writer([&] {
+    std::this_thread::sleep_for(std::chrono::seconds(6));
+    server_.addQueue("card", test::testPPD({test::laminateOption()}));
+    std::ofstream(pipe) << "Ada Lovelace\n";
+  });
+  const auto finished = cardprint("-d card " + pipe);
+  writer.join();
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_THAT(finished.errors, HasSubstr("have changed meanwhile. Nothing was printed."));
+  EXPECT_EQ(server_.jobCount(), 0);
 }
 
 TEST_F(CardprintQueueTest, WithoutFilesItOnlyTellsTheOptions) {
