@@ -63,9 +63,11 @@ class Reader {
 
  private:
   std::string_view readLine() {
-    const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
-    const std::string_view line = rest_.substr(0, end);
-    rest_.remove_prefix(end);
+    // Many times as fast as find_first_of, and each byte comes by here.
+    const auto* const end =
+        std::find_if(rest_.begin(), rest_.end(), [](char c) { return c == '\n' || c == '\r'; });
+    const std::string_view line(rest_.begin(), end);
+    rest_.remove_prefix(line.size());
     if (rest_.empty()) {
       lastLineEnds_ = false;
       return line;
