@@ -2,10 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <map>
 #include <utility>
+
+#include "bench/support/Median.h"
 
 namespace cardpanels::bench {
 namespace {
@@ -31,12 +32,7 @@ class Collector final : public benchmark::ConsoleReporter {
 
   /// The median time of a benchmark's runs, the processor's unless it measures by itself; 0 when it
   /// did not run.
-  double median(const std::string& name) {
-    auto& times = times_[name];
-    if (times.empty()) return 0;
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-  }
+  double medianOf(const std::string& name) { return bench::median(times_[name]); }
 
  private:
   std::map<std::string, std::vector<double>> times_;
@@ -59,10 +55,10 @@ int runWithRatios(int argc, char** argv, const std::vector<Ratio>& ratios) {
   benchmark::RunSpecifiedBenchmarks(&collector);
   std::puts("");
   for (const auto& [name, baseline, atMost] : ratios) {
-    const double base = collector.median(baseline);
+    const double base = collector.medianOf(baseline);
     if (base <= 0) continue;
     std::printf("ratio %s / %s: %.3f (at most %.2f)\n", name.c_str(), baseline.c_str(),
-                collector.median(name) / base, atMost);
+                collector.medianOf(name) / base, atMost);
   }
   return 0;
 }

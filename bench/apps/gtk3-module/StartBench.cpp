@@ -1,8 +1,6 @@
 #include <gmodule.h>
 #include <gtk/gtk.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -11,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/support/Median.h"
 #include "tests/support/Display.h"
 
 // What the module costs a GTK program that never prints: processor time of loading it beside the
@@ -89,12 +88,6 @@ Cost costOf(const std::string& program) {
   return cost;
 }
 
-double median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -107,8 +100,8 @@ int main(int argc, char** argv) {
     ratios.push_back(cost.ratio);
     kibibytes.push_back(cost.kibibytes);
   }
-  const double ratio = median(ratios);
-  const double memory = median(kibibytes);
+  const double ratio = cardpanels::bench::median(ratios);
+  const double memory = cardpanels::bench::median(kibibytes);
   std::printf(
       "ratio loading the module / a program's start: %.4f (at most %.2f), %.0f KiB (at most %g)\n",
       ratio, kRatio, memory, kKibibytes);
