@@ -30,7 +30,7 @@ class Question {
     } catch (...) {
       failure = std::current_exception();
     }
-    talk_.end(!failure);
+    talk_.end();
     const std::lock_guard lock(mutex_);
     failure_ = std::move(failure);
     isDone_ = true;

@@ -68,12 +68,13 @@ void Talk::begin() {
       this);
   if (!kept_) return;
   Http http = kept_->take();
+  isKept_ = http != nullptr;
   const std::lock_guard lock(mutex_);
   http_ = std::move(http);
 }
 
-void Talk::end(bool keeps) {
-  if (keeps && kept_ && isUsable()) {
+void Talk::end() {
+  if (kept_ && isUsable() && httpGetState(http_.get()) == HTTP_STATE_WAITING) {
     const std::lock_guard lock(mutex_);
     if (!isCut_) kept_->keep(std::move(http_));
   }
@@ -135,6 +136,7 @@ void Talk::moreTime() { end_ = Clock::now() + limit_; }
 /// thread may be about to cut it.
 void Talk::connect() {
   disconnect();
+  isKept_ = false;
   isConnecting_ = true;
   Http http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, encryption_, 1, 0, nullptr));
   if (!http) failAtServer(cupsLastErrorString());
@@ -168,7 +170,7 @@ int Talk::answerTo(const Request& request) {
   for (int tries = 0; tries < kMostTries; ++tries) {
     if (isCut_) failAtServer(lateness());
     if (!isUsable()) connect();
-    const int status = exchanged(request);
+    const int status = isKept_ ? exchangedOverKept(request) : exchanged(request);
     isSpent_ = status >= HTTP_STATUS_BAD_REQUEST ||
                strcasecmp(httpGetField(http_.get(), HTTP_FIELD_CONNECTION), "close") == 0;
     if (status == HTTP_STATUS_UNAUTHORIZED) {
@@ -181,6 +183,19 @@ int Talk::answerTo(const Request& request) {
     disconnect();
   }
   failAtStatus(HTTP_STATUS_UNAUTHORIZED);
+}
+
+/// The server may have closed it just now: then once more over another one. A job that it made all
+/// the same has no document, and prints nothing.
+int Talk::exchangedOverKept(const Request& request) {
+  isKept_ = false;
+  try {
+    return exchanged(request);
+  } catch (const Error&) {
+    if (!isLost_ || request.document != nullptr) throw;
+  }
+  connect();
+  return exchanged(request);
 }
 
 int Talk::exchanged(const Request& request) {
@@ -316,9 +331,9 @@ void Talk::failAtConnection() {
   disconnect();
   if (isCut_) failAtServer(lateness());
   if (number == EINVAL) failAtGarbage();
-  const bool isClosed = number == 0 || number == EPIPE || number == ECONNRESET;
-  failAtServer(isClosed ? std::string(_("It closed the connection in the middle."))
-                        : std::generic_category().message(number));
+  isLost_ = number == 0 || number == EPIPE || number == ECONNRESET;
+  failAtServer(isLost_ ? std::string(_("It closed the connection in the middle."))
+                       : std::generic_category().message(number));
 }
 
 }  // namespace cardpanels::host

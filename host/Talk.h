@@ -27,8 +27,9 @@ class Talk {
   /// a person; takes the connection that the terms keep. Before anything else.
   void begin();
 
-  /// Closes the connection, or leaves it to who `keeps` it by the terms. After everything else.
-  void end(bool keeps);
+  /// Leaves the connection to the next question if the terms keep it and nothing is on its way;
+  /// closes it otherwise. After everything else.
+  void end();
 
   /// Sends `request` to `path` and answers what comes, whatever its status.
   Ipp ask(const Ipp& request, const std::string& path = "/");
@@ -77,6 +78,7 @@ class Talk {
   /// answer has is still to be read.
   int answerTo(const Request& request);
   // The status, which may be none that libcups knows.
+  int exchangedOverKept(const Request& request);
   int exchanged(const Request& request);
   int sent(const Request& request);
   int sentDocument(std::istream& document);
@@ -104,6 +106,8 @@ class Talk {
   std::string authorization_;
   int passwordsAsked_ = 0;  // for this request
   bool isSpent_ = false;    // no more requests go over this connection
+  bool isKept_ = false;     // the connection is an earlier question's, and not yet asked over
+  bool isLost_ = false;     // it was closed without an answer
 
   /// Held where `http_` comes and goes, and where the connection is cut.
   std::mutex mutex_;

@@ -67,6 +67,26 @@ TEST_F(KeptConnections, ThatAreClosedMeanwhileAreMadeAnew) {
   EXPECT_EQ(requests_, 4);
 }
 
+TEST_F(KeptConnections, ThatAreClosedInsteadOfAnAnswerAreMadeAnew) {
+  const OddServer server([this](Client& client) {
+    const bool isFirst = connections_ == 0;
+    serve(client, isFirst ? 2 : 100);
+    client.request();
+  });
+  EXPECT_EQ(printed(), 17);
+  EXPECT_EQ(connections_, 2);
+}
+
+TEST_F(KeptConnections, AreMadeAnewOnce) {
+  const OddServer server([this](Client& client) {
+    const bool isFirst = connections_ == 0;
+    serve(client, isFirst ? 2 : 0);
+    client.request();
+  });
+  EXPECT_THAT(errorOf([this] { printed(); }), HasSubstr("closed the connection in the middle"));
+  EXPECT_EQ(connections_, 2);
+}
+
 TEST_F(KeptConnections, HaveTheLimitsOfOthers) {
   const OddServer server([this](Client& client) {
     serve(client, 2);
@@ -86,14 +106,30 @@ TEST_F(KeptConnections, AreNotThoseThatWereCut) {
   EXPECT_EQ(connections_, 2);
 }
 
-TEST_F(KeptConnections, AreNotThoseOfQuestionsThatFail) {
-  const OddServer server([this](Client& client) {
+TEST_F(KeptConnections, AreNotThoseWhoseAnswerIsNotReadToItsEnd) {
+  // A further value of no attribute: what comes behind is not read.
+  const std::string start("\x02\x00\x00\x00\x00\x00\x00\x01\x01\x41\x00\x00", 12);
+  std::string answer = httpAnswer(start);
+  answer.replace(answer.find("Length: 12"), 10, "Length: 99");
+  const OddServer server([&](Client& client) {
     ++connections_;
-    while (!client.request().empty()) client.send(httpAnswer(std::string(500, '\xFF')));
+    while (!client.request().empty()) client.send(answer);
   });
   for (int i = 0; i < 2; ++i) {
-    EXPECT_THROW(printerState("card", terms_), Error);
+    EXPECT_THAT(errorOf([this] { printerState("card", terms_); }), HasSubstr("understood"));
   }
+  EXPECT_EQ(connections_, 2);
+}
+
+TEST_F(KeptConnections, AreNotThoseThatTheServerIsAboutToClose) {
+  std::string answer = queueAnswer();
+  answer.insert(answer.find("Content-Type"), "Connection: close\r\n");
+  const OddServer server([&](Client& client) {
+    ++connections_;
+    while (!client.request().empty()) client.send(answer);
+  });
+  printerState("card", terms_);
+  printerState("card", terms_);
   EXPECT_EQ(connections_, 2);
 }
 
