@@ -130,14 +130,15 @@ void PrivatePrintServer::writeConfiguration() const {
                                        "ServerBin /usr/lib/cups\nFileDevice Yes\n"
                                        "SystemGroup root\n" +
                                        (getuid() == 0 ? "" : "User " + userName() + "\n"));
-  folder_.write("cupsd.conf",
-                "Listen " + address_ +
-                    "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nWebInterface No\n"
-                    "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
-                    "Allow all\n</Location>\n<Policy default>\n"
-                    "JobPrivateValues none\nSubscriptionPrivateValues none\n"
-                    "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
-                    "</Policy>\n");
+  folder_.write(
+      "cupsd.conf",
+      "Listen " + address_ +
+          "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nMaxLogSize 0\nWebInterface No\n"
+          "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
+          "Allow all\n</Location>\n<Policy default>\n"
+          "JobPrivateValues none\nSubscriptionPrivateValues none\n"
+          "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
+          "</Policy>\n");
 }
 
 void PrivatePrintServer::start() {

@@ -35,6 +35,7 @@ double seconds(const timeval& time) {
 /// Runs `command`, and answers its processor time in seconds.
 double costOf(std::vector<std::string> command) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (std::string& each : command) arguments.push_back(each.data());
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

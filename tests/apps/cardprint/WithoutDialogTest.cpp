@@ -66,12 +66,12 @@ TEST_F(WithoutDialog, ItSaysSo) {
 }
 
 TEST_F(WithoutDialog, ItOpensNoneOfTheCurrentFolder) {
-  std::filesystem::create_directories(folder_.path() / "here" / "lib");
-  for (const std::string each : {"here/", "here/lib/"}) {
-    std::filesystem::create_symlink(kBuilt + "/lib/" + kLibrary,
-                                    folder_.path() / (each + kLibrary));
+  const auto here = folder_.path() / "here";
+  std::filesystem::create_directories(here / "lib");
+  for (const auto& each : {here, here / "lib"}) {
+    std::filesystem::create_symlink(kBuilt + "/lib/" + kLibrary, each / kLibrary);
   }
-  expectNoDialog(run("cd " + (folder_.path() / "here").string() + " && " + program_ + kSample));
+  expectNoDialog(run("cd " + here.string() + " && " + program_ + kSample));
 }
 
 TEST_F(WithoutDialog, OneThatCannotBeLoadedIsNone) {
