@@ -67,9 +67,10 @@ TEST_F(WithoutDialog, ItSaysSo) {
 
 TEST_F(WithoutDialog, ItOpensNoneOfTheCurrentFolder) {
   const auto here = folder_.path() / "here";
+  const auto library = std::filesystem::path(kBuilt) / "lib" / kLibrary;
   std::filesystem::create_directories(here / "lib");
   for (const auto& each : {here, here / "lib"}) {
-    std::filesystem::create_symlink(kBuilt + "/lib/" + kLibrary, each / kLibrary);
+    std::filesystem::create_symlink(library, each / kLibrary);
   }
   expectNoDialog(run("cd " + here.string() + " && " + program_ + kSample));
 }
