@@ -13,6 +13,7 @@
 #include "platform/Messages.h"
 #include "platform/TextField.h"
 #include "ports/gtk3/Emphasis.h"
+#include "ports/gtk3/RemoveChild.h"
 #include "ports/gtk3/WidgetView.h"
 #include "ports/gtk3/WindowWidth.h"
 
@@ -61,7 +62,7 @@ CardPage::CardPage(host::PanelDriver& driver)
 CardPage::~CardPage() {
   page_.reset();
   // The views may live on with their panels.
-  for (Gtk::ScrolledWindow* frame : frames_) frame->remove();
+  for (Gtk::ScrolledWindow* frame : frames_) removeChild(*frame);
 }
 
 void CardPage::addSections() {

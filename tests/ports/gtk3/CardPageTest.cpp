@@ -178,6 +178,24 @@ TEST_F(CardPageTest, AViewThatCannotBeLoadedIsToldInItsPlace) {
   EXPECT_THAT(visibleTexts(), testing::Contains("no field"));
 }
 
+TEST_F(CardPageTest, AViewGoesWithThePageAndThePanel) {
+  makePage();
+  showWindow();
+  bool isGone = false;
+  g_object_weak_ref(
+      G_OBJECT(all<Gtk::Entry>().front()->gobj()),
+      [](gpointer gone, GObject* /*entry*/) { *static_cast<bool*>(gone) = true; }, &isGone);
+  page_.reset();
+  window_.reset();
+  EXPECT_FALSE(isGone);
+  for (const auto& each : driver_.panels()) {
+    auto& panel = dynamic_cast<test::FieldPanel&>(*each);
+    panel.view.reset();
+    panel.field.reset();
+  }
+  EXPECT_TRUE(isGone);
+}
+
 TEST_F(CardPageTest, TheSummaryIsGroupedByPanel) {
   driver_.value = "Front";
   makePage();

@@ -26,6 +26,7 @@
 #include "platform/PlugIn.h"
 #include "plugin/ORBPDEPlugIn.h"
 #include "ports/gtk3/GtkBundle.h"
+#include "ports/gtk3/RemoveChild.h"
 #include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
@@ -135,13 +136,13 @@ class ShownPanel {
     test::handleEvents();
   }
   ~ShownPanel() {
-    window_.remove();
+    removeChild(window_);
     std::setlocale(LC_ALL, "C");
   }
   ShownPanel(const ShownPanel&) = delete;
   ShownPanel& operator=(const ShownPanel&) = delete;
 
-  Gtk::Widget& widget() { return dynamic_cast<WidgetView&>(*view_).widget(); }
+  Gtk::Widget& widget() const { return dynamic_cast<WidgetView&>(*view_).widget(); }
   Gtk::Window& window() { return window_; }
   const host::JobOptions& job() { return host_->job(); }
 
@@ -214,6 +215,25 @@ class ViewFile : public testing::TestWithParam<std::tuple<PanelFile, const char*
  private:
   ShownPanel panel_{file(), locale(), std::get<2>(GetParam())};
 };
+
+/// Counts itself off in `left` when the widget is gone.
+void countOff(gpointer left, GObject* /*gone*/) { --*static_cast<int*>(left); }
+
+TEST(ViewFiles, GoWithTheirPanels) {
+  for (const PanelFile& file : kPanels) {
+    int left = 0;
+    {
+      const ShownPanel panel(file, "C", From::ppd);
+      for (auto* widget : all<Gtk::Widget>(panel.widget())) {
+        g_object_weak_ref(G_OBJECT(widget->gobj()), countOff, &left);
+        ++left;
+      }
+      EXPECT_GT(left, 0);
+    }
+    test::handleEvents();
+    EXPECT_EQ(left, 0) << file.name;
+  }
+}
 
 TEST_P(ViewFile, HasItsControls) {
   EXPECT_EQ(shown<Gtk::ComboBox>(widget()).size(), file().popUps);
