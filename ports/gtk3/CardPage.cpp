@@ -4,6 +4,7 @@
 #include <gtkmm/label.h>
 #include <gtkmm/scrollbar.h>
 #include <gtkmm/separator.h>
+#include <gtkmm/viewport.h>
 #include <gtkmm/window.h>
 
 #include <algorithm>
@@ -13,7 +14,7 @@
 #include "platform/Messages.h"
 #include "platform/TextField.h"
 #include "ports/gtk3/Emphasis.h"
-#include "ports/gtk3/RemoveChild.h"
+#include "ports/gtk3/RemoveChildren.h"
 #include "ports/gtk3/WidgetView.h"
 #include "ports/gtk3/WindowWidth.h"
 
@@ -62,7 +63,11 @@ CardPage::CardPage(host::PanelDriver& driver)
 CardPage::~CardPage() {
   page_.reset();
   // The views may live on with their panels.
-  for (Gtk::ScrolledWindow* frame : frames_) removeChild(*frame);
+  for (Gtk::ScrolledWindow* frame : frames_) {
+    if (auto* const viewport = dynamic_cast<Gtk::Viewport*>(frame->get_child())) {
+      removeChildren(*viewport);
+    }
+  }
 }
 
 void CardPage::addSections() {

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/Messages.h"
-#include "ports/gtk3/RemoveChild.h"
+#include "ports/gtk3/RemoveChildren.h"
 
 namespace cardpanels::gtk3 {
 namespace {
@@ -25,7 +25,7 @@ HelpButton::HelpButton(std::function<dialog::Help()> help)
     : help_(std::move(help)),
       scroller_(Gtk::make_managed<Gtk::ScrolledWindow>()),
       text_(Gtk::make_managed<Gtk::Label>()) {
-  removeChild(*this);  // the arrow
+  removeChildren(*this);  // the arrow
   add(*Gtk::make_managed<Gtk::Label>("?"));
   set_tooltip_text(_("Help (F1)"));
   get_accessible()->set_name(_("Help"));

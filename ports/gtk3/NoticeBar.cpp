@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+#include "ports/gtk3/RemoveChildren.h"
+
 namespace cardpanels::gtk3 {
 namespace {
 
@@ -76,7 +78,7 @@ void NoticeBar::display(const dialog::Notices& notices) {
       std::equal(notices.begin(), notices.end(), notices_.begin(), notices_.end(), looksTheSame);
   notices_ = notices;
   if (same) return;
-  for (Gtk::Widget* row : rows_.get_children()) rows_.remove(*row);
+  removeChildren(rows_);
   auto worst = Notice::Kind::information;
   for (std::size_t i = 0; i < notices_.size(); ++i) {
     worst = std::max(worst, notices_[i].kind);

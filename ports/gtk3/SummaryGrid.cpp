@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "ports/gtk3/Emphasis.h"
+#include "ports/gtk3/RemoveChildren.h"
 
 namespace cardpanels::gtk3 {
 namespace {
@@ -58,7 +59,7 @@ SummaryGrid::SummaryGrid() {
 }
 
 void SummaryGrid::display(const dialog::Summary& summary) {
-  for (Gtk::Widget* child : get_children()) remove(*child);
+  removeChildren(*this);
   int row = 0;
   for (const auto& group : summary) row += height(group);
   // From the end to the start: assistive technology reads a grid's last child first.

@@ -178,16 +178,23 @@ TEST_F(CardPageTest, AViewThatCannotBeLoadedIsToldInItsPlace) {
   EXPECT_THAT(visibleTexts(), testing::Contains("no field"));
 }
 
-TEST_F(CardPageTest, AViewGoesWithThePageAndThePanel) {
+/// Sets `isGone` when the widget is.
+void watch(Gtk::Widget& widget, bool& isGone) {
+  g_object_weak_ref(
+      G_OBJECT(widget.gobj()),
+      [](gpointer gone, GObject* /*widget*/) { *static_cast<bool*>(gone) = true; }, &isGone);
+}
+
+TEST_F(CardPageTest, AViewGoesWithThePanelAfterThePage) {
   makePage();
   showWindow();
+  auto* const entry = all<Gtk::Entry>().front();
   bool isGone = false;
-  g_object_weak_ref(
-      G_OBJECT(all<Gtk::Entry>().front()->gobj()),
-      [](gpointer gone, GObject* /*entry*/) { *static_cast<bool*>(gone) = true; }, &isGone);
+  watch(*entry, isGone);
   page_.reset();
   window_.reset();
-  EXPECT_FALSE(isGone);
+  ASSERT_FALSE(isGone);
+  EXPECT_NE(entry->get_parent(), nullptr);
   for (const auto& each : driver_.panels()) {
     auto& panel = dynamic_cast<test::FieldPanel&>(*each);
     panel.view.reset();
@@ -204,6 +211,21 @@ TEST_F(CardPageTest, TheSummaryIsGroupedByPanel) {
   EXPECT_THAT(visibleTexts(), ElementsAre("Peel", "Laminate", "Summary", "Card", "Size",
                                           "85.7 × 54 mm", "Peel", "Card Peel", "Front", "Laminate",
                                           "Card Laminate", "Front", "Reset to Defaults", "?"));
+}
+
+TEST_F(CardPageTest, WhatTheSummaryNoLongerTellsGoes) {
+  driver_.value = "Front";
+  makePage();
+  showWindow();
+  selectRow(2);
+  bool isGone = false;
+  for (Gtk::Label* each : all<Gtk::Label>()) {
+    if (each->get_text() == "Front") watch(*each, isGone);
+  }
+  driver_.value = "Back";
+  page_->page().optionsChanged();
+  test::handleEvents();
+  EXPECT_TRUE(isGone);
 }
 
 TEST_F(CardPageTest, TheSummaryIsReadAgainAfterAChange) {

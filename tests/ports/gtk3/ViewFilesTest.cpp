@@ -26,7 +26,7 @@
 #include "platform/PlugIn.h"
 #include "plugin/ORBPDEPlugIn.h"
 #include "ports/gtk3/GtkBundle.h"
-#include "ports/gtk3/RemoveChild.h"
+#include "ports/gtk3/RemoveChildren.h"
 #include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
@@ -136,7 +136,7 @@ class ShownPanel {
     test::handleEvents();
   }
   ~ShownPanel() {
-    removeChild(window_);
+    removeChildren(window_);
     std::setlocale(LC_ALL, "C");
   }
   ShownPanel(const ShownPanel&) = delete;
