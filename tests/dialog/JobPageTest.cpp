@@ -299,6 +299,13 @@ TEST_F(JobPages, TheSummaryTellsTheCardAndItsAreas) {
   field("frontResinIncludeField1_X").userPressesEnter();
   view.rest();
   EXPECT_EQ(view.summaryOf("Front Resin Area 1"), "Includes 0.5in × 0.5in at X 0.5in, Y 0.5in");
+  for (const auto& group : view.summary) {
+    for (const auto& entry : group.entries) {
+      if (entry.title.find("Area") == std::string::npos) continue;
+      EXPECT_EQ(entry.title, "Front Resin Area 1");
+      EXPECT_EQ(group.name, "Ribbon and Resin");
+    }
+  }
 }
 
 }  // namespace

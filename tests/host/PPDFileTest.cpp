@@ -227,6 +227,10 @@ TEST_F(OpenPPD, ATextThatIsNotUTF8IsToldWithItsOptionAndLine) {
               MatchesRegex("[0-9]+: The text of \\*X A is not UTF-8."));
 }
 
+TEST_F(OpenPPD, ATextInHexadecimalDigitsIsReadToItsLastByte) {
+  EXPECT_EQ(errorOf(with("*OpenUI *X/X: PickOne\n*X A/<C380>: \"\"\n*CloseUI: *X\n")), "opened");
+}
+
 TEST_F(OpenPPD, ATranslationThatIsNotUTF8IsToldInEveryLanguage) {
   EXPECT_THAT(errorOf(with("*de.Translation cardLaminate/L\xE4mpchen: \"\"\n")),
               HasSubstr("The text of *de.Translation cardLaminate is not UTF-8."));

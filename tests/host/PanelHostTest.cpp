@@ -134,6 +134,18 @@ TEST_F(Host, AChangeOfTheDialogReachesThePanelThatIsShown) {
             2);
 }
 
+TEST_F(Host, ResetShowsTheDefaultsAlsoOnThePanelThatIsShown) {
+  host.change("cardLaminate", "Back");
+  host.reset();  // without a panel
+  EXPECT_EQ(job.marked("cardLaminate"), "None");
+  show("ThermalLaminatePDE");
+  control<headless::PopUpButton>("ThermalLaminatePDE", "frontLaminatePopUp")->userSelects(2);
+  host.reset();
+  EXPECT_EQ(control<headless::PopUpButton>("ThermalLaminatePDE", "frontLaminatePopUp")
+                ->indexOfSelectedItem(),
+            0);
+}
+
 TEST_F(Host, TypedAreasAreStoredWithoutPrinting) {
   job.mark("frontPO", "Choice12");
   show("PeelOffPanelPDE");

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 
 #include "host/Destination.h"
 #include "host/Error.h"
@@ -15,10 +16,12 @@
 #include "host/LpArguments.h"
 #include "host/Question.h"
 #include "host/Queue.h"
+#include "host/SavedOptions.h"
 #include "host/Submission.h"
 #include "tests/host/ErrorOf.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/Process.h"
+#include "tests/support/ScopedVariable.h"
 #include "tests/support/TestPPD.h"
 
 namespace cardpanels::host {
@@ -344,6 +347,24 @@ TEST_F(WithoutAServer, AServerThatIsNotThereIsTold) {
 TEST_F(WithoutAServer, ThereIsNoDefaultQueueOnAServerWithoutQueues) {
   const test::PrivatePrintServer empty;
   EXPECT_EQ(errorOf([] { openQueue({}); }), "There is no default queue; name one.");
+}
+
+TEST_F(WithoutAServer, TheAdministratorsOptionsAreReadUnderTheUsersOwn) {
+  const test::ScopedVariable root("CUPS_SERVERROOT", folder.path().string());
+  const test::ScopedVariable home("HOME", (folder.path() / "home").string());
+  folder.write("lpoptions", "Default card cardLaminate=Back copies=3\n");
+  folder.write("home/.cups/lpoptions", "Dest card copies=2\n");
+  EXPECT_EQ(userDefault(), (QueueName{"card", ""}));
+  const auto saved = savedUnder({"card", ""});
+  ASSERT_TRUE(saved);
+  EXPECT_EQ(saved->value("cardLaminate"), "Back");
+  EXPECT_EQ(saved->value("copies"), "2");
+}
+
+TEST_F(WithoutAServer, AValueThatTheFileCannotHoldIsNotSaved) {
+  const test::ScopedVariable home("HOME", folder.path().string());
+  EXPECT_THROW(saveUnder({"card", ""}, {{"job-name", "two\nlines"}}), std::system_error);
+  EXPECT_EQ(savedUnder({"card", ""}), std::nullopt);
 }
 
 TEST_F(WithoutAServer, TheOptionsThatAJobStartsFromAreThoseOfLp) {

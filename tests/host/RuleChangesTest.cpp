@@ -55,6 +55,17 @@ TEST(RuleChanges, OfOneOptionAreOneFromItsFirstValueToItsLast) {
                              testing::HasSubstr("because “Ultraviolet” is now “On”")));
 }
 
+TEST(RuleChanges, AreNoneOfWhatHadNoValue) {
+  JobOptions job = jobOf(conflictPPD(exclusive("peelOff Full", "ribbon Mono")));
+  job.mark("ribbon", "Mono");
+  RuleChanges changes;
+  const ppd_option_t& peelOff = *ppdFindOption(job.ppd(), "peelOff");
+  const ppd_option_t* const ribbon = ppdFindOption(job.ppd(), "ribbon");
+  const Marks marks(opened(conflictPPD({})));
+  changes.note(marks, peelOff, {{ribbon, std::nullopt, "Mono"}, {ribbon, "Mono", std::nullopt}});
+  EXPECT_THAT(changes.all(), IsEmpty());
+}
+
 TEST(RuleChanges, GoWithTheDefaultsThatAreAskedFor) {
   JobOptions job = changedJob();
   const auto changes = job.reset({"peelOff", "ribbon"});

@@ -51,6 +51,13 @@ TEST_F(Driver, NamesWhatIsWrongWithACommand) {
   EXPECT_EQ(result("mark nil Front"), "nil is no argument here");
 }
 
+TEST_F(Driver, TakesNoWordTooMany) {
+  for (const char* each : {"panelName", "panelKind", "supportedPPDOptionKeys", "willShow",
+                           "shouldHide", "shouldShowHelp", "updateUI", "summaryInfo"}) {
+    EXPECT_EQ(result("laminate " + std::string(each) + " more"), "takes 0 arguments, not 1");
+  }
+}
+
 TEST_F(Driver, NamesAnOptionOrChoiceThatThePPDLacks) {
   EXPECT_NE(result("mark cardLamination Front").find("cardLamination"), std::string::npos);
   EXPECT_NE(result("mark cardLaminate Sideways").find("Sideways"), std::string::npos);

@@ -178,11 +178,12 @@ TEST_F(CardPageTest, AViewThatCannotBeLoadedIsToldInItsPlace) {
   EXPECT_THAT(visibleTexts(), testing::Contains("no field"));
 }
 
-/// Sets `isGone` when the widget is.
-void watch(Gtk::Widget& widget, bool& isGone) {
+/// Sets `isGone` when the widget, or what assistive technology has of it, is.
+template <class Object>
+void watch(Object& object, bool& isGone) {
   g_object_weak_ref(
-      G_OBJECT(widget.gobj()),
-      [](gpointer gone, GObject* /*widget*/) { *static_cast<bool*>(gone) = true; }, &isGone);
+      G_OBJECT(object.gobj()),
+      [](gpointer gone, GObject* /*object*/) { *static_cast<bool*>(gone) = true; }, &isGone);
 }
 
 TEST_F(CardPageTest, AViewGoesWithThePanelAfterThePage) {
@@ -219,13 +220,17 @@ TEST_F(CardPageTest, WhatTheSummaryNoLongerTellsGoes) {
   showWindow();
   selectRow(2);
   bool isGone = false;
+  bool isAccessibleGone = false;
   for (Gtk::Label* each : all<Gtk::Label>()) {
-    if (each->get_text() == "Front") watch(*each, isGone);
+    if (each->get_text() != "Front") continue;
+    watch(*each, isGone);
+    watch(*each->get_accessible().operator->(), isAccessibleGone);
   }
   driver_.value = "Back";
   page_->page().optionsChanged();
   test::handleEvents();
   EXPECT_TRUE(isGone);
+  EXPECT_TRUE(isAccessibleGone);
 }
 
 TEST_F(CardPageTest, TheSummaryIsReadAgainAfterAChange) {
@@ -321,6 +326,33 @@ TEST_F(CardPageTest, ThePageBecomesSmallWhateverIsOnIt) {
   EXPECT_LE(minimum, 400);
   page_->get_preferred_height(minimum, natural);
   EXPECT_LE(minimum, 240);
+}
+
+TEST_F(CardPageTest, TheNamesOfThePanelsAreNeverCutOff) {
+  makePage({"A panel with a very long name", "Laminate"});
+  showWindow();
+  window_->resize(1, 1);
+  test::handleEvents();
+  for (Gtk::Label* each : all<Gtk::Label>()) {
+    if (each->get_text() != "A panel with a very long name") continue;
+    int minimum = 0;
+    int natural = 0;
+    page_->get_preferred_width(minimum, natural);
+    EXPECT_GE(minimum, each->get_layout()->get_pixel_logical_extents().get_width() + 300);
+    return;
+  }
+  FAIL() << "the name is not there";
+}
+
+TEST_F(CardPageTest, TheFirstHeadingOfTheSummaryStandsAtTheTop) {
+  driver_.value = "Front";
+  makePage();
+  showWindow();
+  selectRow(2);
+  test::handleEvents();
+  for (Gtk::Label* each : all<Gtk::Label>()) {
+    if (each->get_text() == "Card") EXPECT_EQ(each->get_margin_top(), 0);
+  }
 }
 
 TEST_F(CardPageTest, AWindowBecomesWideEnoughForAPanelThatIsNotSeenYet) {
