@@ -11,6 +11,12 @@ namespace cardpanels::host {
 using platform::_;
 using platform::filled;
 
+void useServer(const ServerChoice& choice) {
+  if (!choice.server.empty()) cupsSetServer(choice.server.c_str());
+  if (!choice.user.empty()) cupsSetUser(choice.user.c_str());
+  if (choice.isEncrypted) cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
+}
+
 std::string serverName() {
   std::string server = cupsServer();
   if (server.substr(0, 1) == "/") return server;

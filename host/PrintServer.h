@@ -19,6 +19,16 @@ struct IppDeleter {
 };
 using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
 
+/// Which server is asked, and as whom, in place of what the user's files and variables set.
+struct ServerChoice {
+  std::string server;        // with or without a port, or a socket; empty for no other
+  std::string user;          // empty for no other
+  bool isEncrypted = false;  // whatever the server wants
+};
+
+/// Makes `choice` this thread's, and that of the threads that it starts.
+void useServer(const ServerChoice& choice);
+
 /// The server and its port, or its socket.
 std::string serverName();
 

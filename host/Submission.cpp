@@ -7,6 +7,7 @@
 #include <fstream>
 #include <memory>
 #include <mutex>
+#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -25,25 +26,28 @@ namespace {
 using platform::_;
 using platform::filled;
 
-struct OpenFile {
-  std::string name;
-  std::ifstream stream;
+struct OpenDocument {
+  std::string name;  // empty for none
+  std::unique_ptr<std::istream> stream;
 };
 
-/// Opens all files before anything is sent.
-std::vector<OpenFile> opened(const std::vector<std::string>& files) {
-  if (files.empty()) throw Error(_("There is no file to print."));
-  std::vector<OpenFile> all;
-  for (const std::string& path : files) {
-    errno = 0;
-    std::ifstream stream(path, std::ios::binary);
-    stream.peek();
-    if (!stream && !stream.eof()) {
-      throw Error(path + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
-    }
-    stream.clear();
-    all.push_back({std::filesystem::path(path).filename(), std::move(stream)});
+OpenDocument openedFile(const std::string& path) {
+  errno = 0;
+  auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
+  stream->peek();
+  if (!*stream && !stream->eof()) {
+    throw Error(path + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
   }
+  stream->clear();
+  return {std::filesystem::path(path).filename(), std::move(stream)};
+}
+
+/// Opens all that is to be printed before anything is sent.
+std::vector<OpenDocument> opened(const Submission& job) {
+  std::vector<OpenDocument> all;
+  if (job.document) all.push_back({"", std::make_unique<std::istringstream>(*job.document)});
+  for (const std::string& path : job.files) all.push_back(openedFile(path));
+  if (all.empty()) throw Error(_("There is no file to print."));
   return all;
 }
 
@@ -53,11 +57,11 @@ std::vector<OpenFile> opened(const std::vector<std::string>& files) {
                      {{"queue", platform::onOneLine(queue)}, {"reason", reason}}));
 }
 
-/// Makes a job and answers its id. Values in braces go as names: libcups would make collections of
-/// them, and cupsd hands none of those to the filters.
+/// Makes a job and answers its id. Options' values in braces go as names: libcups would make
+/// collections of them, and cupsd hands none of those to the filters.
 int createdJob(Talk& talk, const std::string& queue, const std::string& title,
-               const OptionList& saved, const std::vector<Option>& options) {
-  OptionList encoded(saved.options());
+               const OptionList& attributes, const std::vector<Option>& options) {
+  OptionList encoded(attributes.options());
   std::vector<Option> inBraces;
   for (const Option& each : options) {
     if (each.value.substr(0, 1) == "{") {
@@ -90,15 +94,17 @@ Ipp jobRequest(ipp_op_t operation, const std::string& queue, int id) {
   return request;
 }
 
-void sendDocument(Talk& talk, const std::string& queue, int id, OpenFile& file,
+void sendDocument(Talk& talk, const std::string& queue, int id, OpenDocument& document,
                   const std::string& format, bool isLast) {
   const Ipp request = jobRequest(IPP_OP_SEND_DOCUMENT, queue, id);
-  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "document-name", nullptr,
-               file.name.c_str());
+  if (!document.name.empty()) {
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "document-name", nullptr,
+                 document.name.c_str());
+  }
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
                format.c_str());
   ippAddBoolean(request.get(), IPP_TAG_OPERATION, "last-document", isLast ? 1 : 0);
-  const Ipp answer = talk.send(request, "/printers/" + queue, file.stream);
+  const Ipp answer = talk.send(request, "/printers/" + queue, *document.stream);
   if (!isGranted(answer.get())) failAtJob(queue, statusText(answer.get()));
 }
 
@@ -143,13 +149,21 @@ class NewJob {
   bool isGivenUp_ = false;
 };
 
-OptionList savedBesides(const OptionList& options, ppd_file_t* ppd) {
-  OptionList saved;
-  for (const Option& each : options.options()) {
+/// What the job carries besides the PPD's options: its own attributes over saved ones.
+OptionList attributesOf(const Submission& job, const OptionList& saved, ppd_file_t* ppd) {
+  OptionList attributes;
+  for (const Option& each : saved.options()) {
     const bool isOfPPD = findOption(ppd, each.key) != nullptr || isMedia(ppd, each.key);
-    if (!isOfPPD) saved.set(each);
+    if (!isOfPPD) attributes.set(each);
   }
-  return saved;
+  for (const Option& each : job.attributes) attributes.set(each);
+  return attributes;
+}
+
+/// As `lp` tells it.
+std::string formatOf(const OptionList& attributes) {
+  if (attributes.value("raw")) return CUPS_FORMAT_RAW;
+  return attributes.value("document-format").value_or(CUPS_FORMAT_AUTO);
 }
 
 /// The value of `media` that the server adds to jobs without one; "" for none.
@@ -175,7 +189,7 @@ std::vector<Option> withMedia(const std::vector<Option>& options, Talk& talk,
   return all;
 }
 
-int made(Talk& talk, const Submission& job, std::vector<OpenFile>& files, NewJob& progress,
+int made(Talk& talk, const Submission& job, std::vector<OpenDocument>& documents, NewJob& progress,
          const Terms& cancelling) {
   const Destination destination = destinationOf(talk, job.queue);
   const std::string& queue = destination.name.queue;
@@ -187,16 +201,16 @@ int made(Talk& talk, const Submission& job, std::vector<OpenFile>& files, NewJob
                {{"queue", platform::onOneLine(queue)}}));
   }
   const PPDFile records = ppd.open();
-  const OptionList saved = savedBesides(destination.options, records.get());
-  const std::string format = saved.value("document-format").value_or(CUPS_FORMAT_AUTO);
-  const int id = createdJob(talk, queue, job.title, saved,
+  const OptionList attributes = attributesOf(job, destination.options, records.get());
+  const std::string format = formatOf(attributes);
+  const int id = createdJob(talk, queue, job.title, attributes,
                             withMedia(job.options, talk, destination, records.get()));
   if (!progress.begin(queue, id)) {
     cancelJob(queue, id, cancelling);
     return 0;
   }
-  for (OpenFile& each : files) {
-    sendDocument(talk, queue, id, each, format, &each == &files.back());
+  for (OpenDocument& each : documents) {
+    sendDocument(talk, queue, id, each, format, &each == &documents.back());
   }
   progress.complete();
   return id;
@@ -217,14 +231,14 @@ void cancelAfter(const Error& error, const std::string& queue, int id, const Ter
 }  // namespace
 
 int submitJob(const Submission& job, const Terms& terms) {
-  const auto files = std::make_shared<std::vector<OpenFile>>(opened(job.files));
+  const auto documents = std::make_shared<std::vector<OpenDocument>>(opened(job));
   const auto progress = std::make_shared<NewJob>();
   Terms cancelling = terms;
   cancelling.abandoned = nullptr;
   const auto isAbandoned = [&terms] { return terms.abandoned != nullptr && *terms.abandoned; };
   try {
-    const int id = answerOfServer<int>(terms, [job, files, progress, cancelling](Talk& talk) {
-      return made(talk, job, *files, *progress, cancelling);
+    const int id = answerOfServer<int>(terms, [job, documents, progress, cancelling](Talk& talk) {
+      return made(talk, job, *documents, *progress, cancelling);
     });
     if (isAbandoned()) throw Error(_("Nothing was printed."));
     return id;

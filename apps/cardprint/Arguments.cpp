@@ -3,12 +3,15 @@
 #include <getopt.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
 
+#include "apps/cardprint/LpLetters.h"
 #include "apps/cardprint/OptionArgument.h"
+#include "apps/cardprint/StandardInput.h"
 #include "host/Error.h"
 #include "host/Program.h"
 #include "platform/Messages.h"
@@ -50,6 +53,18 @@ void take(int option, Arguments& arguments) {
     case 'o':
       for (auto& each : parseOptionArgument(optarg)) arguments.options.push_back(std::move(each));
       break;
+    case 'n':
+    case 't':
+    case 'H':
+    case 'q':
+    case 'P':
+      for (auto& each : optionsOfLetter(static_cast<char>(option), optarg))
+        arguments.options.push_back(std::move(each));
+      break;
+    case 'h': arguments.server.server = nonEmpty(optarg, "-h"); break;
+    case 'U': arguments.server.user = nonEmpty(optarg, "-U"); break;
+    case 'E': arguments.server.isEncrypted = true; break;
+    case 's': arguments.silent = true; break;
     case ppd: arguments.ppd = nonEmpty(optarg, "--ppd"); break;
     case noDialog: arguments.dialog = false; break;
     case strict: arguments.strict = true; break;
@@ -68,11 +83,20 @@ void checkReadable(const std::string& path) {
   if (!readable || reason == EISDIR) throw host::Error(path + ": " + std::strerror(reason));
 }
 
+void checkFiles(const std::vector<std::string>& files) {
+  const bool hasInput = std::find(files.begin(), files.end(), kStandardInput) != files.end();
+  if (hasInput && files.size() > 1)
+    throw UsageError(_("Standard input (-) and files exclude each other."));
+  if (hasInput) return;
+  for (const std::string& file : files) checkReadable(file);
+}
+
 }  // namespace
 
 Arguments parseArguments(int argc, char** argv) {
   Arguments arguments;
-  for (int option = 0; (option = host::nextOption(argc, argv, "d:o:", kLongOptions)) != -1;) {
+  for (int option = 0;
+       (option = host::nextOption(argc, argv, "d:o:n:t:H:q:P:h:U:Es", kLongOptions)) != -1;) {
     take(option, arguments);
     if (arguments.help || arguments.version) return arguments;
   }
@@ -85,7 +109,7 @@ Arguments parseArguments(int argc, char** argv) {
         filled(_("--ppd prints nothing, so it takes no file: {file}. Print on a queue with -d."),
                {{"file", arguments.files.front()}}));
   }
-  for (const std::string& file : arguments.files) checkReadable(file);
+  checkFiles(arguments.files);
   return arguments;
 }
 

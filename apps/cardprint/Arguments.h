@@ -3,18 +3,21 @@
 #include <string>
 #include <vector>
 
-#include "host/JobOptions.h"
+#include "host/JobOption.h"
+#include "host/PrintServer.h"
 #include "host/Queue.h"
 
 namespace cardpanels::cardprint {
 
 /// What the command line asks for.
 struct Arguments {
+  host::ServerChoice server;
   std::string ppd;        // empty to print through a queue
   host::QueueName queue;  // empty for the default queue
   std::vector<host::Option> options;
-  std::vector<std::string> files;
+  std::vector<std::string> files;  // or only `kStandardInput`
   bool dialog = true;
+  bool silent = false;
   bool strict = false;
   bool trace = false;
   bool help = false;

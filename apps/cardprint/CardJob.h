@@ -1,9 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "apps/cardprint/Arguments.h"
+#include "apps/cardprint/ChosenOptions.h"
+#include "apps/cardprint/Printer.h"
 #include "apps/cardprint/Waiter.h"
 #include "host/JobOptions.h"
 #include "host/PanelHost.h"
@@ -38,12 +41,10 @@ class CardJob {
   const std::vector<std::string>& leftOut() const { return leftOut_; }
 
   /// What options of the command line changed besides themselves, in sentences; "" for nothing.
-  const std::string& notice() const { return notice_; }
+  const std::string& notice() const { return chosen_.notice; }
 
-  /// Judges the job as a user would before they print. Throws `host::Error` for options that
-  /// exclude each other and for an area that is none. Answers what can be printed but cannot be
-  /// right, a sentence each.
-  std::vector<std::string> judged() const;
+  /// As `judged` of the options. Throws the same.
+  std::vector<std::string> judged() const { return cardprint::judged(options_); }
 
   /// Sends the files, if there are any, and answers what standard output gets. Throws
   /// `host::PPDChanged` when the queue has another PPD by now, `host::Error` and `Cancelled`; then
@@ -51,26 +52,24 @@ class CardJob {
   std::string send();
 
  private:
-  /// Where the PPD comes from.
-  struct Printer;
-
   CardJob(const Arguments& arguments, Waiter& waiter, Printer&& printer, const CardJob* before);
   std::vector<std::string> markedFirst(const std::vector<host::Option>& saved,
                                        const CardJob* before);
-  static Printer openPrinter(const Arguments& arguments, const host::Terms& terms);
-  static Printer openedPrinter(const Arguments& arguments, Waiter& waiter);
-  std::string chosen(const std::vector<host::Option>& options);
+  ChosenOptions chosen(const std::vector<host::Option>& options);
   std::string summary();
-  std::string lastLine();
+  std::string optionsLine() const;
+  std::string requestLine();
 
   Waiter& waiter_;
+  const bool isSilent_;
   std::vector<std::string> files_;
+  std::shared_ptr<const std::string> input_;  // once it has been read
   host::QueueName queue_;
   std::string printerName_;
   platform::Text ppdText_;  // as the queue had it
   host::JobOptions options_;
   std::vector<std::string> leftOut_;
-  std::string notice_;
+  ChosenOptions chosen_;
   host::PanelHost panels_;
 };
 

@@ -12,6 +12,7 @@
 #include "apps/cardprint/TerminalWaiter.h"
 #include "apps/cardprint/WindowWaiter.h"
 #include "host/Error.h"
+#include "host/PrintServer.h"
 #include "host/Program.h"
 #include "host/Submission.h"
 #include "platform/Log.h"
@@ -89,6 +90,7 @@ int printAtOnce(const cardprint::Arguments& arguments) {
 
 int print(const cardprint::Arguments& arguments) {
   platform::setTraceToStandardError(arguments.trace);
+  host::useServer(arguments.server);
   try {
     return arguments.dialog ? printWithDialogs(arguments) : printAtOnce(arguments);
   } catch (const cardprint::Cancelled&) {

@@ -128,11 +128,16 @@ TEST(Cardprint, NamesAnUnknownKey) {
 
 TEST(Cardprint, NamesAnUnknownChoice) {
   expectError(withSample("card-laminate", "-o cardLaminate=Gold"), "cardLaminate=Gold");
+  expectError(withSample("card-laminate", "-o cardLaminate"), "cardLaminate=true");
+}
+
+TEST(Cardprint, TakesWhatLibcupsKnowsOfJobsWithoutAServer) {
+  EXPECT_THAT(withSample("card-laminate", "-n 2 -o 'cardLaminate=Front fit-to-page'").output,
+              EndsWith("\n-o cardLaminate=Front -o copies=2 -o fit-to-page=true\n"));
 }
 
 TEST(Cardprint, NamesAnArgumentThatIsNoOption) {
-  expectError(withSample("card-laminate", "-o cardLaminate"),
-              "-o cardLaminate: This is not KEY=VALUE.");
+  expectError(withSample("card-laminate", "-o =Front"), "-o =Front: This is not KEY=VALUE.");
 }
 
 TEST(Cardprint, NamesAMissingPPD) {
@@ -261,7 +266,7 @@ TEST(Cardprint, PrintsWhatAPPDSaysWithoutControlCharacters) {
 
 TEST(Cardprint, PrintsWhatTheCommandLineSaysWithoutControlCharacters) {
   for (const char* arguments :
-       {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'a\\x1b'", "$'/a\\x1b'"}) {
+       {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'=\\x1b'", "$'/a\\x1b'"}) {
     const auto finished = test::runCommand("bash -c \"CUPS_SERVER=/nowhere " CARDPANELS_BUILD_DIR
                                            "/bin/cardprint --no-dialog " +
                                            std::string(arguments) + "\"");
