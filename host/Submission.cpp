@@ -2,9 +2,11 @@
 
 #include <cups/cups.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <mutex>
 #include <sstream>
@@ -39,7 +41,12 @@ OpenDocument openedFile(const std::string& path) {
     throw Error(path + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
   }
   stream->clear();
-  return {std::filesystem::path(path).filename(), std::move(stream)};
+  const std::string name = std::filesystem::path(path).filename();
+  if (stream->tellg() != -1) return {name, std::move(stream)};
+  // A pipe gives what it has only once.
+  auto kept = std::make_unique<std::stringstream>();
+  std::copy(std::istreambuf_iterator<char>(*stream), {}, std::ostreambuf_iterator<char>(*kept));
+  return {name, std::move(kept)};
 }
 
 /// Opens all that is to be printed before anything is sent.

@@ -133,6 +133,14 @@ TEST_F(LpTest, AHyphenIsStandardInput) {
   EXPECT_THAT(refused.errors, HasSubstr("(stdin): "));
 }
 
+TEST_F(LpTest, APipeIsPrinted) {
+  const std::string pipe = folder.path() / "pipe";
+  const std::string throughPipe =
+      "mkfifo " + pipe + " && { cat " + file + " >" + pipe + " & } && " + kCardprint + "-d card ";
+  EXPECT_THAT(jobOf(throughPipe + pipe), AllOf(Contains(Pair("job-name", "pipe")),
+                                               Contains(Pair("number-of-documents", "1"))));
+}
+
 TEST_F(LpTest, StandardInputAloneIsNotPrinted) {
   const int before = server->jobCount();
   const auto finished = test::runCommand(kCardprint + "-d card -n 2 -o fit-to-page", "a badge\n");
