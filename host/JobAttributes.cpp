@@ -31,8 +31,8 @@ constexpr std::array<std::string_view, 20> kOfFilters{
     // texttopdf
     "cpi", "lpi", "wrap"};
 
-constexpr std::array<const char*, 2> kAttributes{"job-creation-attributes-supported",
-                                                 "job-template"};
+constexpr std::array<const char*, 2> kSupportedAttributes{"job-creation-attributes-supported",
+                                                          "job-template"};
 constexpr std::string_view kSupportedEnding = "-supported";
 
 /// Whether libcups makes more of `key` than of any word when it makes a job.
@@ -49,7 +49,8 @@ bool isKnownToLibcups(const std::string& key) {
 
 std::set<std::string> namedIn(ipp_t* answer) {
   std::set<std::string> keys;
-  ipp_attribute_t* const named = ippFindAttribute(answer, kAttributes.front(), IPP_TAG_KEYWORD);
+  ipp_attribute_t* const named =
+      ippFindAttribute(answer, kSupportedAttributes.front(), IPP_TAG_KEYWORD);
   for (int i = 0; i < ippGetCount(named); ++i) keys.insert(ippGetString(named, i, nullptr));
   for (ipp_attribute_t* each = ippFirstAttribute(answer); each != nullptr;
        each = ippNextAttribute(answer)) {
@@ -74,7 +75,8 @@ std::set<std::string> supportedJobAttributes(const std::string& queue, const Ter
   return answerOfServer<std::set<std::string>>(terms, [queue](Talk& talk) {
     const Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, queue);
     ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
-                  static_cast<int>(kAttributes.size()), nullptr, kAttributes.data());
+                  static_cast<int>(kSupportedAttributes.size()), nullptr,
+                  kSupportedAttributes.data());
     const Ipp answer = talk.ask(request);
     if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
     return namedIn(answer.get());

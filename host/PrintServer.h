@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 /// What is said to and about the print server that libcups' settings name (`CUPS_SERVER` and the
 /// rest).
@@ -41,6 +42,9 @@ std::string serverName();
 /// A request about `queue`, as the user; about no queue in particular when that is empty.
 Ipp queueRequest(ipp_op_t operation, const std::string& queue);
 
+/// A request about the job `id` of `queue`, as the user.
+Ipp jobRequest(ipp_op_t operation, const std::string& queue, int id);
+
 /// Whether `answer` grants what was asked.
 bool isGranted(ipp_t* answer);
 
@@ -49,5 +53,8 @@ std::string statusText(ipp_t* answer);
 
 /// A text of an answer, on one line; "" for none.
 std::string textIn(ipp_t* answer, const char* attribute);
+
+/// IPP's keywords for a state, each on one line, without `none`.
+std::vector<std::string> reasonsIn(ipp_t* answer, const char* attribute);
 
 }  // namespace cardpanels::host

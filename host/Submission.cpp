@@ -94,13 +94,6 @@ int createdJob(Talk& talk, const std::string& queue, const std::string& title,
   return id;
 }
 
-/// A request about the job `id`.
-Ipp jobRequest(ipp_op_t operation, const std::string& queue, int id) {
-  Ipp request = queueRequest(operation, queue);
-  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", id);
-  return request;
-}
-
 void sendDocument(Talk& talk, const std::string& queue, int id, OpenDocument& document,
                   const std::string& format, bool isLast) {
   const Ipp request = jobRequest(IPP_OP_SEND_DOCUMENT, queue, id);

@@ -106,10 +106,10 @@ std::string CardJob::requestLine() {
                                     .ppdText = ppdText_,
                                     .attributes = chosen_.attributes,
                                     .document = input_};
-  const int id = waitedFor<int>(
-      waiter_, _("Sending the job…"),
-      [submission](const host::Terms& terms) { return host::submitJob(submission, terms); });
-  return "request id is " + queue_.queue + "-" + std::to_string(id) + " (" +
+  id_ = waitedFor<int>(waiter_, _("Sending the job…"), [submission](const host::Terms& terms) {
+    return host::submitJob(submission, terms);
+  });
+  return "request id is " + queue_.queue + "-" + std::to_string(id_) + " (" +
          std::to_string(files.size()) + " file(s))";
 }
 

@@ -51,6 +51,9 @@ class CardJob {
   /// nothing was sent.
   std::string send();
 
+  /// The job's number once it was sent, 0 before.
+  int id() const { return id_; }
+
  private:
   CardJob(const Arguments& arguments, Waiter& waiter, Printer&& printer, const CardJob* before);
   std::vector<std::string> markedFirst(const std::vector<host::Option>& saved,
@@ -71,6 +74,7 @@ class CardJob {
   std::vector<std::string> leftOut_;
   ChosenOptions chosen_;
   host::PanelHost panels_;
+  int id_ = 0;
 };
 
 }  // namespace cardpanels::cardprint

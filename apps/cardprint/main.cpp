@@ -9,6 +9,9 @@
 #include "apps/cardprint/Arguments.h"
 #include "apps/cardprint/CardDialog.h"
 #include "apps/cardprint/CardJob.h"
+#include "apps/cardprint/JobWait.h"
+#include "apps/cardprint/Jobs.h"
+#include "apps/cardprint/Output.h"
 #include "apps/cardprint/TerminalWaiter.h"
 #include "apps/cardprint/WindowWaiter.h"
 #include "host/Error.h"
@@ -26,7 +29,6 @@ using host::tellError;
 using platform::_;
 
 constexpr int kCancelled = 1;
-constexpr int kPrintedUntold = 3;
 
 void initializeToolkit() {
   if (gtk_init_check(nullptr, nullptr) == FALSE) {
@@ -35,17 +37,14 @@ void initializeToolkit() {
   Gtk::Main::init_gtkmm_internals();
 }
 
-/// A script must not take a job that went out for one that did not, and print it again.
-int tellOutput(const std::string& output, bool wasPrinted) {
-  std::cout << output;
-  try {
-    host::flushOutput();
-    return 0;
-  } catch (const host::Error& error) {
-    if (!wasPrinted) throw;
-    tellError(std::string(error.what()) + " " + _("The job was printed."));
-    return kPrintedUntold;
-  }
+/// Answers the exit status of `job`, which was sent with `status`, once nothing comes of it any
+/// more.
+int waitedFor(const cardprint::Arguments& arguments, cardprint::CardJob& job,
+              cardprint::Waiter& waiter, int status) {
+  if (!arguments.wait || job.id() == 0) return status;
+  const bool isPrinted =
+      cardprint::waitForJobs(job.queue().queue, {job.id()}, job.panels().job().ppd(), waiter);
+  return isPrinted ? status : cardprint::kNotPrinted;
 }
 
 int printWithDialog(cardprint::CardJob& job, cardprint::WindowWaiter& waiter,
@@ -53,7 +52,7 @@ int printWithDialog(cardprint::CardJob& job, cardprint::WindowWaiter& waiter,
   cardprint::CardDialog dialog(job, waiter, told);
   const auto output = dialog.choose();
   if (!dialog.error().empty()) tellError(dialog.error());
-  return output ? tellOutput(*output, job.hasFiles()) : kCancelled;
+  return output ? cardprint::tellOutput(*output, job.hasFiles()) : kCancelled;
 }
 
 void tell(const cardprint::CardJob& job) {
@@ -69,7 +68,7 @@ int printWithDialogs(const cardprint::Arguments& arguments) {
   for (std::string told;;) {
     tell(*job);
     try {
-      return printWithDialog(*job, waiter, told);
+      return waitedFor(arguments, *job, waiter, printWithDialog(*job, waiter, told));
     } catch (const host::PPDChanged& changed) {
       told = changed.what();
     }
@@ -80,12 +79,14 @@ int printWithDialogs(const cardprint::Arguments& arguments) {
 
 int printAtOnce(const cardprint::Arguments& arguments) {
   cardprint::TerminalWaiter waiter;
+  if (arguments.each || !arguments.list.empty()) return cardprint::printJobs(arguments, waiter);
   cardprint::CardJob job(arguments, waiter);
   tell(job);
   const auto warnings = job.judged();
   for (const std::string& each : warnings) tellError(each);
   if (arguments.strict && !warnings.empty()) return host::kFailed;
-  return tellOutput(job.send(), job.hasFiles());
+  const int status = cardprint::tellOutput(job.send(), job.hasFiles());
+  return waitedFor(arguments, job, waiter, status);
 }
 
 int print(const cardprint::Arguments& arguments) {
