@@ -23,18 +23,27 @@ std::string textOf(const std::string& reason) {
       {"job-canceled-at-device", _("At the printer")},
       {"document-format-error", _("Document has errors")},
       {"unsupported-document-format", _("Document is of an unknown kind")},
+      {"job-completed-with-errors", ""},
+      {"job-printing", ""},
       {"processing-to-stop-point", ""},
   };
   const auto found = known.find(reason);
   return found == known.end() ? wordsOf(reason) : found->second;
 }
 
+const char* endText(ipp_jstate_t state) {
+  switch (state) {
+    case IPP_JSTATE_CANCELED: return _("Job cancelled");
+    case IPP_JSTATE_STOPPED: return _("Job stopped");
+    default: return _("Job aborted");
+  }
+}
+
 }  // namespace
 
 std::string lossLine(const host::JobState& state) {
   if (state.state == IPP_JSTATE_COMPLETED) return "";
-  std::vector<std::string> texts{state.state == IPP_JSTATE_CANCELED ? _("Job cancelled")
-                                                                    : _("Job aborted")};
+  std::vector<std::string> texts{endText(state.state)};
   for (const std::string& reason : state.reasons) texts.push_back(textOf(reason));
   texts.push_back(state.message);
   std::erase(texts, "");

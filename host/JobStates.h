@@ -16,8 +16,9 @@ struct JobState {
   std::vector<std::string> reasons = {};  // IPP's keywords, such as `job-canceled-by-user`
   std::string message = {};               // the printer's or a filter's, in any language
 
-  /// Whether nothing comes of it any more.
-  bool hasEnded() const { return state >= IPP_JSTATE_CANCELED; }
+  /// Whether nothing comes of it any more: cupsd lets a job stand stopped when its filters have
+  /// failed, until a person starts it again.
+  bool hasEnded() const { return state >= IPP_JSTATE_STOPPED; }
 };
 
 /// A job, and the printer that it waits for.

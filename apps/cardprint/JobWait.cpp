@@ -68,7 +68,8 @@ bool waitForJobs(const std::string& queue, const std::vector<int>& ids, ppd_file
     }
     if (loss.empty()) continue;
     areAllPrinted = false;
-    host::tellError(queue + "-" + std::to_string(id) + ": " + loss);
+    const std::string job = queue + "-" + std::to_string(id);
+    host::tellError(job + ": " + loss);
   }
   return areAllPrinted;
 }

@@ -30,11 +30,23 @@ std::string textOfList(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// What people read for the list.
+std::string nameOf(const std::string& list) {
+  return list == kStandardInput ? kStandardInputName : list;
+}
+
 std::vector<JobLine> linesOf(const Arguments& arguments) {
-  if (!arguments.list.empty()) return parseJobList(textOfList(arguments.list));
   std::vector<JobLine> lines;
+  if (!arguments.list.empty()) {
+    lines = parseJobList(textOfList(arguments.list));
+    if (lines.empty()) throw host::Error(nameOf(arguments.list) + ": " + _("It names no file."));
+  }
   for (const std::string& file : arguments.files) lines.push_back({0, file, {}, {}});
   return lines;
+}
+
+std::string aboutFile(const std::string& file, const std::string& message) {
+  return message.starts_with(file + ": ") ? message : file + ": " + message;
 }
 
 /// A job that has been judged.
@@ -76,7 +88,7 @@ class Jobs {
         throw;
       } catch (const host::Error& error) {
         hasFailed = true;
-        tell(job.line, error.what());
+        tell(job.line, aboutFile(job.line.file, error.what()));
         if (arguments_.stop) break;
       }
     }
@@ -146,8 +158,7 @@ class Jobs {
   /// What is the same for all files is told once.
   void tell(const JobLine& line, const std::string& message) {
     if (message.empty()) return;
-    const std::string list =
-        arguments_.list == kStandardInput ? kStandardInputName : arguments_.list;
+    const std::string list = nameOf(arguments_.list);
     const std::string place = list.empty() ? "" : list + ":" + std::to_string(line.number) + ": ";
     if (told_.insert(place + message).second) host::tellError(place + message);
   }

@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "host/JobAttributes.h"
+#include "tests/host/ErrorOf.h"
+#include "tests/support/PrivatePrintServer.h"
+#include "tests/support/TestPPD.h"
 
 namespace cardpanels::host {
 namespace {
@@ -19,6 +22,18 @@ TEST(JobAttributes, AreWhatFiltersTake) {
   for (const char* key : {"page-set", "collate", "Collate", "cpi", "fill"}) {
     EXPECT_TRUE(isJobAttribute(key)) << key;
   }
+}
+
+TEST(JobAttributes, AreWhatTheServerNames) {
+  test::PrivatePrintServer server;
+  server.addQueue("card", test::testPPD({}));
+  const auto named = supportedJobAttributes("card");
+  for (const char* key : {"copies", "ipp-attribute-fidelity", "printer-resolution", "sides"}) {
+    EXPECT_TRUE(named.contains(key)) << key;
+  }
+  EXPECT_FALSE(named.contains("nose"));
+  EXPECT_THAT(errorOf([] { supportedJobAttributes("cord"); }),
+              testing::HasSubstr("cannot be asked"));
 }
 
 TEST(JobAttributes, AreNothingElse) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cwchar>
 #include <map>
 #include <sstream>
@@ -162,17 +163,34 @@ TEST(Cardprint, NeedsADisplayForTheDialog) {
   expectError(cardprint("--ppd " + kSamples + "card-laminate.ppd"), "--no-dialog");
 }
 
+TEST(Cardprint, NamesOptionsThatDoNotGoTogether) {
+  for (const auto& [arguments, reason] :
+       std::map<std::string, std::string>{{"--each /dev/null", "--no-dialog"},
+                                          {"--list /dev/null", "--no-dialog"},
+                                          {"--no-dialog --list /dev/null /dev/zero", "/dev/zero"},
+                                          {"--no-dialog --list ''", "--list"},
+                                          {"--no-dialog --ppd a.ppd --list /dev/null", "/dev/null"},
+                                          {"--no-dialog --stop /dev/null", "--stop"},
+                                          {"--no-dialog - -", "Standard input"}}) {
+    expectError(cardprint(arguments), reason);
+  }
+}
+
 TEST(Cardprint, TellsHowToGetHelp) {
   const auto finished = cardprint("--surprise");
   EXPECT_EQ(finished.status, 2);
   EXPECT_THAT(finished.errors, AllOf(HasSubstr("--surprise"), HasSubstr("cardprint --help")));
 }
 
+constexpr std::array kOptions{"--ppd",       "-d",       "-o",       "-n",     "-t",     "-H",
+                              "-q",          "-P",       "-h",       "-U",     "-E",     "-s",
+                              "--no-dialog", "--strict", "--each",   "--list", "--stop", "--wait",
+                              "--trace",     "--help",   "--version"};
+
 TEST(Cardprint, HelpNamesEveryOption) {
   const auto finished = cardprint("--help");
   EXPECT_EQ(finished.status, 0);
-  for (const char* option :
-       {"--ppd", "-d", "-o", "--no-dialog", "--strict", "--trace", "--help", "--version"}) {
+  for (const char* option : kOptions) {
     EXPECT_THAT(finished.output, HasSubstr("\n  " + std::string(option)));
   }
 }
@@ -209,8 +227,7 @@ TEST(Cardprint, HelpIsInTheUsersLanguageWithinEightyColumns) {
       EXPECT_LE(columns(line), 80) << line;
       EXPECT_GE(columns(line), 0) << line;
     }
-    for (const char* option :
-         {"--ppd", "-d", "-o", "--no-dialog", "--strict", "--trace", "--help", "--version"}) {
+    for (const char* option : kOptions) {
       EXPECT_THAT(lines, Contains(StartsWith("  " + std::string(option)))) << language;
     }
   }

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <string>
 
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/OddServer.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/Process.h"
@@ -15,15 +16,13 @@
 namespace cardpanels {
 namespace {
 
+using test::cardprintCommand;
 using testing::AllOf;
 using testing::Contains;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Key;
 using testing::Pair;
-
-const std::string kCardprint =
-    "env -u DISPLAY -u WAYLAND_DISPLAY " CARDPANELS_BUILD_DIR "/bin/cardprint --no-dialog ";
 
 /// A server with the queue `card`, shared by the tests, and a file to print.
 class LpTest : public testing::Test {
@@ -53,12 +52,12 @@ class LpTest : public testing::Test {
   void expectSameJob(const std::string& arguments, const std::string& input = {}) const {
     const auto job = jobOf("lp -d card " + arguments, input);
     EXPECT_THAT(job, Contains(Key("job-name"))) << arguments;
-    EXPECT_EQ(jobOf(kCardprint + "-d card " + arguments, input), job) << arguments;
+    EXPECT_EQ(jobOf(cardprintCommand() + "-d card " + arguments, input), job) << arguments;
   }
 
   static void expectRefused(const std::string& arguments, const std::string& reason) {
     const int before = server->jobCount();
-    const auto finished = test::runCommand(kCardprint + arguments);
+    const auto finished = test::runCommand(cardprintCommand() + arguments);
     EXPECT_EQ(finished.status, 2) << arguments;
     EXPECT_EQ(finished.output, "") << arguments;
     EXPECT_THAT(finished.errors, HasSubstr(reason));
@@ -119,38 +118,39 @@ TEST_F(LpTest, SavedAttributesGiveWayToGivenOnes) {
   server->saveOptions("saved", "copies=4 number-up=2");
   const auto job = jobOf("lp -d saved -n 2 " + file);
   EXPECT_THAT(job, AllOf(Contains(Pair("copies", "2")), Contains(Pair("number-up", "2"))));
-  EXPECT_EQ(jobOf(kCardprint + "-d saved -n 2 " + file), job);
+  EXPECT_EQ(jobOf(cardprintCommand() + "-d saved -n 2 " + file), job);
 }
 
 TEST_F(LpTest, AHyphenIsStandardInput) {
   expectSameJob("-", "Grace Hopper\n");
   expectSameJob("-t Guest -", std::string(200'000, 'x'));
-  const auto finished = test::runCommand(kCardprint + "-d card -", "Grace Hopper\n");
+  const auto finished = test::runCommand(cardprintCommand() + "-d card -", "Grace Hopper\n");
   EXPECT_THAT(finished.output, EndsWith(" (0 file(s))\n"));
   expectRefused("-d card - " + file, "Standard input");
-  const auto refused = test::runCommand(kCardprint + "-d card - <&-");
+  const auto refused = test::runCommand(cardprintCommand() + "-d card - <&-");
   EXPECT_EQ(refused.status, 2);
   EXPECT_THAT(refused.errors, HasSubstr("(stdin): "));
 }
 
 TEST_F(LpTest, APipeIsPrinted) {
   const std::string pipe = folder.path() / "pipe";
-  const std::string throughPipe =
-      "mkfifo " + pipe + " && { cat " + file + " >" + pipe + " & } && " + kCardprint + "-d card ";
+  const std::string throughPipe = "mkfifo " + pipe + " && { cat " + file + " >" + pipe +
+                                  " & } && " + cardprintCommand() + "-d card ";
   EXPECT_THAT(jobOf(throughPipe + pipe), AllOf(Contains(Pair("job-name", "pipe")),
                                                Contains(Pair("number-of-documents", "1"))));
 }
 
 TEST_F(LpTest, StandardInputAloneIsNotPrinted) {
   const int before = server->jobCount();
-  const auto finished = test::runCommand(kCardprint + "-d card -n 2 -o fit-to-page", "a badge\n");
+  const auto finished =
+      test::runCommand(cardprintCommand() + "-d card -n 2 -o fit-to-page", "a badge\n");
   EXPECT_EQ(finished.status, 0) << finished.errors;
   EXPECT_THAT(finished.output, EndsWith("\n-o copies=2 -o fit-to-page=true\n"));
   EXPECT_EQ(server->jobCount(), before);
 }
 
 TEST_F(LpTest, ASilentProgramTellsNothing) {
-  const auto finished = test::runCommand(kCardprint + "-s -d card " + file);
+  const auto finished = test::runCommand(cardprintCommand() + "-s -d card " + file);
   EXPECT_EQ(finished.status, 0);
   EXPECT_EQ(finished.output + finished.errors, "");
 }
@@ -158,7 +158,7 @@ TEST_F(LpTest, ASilentProgramTellsNothing) {
 TEST_F(LpTest, TheServerIsThatOfTheCommandLine) {
   for (const std::string& arguments : {"-h " + server->address() + " -d card ",
                                        "-U visitor -d card -h" + server->address() + " "}) {
-    EXPECT_THAT(jobOf("CUPS_SERVER=/nowhere " + kCardprint + arguments + file),
+    EXPECT_THAT(jobOf("CUPS_SERVER=/nowhere " + cardprintCommand() + arguments + file),
                 Contains(Key("job-name")));
   }
   expectRefused("-h /nowhere -d card " + file, "/nowhere");
@@ -193,7 +193,8 @@ std::string firstBytes(test::OddServer::At at, const std::string& arguments) {
         if (first.empty()) first = some;
       },
       at);
-  test::runCommand("CUPS_SERVER=/nowhere " + kCardprint + arguments + " -h " + server.name());
+  test::runCommand("CUPS_SERVER=/nowhere " + cardprintCommand() + arguments + " -h " +
+                   server.name());
   const std::lock_guard lock(mutex);
   return first;
 }
