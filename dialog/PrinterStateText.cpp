@@ -88,17 +88,6 @@ std::string textInPPD(ppd_file_t* ppd, const std::string& reason) {
   return found == nullptr || !platform::isUTF8(found) ? "" : platform::onOneLine(found);
 }
 
-/// `com.example.lid-ajar` as "Lid ajar".
-std::string wordsOf(std::string_view reason) {
-  const std::size_t dot = reason.rfind('.');
-  std::string words(reason.substr(dot == std::string_view::npos ? 0 : dot + 1));
-  std::replace(words.begin(), words.end(), '-', ' ');
-  if (!words.empty() && words[0] >= 'a' && words[0] <= 'z') {
-    words[0] = static_cast<char>(words[0] - 'a' + 'A');
-  }
-  return platform::onOneLine(words);
-}
-
 std::string textOf(const std::string& reason, ppd_file_t* ppd) {
   const std::string plain(withoutSeverity(reason));
   for (const std::string& each : {reason, plain}) {
@@ -119,6 +108,16 @@ std::string stoppedText(const std::string& message) {
 }
 
 }  // namespace
+
+std::string wordsOf(std::string_view reason) {
+  const std::size_t dot = reason.rfind('.');
+  std::string words(reason.substr(dot == std::string_view::npos ? 0 : dot + 1));
+  std::replace(words.begin(), words.end(), '-', ' ');
+  if (!words.empty() && words[0] >= 'a' && words[0] <= 'z') {
+    words[0] = static_cast<char>(words[0] - 'a' + 'A');
+  }
+  return platform::onOneLine(words);
+}
 
 std::string stateLine(const StateRead& read, ppd_file_t* ppd) {
   if (!read.error.empty()) return read.error;

@@ -261,6 +261,12 @@ std::vector<Option> JobOptions::reset(const std::set<std::string>& keys) {
   return changes;
 }
 
+void JobOptions::restore(const State& state) {
+  marks_.restore(state.marks);
+  set_ = state.set;
+  ruleChanges_ = state.ruleChanges;
+}
+
 std::vector<std::string> JobOptions::conflicts() const { return allConflicts(marks_); }
 
 bool JobOptions::hasOption(const std::string& key) const {

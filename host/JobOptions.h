@@ -36,6 +36,13 @@ enum class Losing { refused, allowed };
 /// option list. Between calls, panels read the marks off the PPD as `Marks` tells.
 class JobOptions {
  public:
+  /// All that was marked at one time, to go back to.
+  struct State {
+    Marks::Snapshot marks;
+    std::set<const ppd_option_t*> set;
+    RuleChanges ruleChanges;
+  };
+
   /// Takes the PPD and marks its defaults.
   explicit JobOptions(PPDFile ppd);
 
@@ -100,6 +107,12 @@ class JobOptions {
   /// Marks the PPD's defaults of those options, without asking the constraints; the job then
   /// carries them, whatever is saved. Answers what has changed.
   std::vector<Option> reset(const std::set<std::string>& keys);
+
+  /// How all stands now. Of use only while this lives.
+  State state() const { return {marks_.snapshot(), set_, ruleChanges_}; }
+
+  /// Makes all stand as it did then, as if nothing had been asked for since.
+  void restore(const State& state);
 
   /// Whether the PPD has the option, in whatever case.
   bool hasOption(const std::string& key) const;

@@ -11,6 +11,12 @@ namespace cardpanels::host {
 using platform::_;
 using platform::filled;
 
+void useServer(const ServerChoice& choice) {
+  if (!choice.server.empty()) cupsSetServer(choice.server.c_str());
+  if (!choice.user.empty()) cupsSetUser(choice.user.c_str());
+  if (choice.isEncrypted) cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
+}
+
 std::string serverName() {
   std::string server = cupsServer();
   if (server.substr(0, 1) == "/") return server;
@@ -41,6 +47,12 @@ Ipp queueRequest(ipp_op_t operation, const std::string& queue) {
   return request;
 }
 
+Ipp jobRequest(ipp_op_t operation, const std::string& queue, int id) {
+  Ipp request = queueRequest(operation, queue);
+  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", id);
+  return request;
+}
+
 bool isGranted(ipp_t* answer) { return ippGetStatusCode(answer) <= IPP_STATUS_OK_CONFLICTING; }
 
 std::string statusText(ipp_t* answer) {
@@ -52,6 +64,17 @@ std::string textIn(ipp_t* answer, const char* attribute) {
   const char* const text =
       ippGetString(ippFindAttribute(answer, attribute, IPP_TAG_ZERO), 0, nullptr);
   return text == nullptr ? "" : platform::onOneLine(text);
+}
+
+std::vector<std::string> reasonsIn(ipp_t* answer, const char* attribute) {
+  std::vector<std::string> reasons;
+  ipp_attribute_t* const found = ippFindAttribute(answer, attribute, IPP_TAG_ZERO);
+  for (int i = 0; i < ippGetCount(found); ++i) {
+    const char* const reason = ippGetString(found, i, nullptr);
+    if (reason != nullptr && std::string_view(reason) != "none")
+      reasons.push_back(platform::onOneLine(reason));
+  }
+  return reasons;
 }
 
 }  // namespace cardpanels::host

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 /// What is said to and about the print server that libcups' settings name (`CUPS_SERVER` and the
 /// rest).
@@ -19,6 +20,16 @@ struct IppDeleter {
 };
 using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
 
+/// Which server is asked, and as whom, in place of what the user's files and variables set.
+struct ServerChoice {
+  std::string server;        // with or without a port, or a socket; empty for no other
+  std::string user;          // empty for no other
+  bool isEncrypted = false;  // whatever the server wants
+};
+
+/// Makes `choice` this thread's, and that of the threads that it starts.
+void useServer(const ServerChoice& choice);
+
 /// The server and its port, or its socket.
 std::string serverName();
 
@@ -31,6 +42,9 @@ std::string serverName();
 /// A request about `queue`, as the user; about no queue in particular when that is empty.
 Ipp queueRequest(ipp_op_t operation, const std::string& queue);
 
+/// A request about the job `id` of `queue`, as the user.
+Ipp jobRequest(ipp_op_t operation, const std::string& queue, int id);
+
 /// Whether `answer` grants what was asked.
 bool isGranted(ipp_t* answer);
 
@@ -39,5 +53,8 @@ std::string statusText(ipp_t* answer);
 
 /// A text of an answer, on one line; "" for none.
 std::string textIn(ipp_t* answer, const char* attribute);
+
+/// IPP's keywords for a state, each on one line, without `none`.
+std::vector<std::string> reasonsIn(ipp_t* answer, const char* attribute);
 
 }  // namespace cardpanels::host

@@ -4,7 +4,6 @@
 
 #include "host/PrintServer.h"
 #include "host/Question.h"
-#include "platform/Text.h"
 
 namespace cardpanels::host {
 namespace {
@@ -22,16 +21,6 @@ Ipp asked(Talk& talk, const std::string& queue) {
   return answer;
 }
 
-std::vector<std::string> reasonsIn(ipp_attribute_t* attribute) {
-  std::vector<std::string> reasons;
-  for (int i = 0; i < ippGetCount(attribute); ++i) {
-    const char* const reason = ippGetString(attribute, i, nullptr);
-    if (reason != nullptr && std::string_view(reason) != "none")
-      reasons.push_back(platform::onOneLine(reason));
-  }
-  return reasons;
-}
-
 PrinterState stateIn(ipp_t* answer) {
   const auto attribute = [&](const char* name) {
     return ippFindAttribute(answer, name, IPP_TAG_ZERO);
@@ -40,7 +29,7 @@ PrinterState stateIn(ipp_t* answer) {
   state.isStopped = ippGetInteger(attribute("printer-state"), 0) == IPP_PSTATE_STOPPED;
   ipp_attribute_t* const accepting = attribute("printer-is-accepting-jobs");
   state.isAccepting = accepting == nullptr || ippGetBoolean(accepting, 0) != 0;
-  state.reasons = reasonsIn(attribute("printer-state-reasons"));
+  state.reasons = reasonsIn(answer, "printer-state-reasons");
   state.message = textIn(answer, "printer-state-message");
   return state;
 }
@@ -48,8 +37,12 @@ PrinterState stateIn(ipp_t* answer) {
 }  // namespace
 
 PrinterState printerState(const std::string& queue, const Terms& terms) {
-  return answerOfServer<PrinterState>(
-      terms, [queue](Talk& talk) { return stateIn(asked(talk, queue).get()); });
+  return answerOfServer<PrinterState>(terms,
+                                      [queue](Talk& talk) { return printerState(talk, queue); });
+}
+
+PrinterState printerState(Talk& talk, const std::string& queue) {
+  return stateIn(asked(talk, queue).get());
 }
 
 }  // namespace cardpanels::host

@@ -7,6 +7,8 @@
 
 namespace cardpanels::host {
 
+class Talk;
+
 /// What the print server says about a queue at one time.
 struct PrinterState {
   bool isStopped = false;
@@ -19,5 +21,8 @@ struct PrinterState {
 /// Asks the print server for the state of `queue`, and waits for that as long as `terms` say.
 /// Throws `Error`.
 PrinterState printerState(const std::string& queue, const Terms& terms = {});
+
+/// The same as a part of `talk`.
+PrinterState printerState(Talk& talk, const std::string& queue);
 
 }  // namespace cardpanels::host

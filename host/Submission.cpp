@@ -2,12 +2,15 @@
 
 #include <cups/cups.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <mutex>
+#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -27,25 +30,33 @@ using platform::filled;
 
 constexpr std::chrono::seconds kNew(5);  // a basis
 
-struct OpenFile {
-  std::string name;
-  std::ifstream stream;
+struct OpenDocument {
+  std::string name;  // empty for none
+  std::unique_ptr<std::istream> stream;
 };
 
-/// Opens all files before anything is sent.
-std::vector<OpenFile> opened(const std::vector<std::string>& files) {
-  if (files.empty()) throw Error(_("There is no file to print."));
-  std::vector<OpenFile> all;
-  for (const std::string& path : files) {
-    errno = 0;
-    std::ifstream stream(path, std::ios::binary);
-    stream.peek();
-    if (!stream && !stream.eof()) {
-      throw Error(path + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
-    }
-    stream.clear();
-    all.push_back({std::filesystem::path(path).filename(), std::move(stream)});
+OpenDocument openedFile(const std::string& path) {
+  errno = 0;
+  auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
+  stream->peek();
+  if (!*stream && !stream->eof()) {
+    throw Error(path + ": " + std::generic_category().message(errno != 0 ? errno : EIO));
   }
+  stream->clear();
+  const std::string name = std::filesystem::path(path).filename();
+  if (stream->tellg() != -1) return {name, std::move(stream)};
+  // A pipe gives what it has only once.
+  auto kept = std::make_unique<std::stringstream>();
+  std::copy(std::istreambuf_iterator<char>(*stream), {}, std::ostreambuf_iterator<char>(*kept));
+  return {name, std::move(kept)};
+}
+
+/// Opens all that is to be printed before anything is sent.
+std::vector<OpenDocument> opened(const Submission& job) {
+  std::vector<OpenDocument> all;
+  if (job.document) all.push_back({"", std::make_unique<std::istringstream>(*job.document)});
+  for (const std::string& path : job.files) all.push_back(openedFile(path));
+  if (all.empty()) throw Error(_("There is no file to print."));
   return all;
 }
 
@@ -55,11 +66,11 @@ std::vector<OpenFile> opened(const std::vector<std::string>& files) {
                      {{"queue", platform::onOneLine(queue)}, {"reason", reason}}));
 }
 
-/// Makes a job and answers its id. Values in braces go as names: libcups would make collections of
-/// them, and cupsd hands none of those to the filters.
+/// Makes a job and answers its id. Options' values in braces go as names: libcups would make
+/// collections of them, and cupsd hands none of those to the filters.
 int createdJob(Talk& talk, const std::string& queue, const std::string& title,
-               const OptionList& saved, const std::vector<Option>& options) {
-  OptionList encoded(saved.options());
+               const OptionList& attributes, const std::vector<Option>& options) {
+  OptionList encoded(attributes.options());
   std::vector<Option> inBraces;
   for (const Option& each : options) {
     if (each.value.substr(0, 1) == "{") {
@@ -85,22 +96,17 @@ int createdJob(Talk& talk, const std::string& queue, const std::string& title,
   return id;
 }
 
-/// A request about the job `id`.
-Ipp jobRequest(ipp_op_t operation, const std::string& queue, int id) {
-  Ipp request = queueRequest(operation, queue);
-  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", id);
-  return request;
-}
-
-void sendDocument(Talk& talk, const std::string& queue, int id, OpenFile& file,
+void sendDocument(Talk& talk, const std::string& queue, int id, OpenDocument& document,
                   const std::string& format, bool isLast) {
   const Ipp request = jobRequest(IPP_OP_SEND_DOCUMENT, queue, id);
-  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "document-name", nullptr,
-               file.name.c_str());
+  if (!document.name.empty()) {
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "document-name", nullptr,
+                 document.name.c_str());
+  }
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
                format.c_str());
   ippAddBoolean(request.get(), IPP_TAG_OPERATION, "last-document", isLast ? 1 : 0);
-  const Ipp answer = talk.send(request, "/printers/" + queue, file.stream);
+  const Ipp answer = talk.send(request, "/printers/" + queue, *document.stream);
   if (!isGranted(answer.get())) failAtJob(queue, statusText(answer.get()));
 }
 
@@ -145,6 +151,19 @@ class NewJob {
   bool isGivenUp_ = false;
 };
 
+/// What the job carries besides the PPD's options: its own attributes over saved ones.
+OptionList attributesOf(const Submission& job, const JobBasis& basis) {
+  OptionList attributes(basis.options);
+  for (const Option& each : job.attributes) attributes.set(each);
+  return attributes;
+}
+
+/// As `lp` tells it.
+std::string formatOf(const OptionList& attributes) {
+  if (attributes.value("raw")) return CUPS_FORMAT_RAW;
+  return attributes.value("document-format").value_or(CUPS_FORMAT_AUTO);
+}
+
 /// The size goes out once, as the PPD names it, but for a server that would add another one under
 /// the name `media`.
 std::vector<Option> withMedia(const std::vector<Option>& options, bool addsMedia) {
@@ -172,19 +191,20 @@ bool isNew(const std::optional<JobBasis>& basis) {
   return basis && std::chrono::steady_clock::now() - basis->read < kNew;
 }
 
-int made(Talk& talk, const Submission& job, std::vector<OpenFile>& files, NewJob& progress,
+int made(Talk& talk, const Submission& job, std::vector<OpenDocument>& documents, NewJob& progress,
          const Terms& cancelling) {
   const JobBasis basis = isNew(job.basis) ? *job.basis : basisNow(talk, job);
   const std::string& queue = basis.queue;
-  const OptionList saved(basis.options);
-  const std::string format = saved.value("document-format").value_or(CUPS_FORMAT_AUTO);
-  const int id = createdJob(talk, queue, job.title, saved, withMedia(job.options, basis.addsMedia));
+  const OptionList attributes = attributesOf(job, basis);
+  const std::string format = formatOf(attributes);
+  const int id =
+      createdJob(talk, queue, job.title, attributes, withMedia(job.options, basis.addsMedia));
   if (!progress.begin(queue, id)) {
     cancelJob(queue, id, cancelling);
     return 0;
   }
-  for (OpenFile& each : files) {
-    sendDocument(talk, queue, id, each, format, &each == &files.back());
+  for (OpenDocument& each : documents) {
+    sendDocument(talk, queue, id, each, format, &each == &documents.back());
   }
   progress.complete();
   return id;
@@ -205,15 +225,15 @@ void cancelAfter(const Error& error, const std::string& queue, int id, const Ter
 }  // namespace
 
 int submitJob(const Submission& job, const Terms& terms) {
-  const auto files = std::make_shared<std::vector<OpenFile>>(opened(job.files));
+  const auto documents = std::make_shared<std::vector<OpenDocument>>(opened(job));
   const auto progress = std::make_shared<NewJob>();
   Terms cancelling = terms;
   cancelling.abandoned = nullptr;
   cancelling.kept = nullptr;
   const auto isAbandoned = [&terms] { return terms.abandoned != nullptr && *terms.abandoned; };
   try {
-    const int id = answerOfServer<int>(terms, [job, files, progress, cancelling](Talk& talk) {
-      return made(talk, job, *files, *progress, cancelling);
+    const int id = answerOfServer<int>(terms, [job, documents, progress, cancelling](Talk& talk) {
+      return made(talk, job, *documents, *progress, cancelling);
     });
     if (isAbandoned()) throw Error(_("Nothing was printed."));
     return id;

@@ -6,9 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "dialog/AreaFaults.h"
-#include "dialog/AreaWarnings.h"
-#include "dialog/PageTexts.h"
+#include "apps/cardprint/StandardInput.h"
 #include "dialog/TextBundle.h"
 #include "host/Error.h"
 #include "host/LpArguments.h"
@@ -19,38 +17,6 @@
 namespace cardpanels::cardprint {
 
 using platform::_;
-
-struct CardJob::Printer {
-  std::string name;
-  host::QueueName queue;
-  std::vector<host::Option> savedOptions;
-  host::PPDFile ppd;
-  platform::Text ppdText;
-  std::optional<host::JobBasis> basis;
-};
-
-CardJob::Printer CardJob::openPrinter(const Arguments& arguments, const host::Terms& terms) {
-  if (arguments.ppd.empty()) {
-    auto queue = host::openQueue(arguments.queue, terms);
-    return {queue.name.text(),
-            queue.name,
-            std::move(queue.savedOptions),
-            std::move(queue.ppd),
-            std::move(queue.ppdText),
-            std::move(queue.basis)};
-  }
-  auto ppd = host::openPPD(arguments.ppd);
-  std::string name = ppd->nickname != nullptr
-                         ? ppd->nickname
-                         : std::filesystem::path(arguments.ppd).filename().string();
-  return {platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt, std::nullopt};
-}
-
-CardJob::Printer CardJob::openedPrinter(const Arguments& arguments, Waiter& waiter) {
-  return waitedFor<Printer>(
-      waiter, _("Reading the printer's options…"),
-      [arguments](const host::Terms& terms) { return openPrinter(arguments, terms); });
-}
 
 CardJob::CardJob(const Arguments& arguments, Waiter& waiter)
     : CardJob(arguments, waiter, nullptr, openedPrinter(arguments, waiter), nullptr) {}
@@ -67,14 +33,16 @@ CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, P
                  const CardJob* before)
     : waiter_(waiter),
       windows_(windows),
+      isSilent_(arguments.silent),
       files_(arguments.files),
+      input_(before == nullptr ? nullptr : before->input_),
       queue_(printer.queue),
       printerName_(printer.name),
       ppdText_(std::move(printer.ppdText)),
       basis_(windows == nullptr ? std::move(printer.basis) : std::nullopt),
       options_(std::move(printer.ppd)),
       leftOut_(markedFirst(printer.savedOptions, before)),
-      notice_(before == nullptr ? chosen(arguments.options) : ""),
+      chosen_(before == nullptr ? chosen(arguments.options) : before->chosen_),
       panels_(host::defaultBundlePath(), bundle(), options_) {}
 
 std::shared_ptr<platform::Bundle> CardJob::bundle() {
@@ -97,43 +65,16 @@ std::vector<std::string> CardJob::markedFirst(const std::vector<host::Option>& s
   return leftOut;
 }
 
-/// Chooses `options`, and answers what has changed besides.
-std::string CardJob::chosen(const std::vector<host::Option>& options) {
-  for (const host::Option& each : options) {
-    try {
-      options_.check(each);
-    } catch (const host::Error& error) {
-      throw host::Error("-o " + each.key + "=" + each.value + ": " + error.what());
-    }
-  }
-  host::ChangeResult result = options_.requestAll(options);
-  if (!result.granted) throw host::Error(result.message);
-  for (const host::Option& each : options) {
-    const std::string fault = dialog::areaFault(options_, each.key);
-    if (!fault.empty()) throw host::Error("-o " + each.key + "=" + each.value + ": " + fault);
-  }
-  return std::move(result.message);
-}
-
-std::vector<std::string> CardJob::judged() const {
-  const auto conflicts = options_.conflicts();
-  if (!conflicts.empty()) {
-    throw host::Error(
-        platform::filled(platform::_("Options of this job exclude each other: {conflicts}"),
-                         {{"conflicts", dialog::joined(conflicts, " ")}}));
-  }
-  const auto faults = dialog::areaFaults(options_);
-  if (!faults.empty()) throw host::Error(dialog::joined(faults, " "));
-  std::vector<std::string> warnings;
-  for (dialog::AreaWarning& each : dialog::areaWarnings(options_)) {
-    warnings.push_back(std::move(each.sentence));
-  }
-  return warnings;
+ChosenOptions CardJob::chosen(const std::vector<host::Option>& options) {
+  AttributeKeys keys(queue_.queue, waiter_);
+  return choose(options_, options, keys);
 }
 
 std::string CardJob::send() {
-  const std::string text = summary();
-  return text + lastLine() + "\n";
+  if (!hasFiles()) return summary() + optionsLine() + "\n";
+  const std::string text = isSilent_ ? "" : summary();
+  const std::string line = requestLine();
+  return isSilent_ ? "" : text + line + "\n";
 }
 
 std::string CardJob::summary() {
@@ -149,15 +90,36 @@ std::string CardJob::summary() {
   return text;
 }
 
-std::string CardJob::lastLine() {
-  if (files_.empty()) return host::lpArguments(options_.options());
-  const std::string title = std::filesystem::path(files_.front()).filename().string();
-  const host::Submission submission{queue_, title, files_, options_.options(), ppdText_, basis_};
-  const int id = waitedFor<int>(
-      waiter_, _("Sending the job…"),
-      [submission](const host::Terms& terms) { return host::submitJob(submission, terms); });
-  return "request id is " + queue_.queue + "-" + std::to_string(id) + " (" +
-         std::to_string(files_.size()) + " file(s))";
+std::string CardJob::optionsLine() const {
+  std::vector<host::Option> all = options_.options();
+  all.insert(all.end(), chosen_.attributes.begin(), chosen_.attributes.end());
+  return host::lpArguments(all);
+}
+
+std::string CardJob::requestLine() {
+  const bool isInput = files_.front() == kStandardInput;
+  if (isInput && !input_) {
+    input_ = waitedFor<std::shared_ptr<const std::string>>(
+        waiter_, _("Reading standard input…"), [](const host::Terms& /*terms*/) {
+          return std::make_shared<const std::string>(readStandardInput());
+        });
+  }
+  const auto files = isInput ? std::vector<std::string>() : files_;
+  const std::string name =
+      isInput ? kStandardInputName : std::filesystem::path(files.front()).filename().string();
+  const host::Submission submission{.queue = queue_,
+                                    .title = chosen_.title.value_or(name),
+                                    .files = files,
+                                    .options = options_.options(),
+                                    .ppdText = ppdText_,
+                                    .basis = basis_,
+                                    .attributes = chosen_.attributes,
+                                    .document = input_};
+  id_ = waitedFor<int>(waiter_, _("Sending the job…"), [submission](const host::Terms& terms) {
+    return host::submitJob(submission, terms);
+  });
+  return "request id is " + queue_.queue + "-" + std::to_string(id_) + " (" +
+         std::to_string(files.size()) + " file(s))";
 }
 
 }  // namespace cardpanels::cardprint

@@ -6,7 +6,9 @@
 #include <vector>
 
 #include "apps/cardprint/Arguments.h"
+#include "apps/cardprint/ChosenOptions.h"
 #include "apps/cardprint/DialogJob.h"
+#include "apps/cardprint/Printer.h"
 #include "apps/cardprint/Waiter.h"
 #include "apps/cardprint/Windows.h"
 #include "host/JobOptions.h"
@@ -40,41 +42,41 @@ class CardJob final : public DialogJob {
   const std::vector<std::string>& leftOut() const override { return leftOut_; }
 
   /// What options of the command line changed besides themselves, in sentences; "" for nothing.
-  const std::string& notice() const { return notice_; }
+  const std::string& notice() const { return chosen_.notice; }
 
-  /// Judges the job as a user would before they print. Throws `host::Error` for options that
-  /// exclude each other and for an area that is none. Answers what can be printed but cannot be
-  /// right, a sentence each.
-  std::vector<std::string> judged() const;
+  /// As `judged` of the options. Throws the same.
+  std::vector<std::string> judged() const { return cardprint::judged(options_); }
 
   std::string send() override;
 
- private:
-  /// Where the PPD comes from.
-  struct Printer;
+  /// The job's number once it was sent, 0 before.
+  int id() const { return id_; }
 
+ private:
   CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, Printer&& printer,
           const CardJob* before);
   std::vector<std::string> markedFirst(const std::vector<host::Option>& saved,
                                        const CardJob* before);
-  static Printer openPrinter(const Arguments& arguments, const host::Terms& terms);
-  static Printer openedPrinter(const Arguments& arguments, Waiter& waiter);
   std::shared_ptr<platform::Bundle> bundle();
-  std::string chosen(const std::vector<host::Option>& options);
+  ChosenOptions chosen(const std::vector<host::Option>& options);
   std::string summary();
-  std::string lastLine();
+  std::string optionsLine() const;
+  std::string requestLine();
 
   Waiter& waiter_;
   Windows* windows_;  // null without a dialog
+  const bool isSilent_;
   std::vector<std::string> files_;
+  std::shared_ptr<const std::string> input_;  // once it has been read
   host::QueueName queue_;
   std::string printerName_;
   platform::Text ppdText_;               // as the queue had it
   std::optional<host::JobBasis> basis_;  // nothing where a person has time to choose
   host::JobOptions options_;
   std::vector<std::string> leftOut_;
-  std::string notice_;
+  ChosenOptions chosen_;
   host::PanelHost panels_;
+  int id_ = 0;
 };
 
 }  // namespace cardpanels::cardprint

@@ -5,12 +5,32 @@
 #include <string_view>
 
 #include "host/Error.h"
+#include "platform/ASCII.h"
 #include "platform/Messages.h"
 
 namespace cardpanels::cardprint {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\n";
+constexpr std::string_view kBlanks = " \t\n\r\v\f";
+constexpr std::string_view kKeyEnds = " \t\n\r\v\f\"'=";
+
+[[noreturn]] void failAt(const std::string& argument) {
+  throw host::Error("-o " + argument + ": " + platform::_("This is not KEY=VALUE."));
+}
+
+/// What the word `key` alone asks for.
+host::Option switched(const std::string& key) {
+  const bool isOff = key.size() > 2 && platform::startsIgnoringCase(key, "no");
+  return isOff ? host::Option{key.substr(2), "false"} : host::Option{key, "true"};
+}
+
+/// Whether the word that `text` starts with is a number, as in areas, and no option of its own.
+bool continuesValue(std::string_view text) {
+  const std::size_t end = text.find_first_of(kKeyEnds);
+  if (end != std::string_view::npos && text[end] == '=') return false;
+  const std::size_t digit = text.find_first_not_of("+-.,");
+  return digit != std::string_view::npos && platform::isDigit(text[digit]);
+}
 
 class Reader {
  public:
@@ -25,56 +45,65 @@ class Reader {
   }
 
  private:
-  [[noreturn]] void fail() const {
-    throw host::Error("-o " + argument_ + ": " + platform::_("This is not KEY=VALUE."));
-  }
-
   void skipBlanks() {
     rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
   }
 
   host::Option readOption() {
-    const std::size_t length = keyLength(rest_);
-    if (length == 0) fail();
-    host::Option option{std::string(rest_.substr(0, length)), {}};
-    rest_.remove_prefix(length + 1);
-    const bool quoted = !rest_.empty() && (rest_.front() == '"' || rest_.front() == '\'');
-    option.value = quoted ? readQuoted() : readPlain();
-    return option;
+    const std::size_t end = rest_.find_first_of(kKeyEnds);
+    const std::string key(rest_.substr(0, end));
+    rest_.remove_prefix(key.size());
+    const char next = rest_.empty() ? ' ' : rest_.front();
+    if (key.empty() || next == '"' || next == '\'') failAt(argument_);
+    if (next != '=') return switched(key);
+    rest_.remove_prefix(1);
+    return {key, readValue()};
   }
 
-  /// The length of the key that `text` starts with, 0 when `KEY=` does not stand there.
-  static std::size_t keyLength(std::string_view text) {
-    const std::size_t end = text.find_first_of(" \t\n\"'=");
-    return end != std::string_view::npos && text[end] == '=' ? end : 0;
+  std::string readValue() {
+    const char first = rest_.empty() ? ' ' : rest_.front();
+    std::string value = first == '"' || first == '\'' ? readQuoted()
+                        : first == '{'                ? readBraces()
+                                                      : readPlain();
+    if (!rest_.empty() && !platform::isBlank(rest_.front())) failAt(argument_);
+    return value;
+  }
+
+  char takenCharacter() {
+    if (rest_.size() > 1 && rest_.front() == '\\') rest_.remove_prefix(1);
+    const char character = rest_.front();
+    rest_.remove_prefix(1);
+    return character;
   }
 
   std::string readQuoted() {
-    const char quote = rest_.front();
+    const char quote = takenCharacter();
     std::string value;
-    for (std::size_t i = 1; i < rest_.size(); ++i) {
-      if (rest_[i] == quote) {
-        const std::string_view after = rest_.substr(i + 1);
-        if (!after.empty() && kBlanks.find(after.front()) == std::string_view::npos) fail();
-        rest_ = after;
-        return value;
-      }
-      const bool escaped = rest_[i] == '\\' && i + 1 < rest_.size();
-      value += rest_[escaped ? ++i : i];
+    while (!rest_.empty() && rest_.front() != quote) value += takenCharacter();
+    if (rest_.empty()) failAt(argument_);
+    rest_.remove_prefix(1);
+    return value;
+  }
+
+  std::string readBraces() {
+    std::string value;
+    for (int depth = 0; !rest_.empty();) {
+      depth += rest_.front() == '{' ? 1 : rest_.front() == '}' ? -1 : 0;
+      value += takenCharacter();
+      if (depth == 0) return value;
     }
-    fail();
+    failAt(argument_);
   }
 
   std::string readPlain() {
-    std::size_t end = 0;
-    while ((end = rest_.find_first_of(kBlanks, end)) != std::string_view::npos) {
-      const std::size_t next = std::min(rest_.find_first_not_of(kBlanks, end), rest_.size());
-      if (next == rest_.size() || keyLength(rest_.substr(next)) > 0) break;
-      end = next;
+    std::string value;
+    while (!rest_.empty()) {
+      const std::size_t blanks = std::min(rest_.find_first_not_of(kBlanks), rest_.size());
+      if (blanks > 0 && (value.empty() || !continuesValue(rest_.substr(blanks)))) break;
+      value += rest_.substr(0, blanks);
+      rest_.remove_prefix(blanks);
+      value += takenCharacter();
     }
-    end = std::min(end, rest_.size());
-    std::string value(rest_.substr(0, end));
-    rest_.remove_prefix(end);
     return value;
   }
 
@@ -86,6 +115,13 @@ class Reader {
 
 std::vector<host::Option> parseOptionArgument(const std::string& argument) {
   return Reader(argument).run();
+}
+
+host::Option parseOption(const std::string& word) {
+  const std::size_t end = word.find('=');
+  if (word.empty() || end == 0) failAt(word);
+  return end == std::string::npos ? switched(word)
+                                  : host::Option{word.substr(0, end), word.substr(end + 1)};
 }
 
 }  // namespace cardpanels::cardprint

@@ -5,9 +5,13 @@
 
 #include "apps/cardprint/Arguments.h"
 #include "apps/cardprint/CardJob.h"
+#include "apps/cardprint/JobWait.h"
+#include "apps/cardprint/Jobs.h"
+#include "apps/cardprint/Output.h"
 #include "apps/cardprint/TerminalWaiter.h"
 #include "apps/cardprint/Windows.h"
 #include "host/Error.h"
+#include "host/PrintServer.h"
 #include "host/Program.h"
 #include "host/Submission.h"
 #include "platform/Log.h"
@@ -21,25 +25,21 @@ using host::tellError;
 using platform::_;
 
 constexpr int kCancelled = 1;
-constexpr int kPrintedUntold = 3;
 
-/// A script must not take a job that went out for one that did not, and print it again.
-int tellOutput(const std::string& output, bool wasPrinted) {
-  std::cout << output;
-  try {
-    host::flushOutput();
-    return 0;
-  } catch (const host::Error& error) {
-    if (!wasPrinted) throw;
-    tellError(std::string(error.what()) + " " + _("The job was printed."));
-    return kPrintedUntold;
-  }
+/// Answers the exit status of `job`, which was sent with `status`, once nothing comes of it any
+/// more.
+int waitedFor(const cardprint::Arguments& arguments, cardprint::CardJob& job,
+              cardprint::Waiter& waiter, int status) {
+  if (!arguments.wait || job.id() == 0) return status;
+  const bool isPrinted =
+      cardprint::waitForJobs(job.queue().queue, {job.id()}, job.panels().job().ppd(), waiter);
+  return isPrinted ? status : cardprint::kNotPrinted;
 }
 
 int printWithDialog(cardprint::CardJob& job, cardprint::Windows& windows, const std::string& told) {
   const auto choice = windows.choose(job, told);
   if (!choice.error.empty()) tellError(choice.error);
-  return choice.output ? tellOutput(*choice.output, job.hasFiles()) : kCancelled;
+  return choice.output ? cardprint::tellOutput(*choice.output, job.hasFiles()) : kCancelled;
 }
 
 void tell(const cardprint::CardJob& job) {
@@ -54,7 +54,8 @@ int printWithDialogs(const cardprint::Arguments& arguments) {
   for (std::string told;;) {
     tell(*job);
     try {
-      return printWithDialog(*job, *windows, told);
+      const int status = printWithDialog(*job, *windows, told);
+      return waitedFor(arguments, *job, windows->waiter(), status);
     } catch (const host::PPDChanged& changed) {
       told = changed.what();
     }
@@ -65,16 +66,19 @@ int printWithDialogs(const cardprint::Arguments& arguments) {
 
 int printAtOnce(const cardprint::Arguments& arguments) {
   cardprint::TerminalWaiter waiter;
+  if (arguments.each || !arguments.list.empty()) return cardprint::printJobs(arguments, waiter);
   cardprint::CardJob job(arguments, waiter);
   tell(job);
   const auto warnings = job.judged();
   for (const std::string& each : warnings) tellError(each);
   if (arguments.strict && !warnings.empty()) return host::kFailed;
-  return tellOutput(job.send(), job.hasFiles());
+  const int status = cardprint::tellOutput(job.send(), job.hasFiles());
+  return waitedFor(arguments, job, waiter, status);
 }
 
 int print(const cardprint::Arguments& arguments) {
   platform::setTraceToStandardError(arguments.trace);
+  host::useServer(arguments.server);
   try {
     return arguments.dialog ? printWithDialogs(arguments) : printAtOnce(arguments);
   } catch (const cardprint::Cancelled&) {

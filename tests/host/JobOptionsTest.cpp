@@ -4,6 +4,7 @@
 #include "host/Error.h"
 #include "host/JobOptions.h"
 #include "tests/host/TestJob.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace cardpanels::host {
 namespace {
@@ -256,6 +257,30 @@ TEST_F(Job, TheOnlyParameterMayBeNamedInBraces) {
   EXPECT_EQ(job.marked("area"), "Custom.1in 1in 2in 2in");
   EXPECT_TRUE(job.request("area", "{plain text}").granted);
   EXPECT_EQ(job.marked("area"), "Custom.{plain text}");
+}
+
+TEST_F(Job, ItsStateComesBackWhole) {
+  job.mark("area", "1in 1in 1in 1in");
+  const JobOptions::State before = job.state();
+  ASSERT_TRUE(job.requestAll({{"cardLaminate", "Front"}, {"area", "2in 2in 2in 2in"}}).granted);
+  ASSERT_TRUE(job.request("frontRibbon", "Color").granted);
+  job.requestAll({{"frontRibbon", "Color"}});
+  ASSERT_EQ(job.options().size(), 3);
+  job.restore(before);
+  EXPECT_EQ(job.options(), (Options{{"area", "Custom.1in 1in 1in 1in"}}));
+  EXPECT_EQ(job.marked("cardLaminate"), "None");
+}
+
+TEST(StateOfAJob, HoldsWhatRulesHaveChanged) {
+  JobOptions job =
+      jobOf(test::fileContent(CARDPANELS_SOURCE_DIR "/resources/ppd/card-laminate.ppd"));
+  job.mark("cardLaminate", "Both");
+  const JobOptions::State before = job.state();
+  ASSERT_TRUE(job.request("PageSize", "CR79").granted);
+  ASSERT_EQ(job.ruleChanges().size(), 1);
+  job.restore(before);
+  EXPECT_THAT(job.ruleChanges(), IsEmpty());
+  EXPECT_EQ(job.marked("cardLaminate"), "Both");
 }
 
 }  // namespace

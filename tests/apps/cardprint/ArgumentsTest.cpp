@@ -47,6 +47,19 @@ TEST(Arguments, OptionsAndFilesStandInAnyOrder) {
   EXPECT_TRUE(arguments.trace);
 }
 
+TEST(Arguments, LettersOfLpAreOptionsInTheirOrder) {
+  const Arguments arguments = parsed({"-n", "2", "-o", "copies=3", "-q5", "-Hhold", "-t", "A b",
+                                      "-P1-2", "-s", "-E", "-U", "ada", "-h", "host:632"});
+  EXPECT_THAT(arguments.options,
+              ElementsAre(Option{"copies", "2"}, Option{"copies", "3"}, Option{"job-priority", "5"},
+                          Option{"job-hold-until", "indefinite"}, Option{"job-name", "A b"},
+                          Option{"page-ranges", "1-2"}));
+  EXPECT_TRUE(arguments.silent);
+  EXPECT_TRUE(arguments.server.isEncrypted);
+  EXPECT_EQ(arguments.server.user, "ada");
+  EXPECT_EQ(arguments.server.server, "host:632");
+}
+
 TEST(Arguments, HelpWinsOverWhatFollows) {
   EXPECT_TRUE(parsed({"--help", "--ppd", "a", "-d", "b"}).help);
   EXPECT_TRUE(parsed({"--version", "/no/such/file"}).version);

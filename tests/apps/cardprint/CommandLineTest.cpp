@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cwchar>
 #include <map>
 #include <sstream>
@@ -128,11 +129,16 @@ TEST(Cardprint, NamesAnUnknownKey) {
 
 TEST(Cardprint, NamesAnUnknownChoice) {
   expectError(withSample("card-laminate", "-o cardLaminate=Gold"), "cardLaminate=Gold");
+  expectError(withSample("card-laminate", "-o cardLaminate"), "cardLaminate=true");
+}
+
+TEST(Cardprint, TakesWhatLibcupsKnowsOfJobsWithoutAServer) {
+  EXPECT_THAT(withSample("card-laminate", "-n 2 -o 'cardLaminate=Front fit-to-page'").output,
+              EndsWith("\n-o cardLaminate=Front -o copies=2 -o fit-to-page=true\n"));
 }
 
 TEST(Cardprint, NamesAnArgumentThatIsNoOption) {
-  expectError(withSample("card-laminate", "-o cardLaminate"),
-              "-o cardLaminate: This is not KEY=VALUE.");
+  expectError(withSample("card-laminate", "-o =Front"), "-o =Front: This is not KEY=VALUE.");
 }
 
 TEST(Cardprint, NamesAMissingPPD) {
@@ -157,17 +163,34 @@ TEST(Cardprint, NeedsADisplayForTheDialog) {
   expectError(cardprint("--ppd " + kSamples + "card-laminate.ppd"), "--no-dialog");
 }
 
+TEST(Cardprint, NamesOptionsThatDoNotGoTogether) {
+  for (const auto& [arguments, reason] :
+       std::map<std::string, std::string>{{"--each /dev/null", "--no-dialog"},
+                                          {"--list /dev/null", "--no-dialog"},
+                                          {"--no-dialog --list /dev/null /dev/zero", "/dev/zero"},
+                                          {"--no-dialog --list ''", "--list"},
+                                          {"--no-dialog --ppd a.ppd --list /dev/null", "/dev/null"},
+                                          {"--no-dialog --stop /dev/null", "--stop"},
+                                          {"--no-dialog - -", "Standard input"}}) {
+    expectError(cardprint(arguments), reason);
+  }
+}
+
 TEST(Cardprint, TellsHowToGetHelp) {
   const auto finished = cardprint("--surprise");
   EXPECT_EQ(finished.status, 2);
   EXPECT_THAT(finished.errors, AllOf(HasSubstr("--surprise"), HasSubstr("cardprint --help")));
 }
 
+constexpr std::array kOptions{"--ppd",       "-d",       "-o",       "-n",     "-t",     "-H",
+                              "-q",          "-P",       "-h",       "-U",     "-E",     "-s",
+                              "--no-dialog", "--strict", "--each",   "--list", "--stop", "--wait",
+                              "--trace",     "--help",   "--version"};
+
 TEST(Cardprint, HelpNamesEveryOption) {
   const auto finished = cardprint("--help");
   EXPECT_EQ(finished.status, 0);
-  for (const char* option :
-       {"--ppd", "-d", "-o", "--no-dialog", "--strict", "--trace", "--help", "--version"}) {
+  for (const char* option : kOptions) {
     EXPECT_THAT(finished.output, HasSubstr("\n  " + std::string(option)));
   }
 }
@@ -204,8 +227,7 @@ TEST(Cardprint, HelpIsInTheUsersLanguageWithinEightyColumns) {
       EXPECT_LE(columns(line), 80) << line;
       EXPECT_GE(columns(line), 0) << line;
     }
-    for (const char* option :
-         {"--ppd", "-d", "-o", "--no-dialog", "--strict", "--trace", "--help", "--version"}) {
+    for (const char* option : kOptions) {
       EXPECT_THAT(lines, Contains(StartsWith("  " + std::string(option)))) << language;
     }
   }
@@ -261,7 +283,7 @@ TEST(Cardprint, PrintsWhatAPPDSaysWithoutControlCharacters) {
 
 TEST(Cardprint, PrintsWhatTheCommandLineSaysWithoutControlCharacters) {
   for (const char* arguments :
-       {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'a\\x1b'", "$'/a\\x1b'"}) {
+       {"$'--a\\x1b'", "$'-\\x1b'", "--ppd $'/a\\x1b'", "-o $'=\\x1b'", "$'/a\\x1b'"}) {
     const auto finished = test::runCommand("bash -c \"CUPS_SERVER=/nowhere " CARDPANELS_BUILD_DIR
                                            "/bin/cardprint --no-dialog " +
                                            std::string(arguments) + "\"");

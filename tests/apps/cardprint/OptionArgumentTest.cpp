@@ -48,8 +48,33 @@ TEST(OptionArgument, AnInchMarkInsideAnUnquotedValueStays) {
               ElementsAre(Option{"a", "1\" 2\" 3\" 4\""}));
 }
 
+TEST(OptionArgument, AWordAloneIsTrueOrFalse) {
+  EXPECT_THAT(parseOptionArgument("landscape"), ElementsAre(Option{"landscape", "true"}));
+  EXPECT_THAT(
+      parseOptionArgument("nofit-to-page a=1 NoMirror"),
+      ElementsAre(Option{"fit-to-page", "false"}, Option{"a", "1"}, Option{"Mirror", "false"}));
+  EXPECT_THAT(parseOptionArgument("area=1in .5in -2in 3 no"),
+              ElementsAre(Option{"area", "1in .5in -2in 3"}, Option{"no", "true"}));
+}
+
+TEST(OptionArgument, AValueInBracesIsACollection) {
+  EXPECT_THAT(parseOptionArgument("media-col={media-size={x=1 y=2} t=a} b=2"),
+              ElementsAre(Option{"media-col", "{media-size={x=1 y=2} t=a}"}, Option{"b", "2"}));
+}
+
+TEST(OptionArgument, IsReadAsLibcupsReadsIt) {
+  for (const char* text :
+       {"a=1 b=2", "landscape", "nofoo NOBAR", "a= b", "a=1\\ 2", "a='x y' b=\"\\\"\"",
+        "c={x=1 y={z=\"a\\\"b\"}} d", "a=b=c", " a=1\tb=2\n", "a=1\" b=2'",
+        "page-ranges=1,3-5 fit-to-page number-up=2"}) {
+    EXPECT_EQ(host::OptionList(parseOptionArgument(text)).options(),
+              host::OptionList::parsed(text).options())
+        << text;
+  }
+}
+
 TEST(OptionArgument, AnythingElseIsToldWithItsText) {
-  for (const char* text : {"", "  ", "a", "=b", "a b=1", "a=\"open", "a=\"x\"y", "\"a\"=b"}) {
+  for (const char* text : {"", "  ", "=b", "a=\"open", "a=\"x\"y", "\"a\"=b", "a={b={c}"}) {
     try {
       parseOptionArgument(text);
       ADD_FAILURE() << text;
@@ -57,6 +82,13 @@ TEST(OptionArgument, AnythingElseIsToldWithItsText) {
       EXPECT_EQ(error.what(), std::string("-o ") + text + ": This is not KEY=VALUE.");
     }
   }
+}
+
+TEST(OptionArgument, OneWordHasAllBehindTheFirstEqualsSignAsItsValue) {
+  EXPECT_EQ(parseOption("a=x y=\"z\" {"), (Option{"a", "x y=\"z\" {"}));
+  EXPECT_EQ(parseOption("nofoo"), (Option{"foo", "false"}));
+  EXPECT_THROW(parseOption(""), host::Error);
+  EXPECT_THROW(parseOption("=a"), host::Error);
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/Format.h"
@@ -38,14 +37,6 @@ TEST_F(Choice, IsTheDefaultEvenWhenAnotherIsMarked) {
 TEST_F(Choice, IsNotTheDefaultInAnotherCase) {
   test::OptionRecord lower("Ribbon", "mono", {{"Mono", "Mono"}});
   EXPECT_FALSE(PDEChoice::choiceWithChoice(lower.choice(0))->isDefaultChoice());
-}
-
-TEST_F(Choice, LogsATitleThatThePPDsEncodingHasNot) {
-  test::RecordedLog log;
-  test::OptionRecord foreign("Ribbon", "Gr\xC3\xBCn", {{"Gr\xC3\xBCn", "Green"}});
-  const auto choice = PDEChoice::choiceWithChoice(foreign.choice(0));
-  EXPECT_EQ(choice->ppdTitle(), std::nullopt);
-  EXPECT_THAT(log.lines(), testing::Contains(testing::HasSubstr("could not create ppdTitle!")));
 }
 
 TEST_F(Choice, IsDescribedByTitlesMarkAndPlace) {
