@@ -68,8 +68,9 @@ bool waitForJobs(const std::string& queue, const std::vector<int>& ids, ppd_file
     }
     if (loss.empty()) continue;
     areAllPrinted = false;
-    const std::string job = queue + "-" + std::to_string(id);
-    host::tellError(job + ": " + loss);
+    std::string line = queue + "-" + std::to_string(id);
+    line.append(": ").append(loss);
+    host::tellError(line);
   }
   return areAllPrinted;
 }

@@ -15,14 +15,12 @@
 #include "host/Program.h"
 #include "host/Submission.h"
 #include "platform/Log.h"
-#include "platform/Messages.h"
 
 namespace {
 
 using namespace cardpanels;
 
 using host::tellError;
-using platform::_;
 
 constexpr int kCancelled = 1;
 
