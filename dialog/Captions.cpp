@@ -46,4 +46,9 @@ Text titleByName(const Captions& captions, std::string_view name) {
   return platform::filled(measurement(name.substr(dash + 1)), {{"area", *title}});
 }
 
+Text optionOfCaption(std::string_view name) {
+  if (!name.starts_with(kTitle)) return std::nullopt;
+  return std::string(name.substr(kTitle.size()));
+}
+
 }  // namespace cardpanels::dialog

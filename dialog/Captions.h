@@ -27,4 +27,8 @@ Captions captionsOf(const host::JobOptions& job, std::vector<std::string> button
 /// Nothing for another name, or where there is no title.
 platform::Text titleByName(const Captions& captions, std::string_view name);
 
+/// The option whose caption is the label that a user-interface file names so; nothing for a label
+/// that is no option's caption.
+platform::Text optionOfCaption(std::string_view name);
+
 }  // namespace cardpanels::dialog

@@ -23,4 +23,13 @@ struct Notice {
 
 using Notices = std::vector<Notice>;
 
+/// Whether both tell and offer the same, whatever the answers do.
+bool lookTheSame(const Notices& a, const Notices& b);
+
+/// The kind of the worst one; information without any.
+Notice::Kind worstKind(const Notices& notices);
+
+/// The name of the icon that stands for a kind in every icon theme.
+const char* iconName(Notice::Kind kind);
+
 }  // namespace cardpanels::dialog

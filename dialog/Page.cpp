@@ -18,6 +18,13 @@ using platform::_;
 
 PageView::~PageView() = default;
 
+std::string PageStatus::told() const {
+  if (isWrong()) return wrong;
+  auto all = pressing;
+  if (!printer.empty()) all.push_back(printer);
+  return joined(all, "\n");
+}
+
 Page::Page(host::PanelDriver& driver, PageView& view) : driver_(driver), view_(view) {
   if (driver.panels().empty()) return;
   for (const auto& panel : driver.panels()) {

@@ -28,6 +28,14 @@ struct PageStatus {
   /// The printer's state in a line; "" when there is nothing to know.
   std::string printer;
   bool operator==(const PageStatus&) const = default;
+
+  bool isWrong() const { return !wrong.empty(); }
+
+  /// What is told at the page's tab: what is wrong, else the rest, a line each; "" for nothing.
+  std::string told() const;
+
+  /// What is told outside of the page; while that is seen, its own bar tells what is pressing.
+  std::string toldBeside(bool pageIsSeen) const { return pageIsSeen && !isWrong() ? "" : told(); }
 };
 
 /// The page "Card" of a print dialog: a section a panel and a summary of all as the last, and a bar

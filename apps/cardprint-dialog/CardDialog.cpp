@@ -10,7 +10,7 @@
 #include "host/Error.h"
 #include "host/Submission.h"
 #include "platform/Messages.h"
-#include "ports/gtk3/MainLoop.h"
+#include "ports/gtk/MainLoop.h"
 #include "ports/gtk3/WindowWidth.h"
 
 namespace cardpanels::cardprint {
@@ -48,7 +48,7 @@ CardDialog::CardDialog(DialogJob& job, WindowWaiter& waiter, const std::string& 
 void CardDialog::watchPrinter() {
   if (job_.queue().queue.empty()) return;
   watching_ = std::make_shared<dialog::StateWatch>(
-      job_.queue().queue, gtk3::postToMainLoop, [this](const dialog::StateRead& read) {
+      job_.queue().queue, gtk::postToMainLoop, [this](const dialog::StateRead& read) {
         page_.page().tellState(dialog::stateLine(read, job_.panels().job().ppd()));
       });
 }

@@ -11,7 +11,7 @@
 #include "apps/cardprint/DialogJob.h"
 #include "host/PanelHost.h"
 #include "ports/gtk3/CardPage.h"
-#include "ports/gtk3/HandlerErrors.h"
+#include "ports/gtk/HandlerErrors.h"
 
 namespace cardpanels::cardprint {
 
@@ -40,7 +40,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
 
   DialogJob& job_;
   WindowWaiter& waiter_;
-  gtk3::HandlerErrors errors_{[this] { response(Gtk::RESPONSE_CANCEL); }};
+  gtk::HandlerErrors errors_{[this] { response(Gtk::RESPONSE_CANCEL); }};
   gtk3::CardPage page_;
   std::string error_;
   std::shared_ptr<void> watching_;  // the printer's state

@@ -12,7 +12,7 @@
 #include "apps/cardprint-dialog/ToolkitErrors.h"
 #include "host/ServerThread.h"
 #include "platform/Messages.h"
-#include "ports/gtk3/MainLoop.h"
+#include "ports/gtk/MainLoop.h"
 
 namespace cardpanels::cardprint {
 namespace {
@@ -68,7 +68,7 @@ std::shared_ptr<void> start(const std::shared_ptr<Errand>& errand, const Waiter:
     } catch (...) {
       errand->error = std::current_exception();
     }
-    gtk3::postToMainLoop([errand] {
+    gtk::postToMainLoop([errand] {
       errand->isDone = true;
       errand->loop->quit();
     });

@@ -1,112 +1,18 @@
-#include <dlfcn.h>
 #include <gmodule.h>
 #include <gtk/gtk.h>
 
-#include <algorithm>
-#include <cstring>
-#include <iterator>
+#include "apps/gtk-module/DialogWatch.h"
 
-#include "apps/gtk3-module/PageLibrary.h"
-#include "apps/gtk3-module/PrinterOptions.h"
-#include "dialog/CardKeys.h"
+// Every GTK 3 program loads this.
 
-// Every GTK program loads this: it does no more than watch for print dialogs, and uses nothing that
-// such a program has not loaded anyway.
-
-namespace cardpanels::gtk3module {
-namespace {
-
-bool isCardKey(const char* name) {
-  if (name == nullptr || !g_str_has_prefix(name, kOptionPrefix)) return false;
-  const char* const keyword = name + std::strlen(kOptionPrefix);
-  return std::any_of(std::begin(dialog::kCardKeys), std::end(dialog::kCardKeys),
-                     [keyword](const char* key) { return std::strcmp(keyword, key) == 0; });
-}
-
-bool hasCardOptions(GtkWidget* dialog) {
-  bool found = false;
-  forEachPrinterOption(dialog, [&found](GtkWidget*, GObject* option) {
-    found = found || isCardKey(optionName(option));
-  });
-  return found;
-}
-
-/// The path of the library with the page, found when the module is loaded: by a relative path that
-/// holds in the folder of that time only.
-char* pageLibrary = nullptr;
-
-char* findPageLibrary() {
-  Dl_info self{};
-  if (dladdr(reinterpret_cast<const void*>(&findPageLibrary), &self) == 0) return nullptr;
-  char* const path = g_canonicalize_filename(self.dli_fname, nullptr);
-  char* const target = g_file_read_link(path, nullptr);
-  char* const folder = g_path_get_dirname(path);
-  char* const real = target == nullptr ? g_strdup(path) : g_canonicalize_filename(target, folder);
-  char* const realFolder = g_path_get_dirname(real);
-  char* const library = g_build_filename(realFolder, CARDPANELS_PAGE_LIBRARY, nullptr);
-  g_free(path);
-  g_free(target);
-  g_free(folder);
-  g_free(real);
-  g_free(realFolder);
-  return library;
-}
-
-using ShowPrinter = decltype(&cardpanelsShowPrinter);
-
-ShowPrinter loadPage() {
-  void* const library = dlopen(pageLibrary, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-  void* const entry = library == nullptr ? nullptr : dlsym(library, "cardpanelsShowPrinter");
-  if (entry == nullptr) g_message("cardpanels: %s", dlerror());
-  return reinterpret_cast<ShowPrinter>(entry);
-}
-
-void printerSelected(GObject* dialog) {
-  static bool loaded = false;
-  static ShowPrinter showPrinter = nullptr;
-  const bool hasCard = hasCardOptions(GTK_WIDGET(dialog));
-  if (hasCard && !loaded) {
-    loaded = true;
-    showPrinter = loadPage();
-  }
-  if (showPrinter == nullptr) return;
-  GObject* printer = nullptr;
-  char* name = nullptr;
-  if (hasCard) g_object_get(dialog, "selected-printer", &printer, nullptr);
-  if (printer != nullptr) g_object_get(printer, "name", &name, nullptr);
-  showPrinter(GTK_WIDGET(dialog), name);
-  g_free(name);
-  g_clear_object(&printer);
-}
-
-/// Emission hook of GtkWidget::show.
-gboolean widgetShown(GSignalInvocationHint* /*hint*/, guint /*count*/, const GValue* values,
-                     gpointer /*data*/) {
-  static GType printDialog = G_TYPE_INVALID;  // registered by the first print dialog
-  if (printDialog == G_TYPE_INVALID) printDialog = g_type_from_name("GtkPrintUnixDialog");
-  auto* const widget = static_cast<GObject*>(g_value_get_object(values));
-  if (printDialog == G_TYPE_INVALID || !g_type_is_a(G_OBJECT_TYPE(widget), printDialog)) {
-    return TRUE;
-  }
-  constexpr const char* kWatched = "cardpanels-watched";
-  if (g_object_get_data(widget, kWatched) != nullptr) return TRUE;
-  g_object_set_data(widget, kWatched, widget);
-  g_signal_connect(widget, "notify::selected-printer", G_CALLBACK(printerSelected), nullptr);
-  printerSelected(widget);
-  return TRUE;
-}
-
-}  // namespace
-}  // namespace cardpanels::gtk3module
+using namespace cardpanels;
 
 extern "C" {
 
 /// Called by GModule. A module that a setting named may be closed again, the hook may not.
 G_MODULE_EXPORT const char* g_module_check_init(GModule* module) {
   g_module_make_resident(module);
-  if (cardpanels::gtk3module::pageLibrary == nullptr) {
-    cardpanels::gtk3module::pageLibrary = cardpanels::gtk3module::findPageLibrary();
-  }
+  gtkmodule::findPageLibrary("libcardpanels-gtk3-page.so");
   return nullptr;
 }
 
@@ -116,7 +22,7 @@ G_MODULE_EXPORT void gtk_module_init(int* /*argc*/, char*** /*argv*/) {
   if (watching) return;
   watching = true;
   g_type_class_ref(GTK_TYPE_WIDGET);
-  g_signal_add_emission_hook(g_signal_lookup("show", GTK_TYPE_WIDGET), 0,
-                             cardpanels::gtk3module::widgetShown, nullptr, nullptr);
+  g_signal_add_emission_hook(g_signal_lookup("show", GTK_TYPE_WIDGET), 0, gtkmodule::widgetAppears,
+                             nullptr, nullptr);
 }
 }

@@ -3,18 +3,17 @@
 #include <gtkmm/container.h>
 #include <pangomm/attributes.h>
 
-#include <string_view>
+#include "dialog/Captions.h"
 
 namespace cardpanels::gtk3 {
 namespace {
 
 template <class IsBold>
 void emphasize(Gtk::Widget& widget, const IsBold& isBold) {
-  constexpr std::string_view kPrefix = "title-";
-  auto* const label = dynamic_cast<Gtk::Label*>(&widget);
-  const std::string name = widget.get_name();
-  if (label != nullptr && name.starts_with(kPrefix)) {
-    makeBold(*label, isBold(name.substr(kPrefix.size())));
+  if (auto* const label = dynamic_cast<Gtk::Label*>(&widget)) {
+    if (const auto key = dialog::optionOfCaption(label->get_name().raw())) {
+      makeBold(*label, isBold(*key));
+    }
   }
   auto* const container = dynamic_cast<Gtk::Container*>(&widget);
   if (container == nullptr) return;

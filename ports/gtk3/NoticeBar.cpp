@@ -17,12 +17,6 @@ using dialog::Notice;
 constexpr int kMaximumHeight = 120;
 constexpr int kSpacing = 6;
 
-bool looksTheSame(const Notice& a, const Notice& b) {
-  return a.kind == b.kind && a.text == b.text &&
-         std::equal(a.answers.begin(), a.answers.end(), b.answers.begin(), b.answers.end(),
-                    [](const auto& x, const auto& y) { return x.label == y.label; });
-}
-
 Gtk::MessageType typeOf(Notice::Kind kind) {
   switch (kind) {
     case Notice::Kind::information: return Gtk::MESSAGE_INFO;
@@ -30,15 +24,6 @@ Gtk::MessageType typeOf(Notice::Kind kind) {
     case Notice::Kind::error: break;
   }
   return Gtk::MESSAGE_ERROR;
-}
-
-const char* iconOf(Notice::Kind kind) {
-  switch (kind) {
-    case Notice::Kind::information: return "dialog-information-symbolic";
-    case Notice::Kind::warning: return "dialog-warning-symbolic";
-    case Notice::Kind::error: break;
-  }
-  return "dialog-error-symbolic";
 }
 
 }  // namespace
@@ -74,17 +59,12 @@ void NoticeBar::fit(int width) {
 NoticeBar::~NoticeBar() { fitting_.disconnect(); }
 
 void NoticeBar::display(const dialog::Notices& notices) {
-  const bool same =
-      std::equal(notices.begin(), notices.end(), notices_.begin(), notices_.end(), looksTheSame);
+  const bool same = dialog::lookTheSame(notices, notices_);
   notices_ = notices;
   if (same) return;
   removeChildren(rows_);
-  auto worst = Notice::Kind::information;
-  for (std::size_t i = 0; i < notices_.size(); ++i) {
-    worst = std::max(worst, notices_[i].kind);
-    addRow(i);
-  }
-  set_message_type(typeOf(worst));
+  for (std::size_t i = 0; i < notices_.size(); ++i) addRow(i);
+  set_message_type(typeOf(dialog::worstKind(notices_)));
   set_visible(!notices_.empty());
 }
 
@@ -92,7 +72,7 @@ void NoticeBar::addRow(std::size_t index) {
   const Notice& notice = notices_[index];
   auto* const row = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_HORIZONTAL, kSpacing);
   auto* const icon = Gtk::make_managed<Gtk::Image>();
-  icon->set_from_icon_name(iconOf(notice.kind), Gtk::ICON_SIZE_BUTTON);
+  icon->set_from_icon_name(dialog::iconName(notice.kind), Gtk::ICON_SIZE_BUTTON);
   icon->set_valign(Gtk::ALIGN_START);
   row->pack_start(*icon, Gtk::PACK_SHRINK);
   auto* const label = Gtk::make_managed<Gtk::Label>(notice.text);

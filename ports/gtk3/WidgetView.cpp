@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "ports/gtk3/HandlerErrors.h"
+#include "ports/gtk/HandlerErrors.h"
 
 namespace cardpanels::gtk3 {
 namespace {
@@ -25,7 +25,7 @@ void fire(GClosure* closure, GValue* /*result*/, guint /*count*/, const GValue* 
   try {
     connection.action.fire(sender);
   } catch (...) {
-    reportHandlerError();
+    gtk::reportHandlerError();
   }
 }
 

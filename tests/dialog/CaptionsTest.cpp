@@ -35,5 +35,10 @@ TEST(Captions, StayTheFilesWhereThePPDHasNone) {
   EXPECT_EQ(titleByName(captions, "title-frontRibbon"), std::nullopt);
 }
 
+TEST(Captions, AreToldByTheirNames) {
+  EXPECT_THAT(optionOfCaption("title-frontRibbon"), Optional(Eq("frontRibbon")));
+  EXPECT_EQ(optionOfCaption("tag-3"), std::nullopt);
+}
+
 }  // namespace
 }  // namespace cardpanels::dialog

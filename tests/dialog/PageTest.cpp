@@ -226,5 +226,19 @@ TEST(PageOfNothing, HasNoSections) {
   EXPECT_FALSE(page.offersHelp());
 }
 
+TEST(PageStatus, TellsWhatIsWrongBeforeAllElse) {
+  const PageStatus status{"Wrong.", {"Pressing.", "More."}, "Printer stopped"};
+  EXPECT_EQ(status.told(), "Wrong.");
+  EXPECT_EQ(status.toldBeside(true), "Wrong.");
+}
+
+TEST(PageStatus, LeavesToThePageWhatThatTellsWhileItIsSeen) {
+  const PageStatus status{"", {"Pressing.", "More."}, "Printer stopped"};
+  EXPECT_EQ(status.told(), "Pressing.\nMore.\nPrinter stopped");
+  EXPECT_EQ(status.toldBeside(false), status.told());
+  EXPECT_EQ(status.toldBeside(true), "");
+  EXPECT_EQ(PageStatus{}.told(), "");
+}
+
 }  // namespace
 }  // namespace cardpanels::dialog

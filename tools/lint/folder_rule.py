@@ -54,15 +54,21 @@ TABLE = (
     Room("host", ("platform",), ("cups",)),
     Room("dialog", ("platform", "host"), ("cups",)),
     Room("ports/headless", ("platform", "dialog"), (PPD, "pugixml")),
-    Room("ports/gtk3", ("platform", "dialog"), (PPD, "gtk")),
+    Room("ports/gtk", (), ("gtk",)),
+    Room("ports/gtk3", ("platform", "dialog", "ports/gtk"), (PPD, "gtk")),
     Room("apps/pde-drive", ("platform", "host", "dialog", "ports/headless"), ("cups",)),
     Room("apps/cardprint", ("platform", "host", "dialog"), ("cups",)),
     Room(
         "apps/cardprint-dialog",
-        ("platform", "host", "dialog", "ports/gtk3", "apps/cardprint"),
+        ("platform", "host", "dialog", "ports/gtk", "ports/gtk3", "apps/cardprint"),
         ("cups", "gtk"),
     ),
-    Room("apps/gtk3-module", ("platform", "host", "dialog", "ports/gtk3"), ("cups", "gtk")),
+    Room("apps/gtk-module", ("platform", "host", "dialog", "ports/gtk"), ("cups", "gtk")),
+    Room(
+        "apps/gtk3-module",
+        ("platform", "host", "dialog", "ports/gtk", "ports/gtk3", "apps/gtk-module"),
+        ("cups", "gtk"),
+    ),
 )
 # These may include everything.
 FREE = ("tests", "bench", "fuzz")

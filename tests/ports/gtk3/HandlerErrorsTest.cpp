@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "ports/gtk3/GtkBundle.h"
-#include "ports/gtk3/HandlerErrors.h"
-#include "ports/gtk3/MainLoop.h"
+#include "ports/gtk/HandlerErrors.h"
+#include "ports/gtk/MainLoop.h"
 #include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/TestOwner.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
@@ -20,7 +20,7 @@ namespace {
 class HandlerErrorsTest : public testing::Test {
  protected:
   int thrown_ = 0;
-  HandlerErrors errors_{[this] { ++thrown_; }};
+  gtk::HandlerErrors errors_{[this] { ++thrown_; }};
 };
 
 TEST_F(HandlerErrorsTest, NothingIsThrownAgainWhenNothingWas) {
@@ -44,7 +44,7 @@ TEST_F(HandlerErrorsTest, GLibsErrorsAreThrownAgain) {
 }
 
 TEST_F(HandlerErrorsTest, WhatATaskOfTheMainLoopThrowsIsThrownAgain) {
-  postToMainLoop([] { throw std::out_of_range("task"); });
+  gtk::postToMainLoop([] { throw std::out_of_range("task"); });
   test::handleEvents();
   EXPECT_THROW(errors_.rethrow(), std::out_of_range);
 }

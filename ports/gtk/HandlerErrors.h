@@ -5,7 +5,7 @@
 #include <exception>
 #include <functional>
 
-namespace cardpanels::gtk3 {
+namespace cardpanels::gtk {
 
 /// Hands what is thrown to whoever watches for it, inside a handler that GTK's code calls: no
 /// exception passes through that.
@@ -32,4 +32,4 @@ class HandlerErrors {
   sigc::connection connection_;
 };
 
-}  // namespace cardpanels::gtk3
+}  // namespace cardpanels::gtk

@@ -4,25 +4,14 @@
 
 #include <cstring>
 
+#include "apps/gtk-module/Widgets.h"
+
 /// The objects of GTK's print dialog that hold the values of the printer's options. They are GTK's
 /// own: their types, properties and signals are found by name at run time.
-namespace cardpanels::gtk3module {
+namespace cardpanels::gtkmodule {
 
 /// What the dialog puts before the PPD's keyword in an option's name.
 constexpr const char* kOptionPrefix = "cups-";
-
-/// Calls `visit` for `widget` and all that is inside it.
-template <class Visit>
-void forEachWidget(GtkWidget* widget, Visit&& visit) {
-  visit(widget);
-  if (!GTK_IS_CONTAINER(widget)) return;
-  gtk_container_foreach(
-      GTK_CONTAINER(widget),
-      [](GtkWidget* child, gpointer data) {
-        forEachWidget(child, *static_cast<std::remove_reference_t<Visit>*>(data));
-      },
-      &visit);
-}
 
 /// Calls `visit` with the widget and the option that it shows, both borrowed, for each option below
 /// `widget`. Options and widgets live until the dialog changes its printer.
@@ -50,4 +39,4 @@ inline const char* optionName(GObject* option) {
   return name;
 }
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::gtkmodule

@@ -1,8 +1,8 @@
-#include "apps/gtk3-module/PrintGuard.h"
+#include "apps/gtk-module/PrintGuard.h"
 
 #include <utility>
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::gtkmodule {
 
 PrintGuard::PrintGuard(GtkPrintUnixDialog* dialog)
     : dialog_(dialog),
@@ -10,6 +10,7 @@ PrintGuard::PrintGuard(GtkPrintUnixDialog* dialog)
                 {gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog), GTK_RESPONSE_APPLY)}}} {
   for (const Button& each : buttons_) {
     if (each.widget == nullptr) continue;
+    g_object_ref(each.widget);
     g_signal_connect(each.widget, "notify::sensitive",
                      G_CALLBACK(+[](GtkWidget* widget, GParamSpec*, gpointer guard) {
                        static_cast<PrintGuard*>(guard)->sensitivityChanged(widget);
@@ -20,7 +21,9 @@ PrintGuard::PrintGuard(GtkPrintUnixDialog* dialog)
 
 PrintGuard::~PrintGuard() {
   for (const Button& each : buttons_) {
-    if (each.widget != nullptr) g_signal_handlers_disconnect_by_data(each.widget, this);
+    if (each.widget == nullptr) continue;
+    g_signal_handlers_disconnect_by_data(each.widget, this);
+    g_object_unref(each.widget);
   }
 }
 
@@ -57,4 +60,4 @@ void PrintGuard::hold(bool held) {
   setting_ = false;
 }
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::gtkmodule

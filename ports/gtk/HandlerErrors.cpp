@@ -1,11 +1,11 @@
-#include "ports/gtk3/HandlerErrors.h"
+#include "ports/gtk/HandlerErrors.h"
 
 #include <glibmm/exceptionhandler.h>
 #include <sigc++/sigc++.h>
 
 #include <utility>
 
-namespace cardpanels::gtk3 {
+namespace cardpanels::gtk {
 
 void reportHandlerError() { Glib::exception_handlers_invoke(); }
 
@@ -24,4 +24,4 @@ void HandlerErrors::keep() {
   thrown_();
 }
 
-}  // namespace cardpanels::gtk3
+}  // namespace cardpanels::gtk

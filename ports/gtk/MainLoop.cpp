@@ -1,12 +1,12 @@
-#include "ports/gtk3/MainLoop.h"
+#include "ports/gtk/MainLoop.h"
 
 #include <glib.h>
 
 #include <utility>
 
-#include "ports/gtk3/HandlerErrors.h"
+#include "ports/gtk/HandlerErrors.h"
 
-namespace cardpanels::gtk3 {
+namespace cardpanels::gtk {
 namespace {
 
 using Task = std::function<void()>;
@@ -28,4 +28,4 @@ void postToMainLoop(Task task) {
   g_idle_add_full(G_PRIORITY_DEFAULT, run, new Task(std::move(task)), forget);
 }
 
-}  // namespace cardpanels::gtk3
+}  // namespace cardpanels::gtk

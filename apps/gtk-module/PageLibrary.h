@@ -2,13 +2,10 @@
 
 #include <gtk/gtk.h>
 
-/// The shared object with the page, beside the module.
-#define CARDPANELS_PAGE_LIBRARY "libcardpanels-gtk3-page.so"
-
 extern "C" {
 /// Tells that the print dialog `dialog` shows the options of queue `printer` from now on; null for
 /// a printer without card options, or none. To be called on the thread of GTK, for one dialog again
-/// after each change. Its end is noticed.
+/// after each change. Its end is noticed. What the library with the page is opened for.
 __attribute__((visibility("default"))) void cardpanelsShowPrinter(GtkWidget* dialog,
                                                                   const char* printer);
 }

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace cardpanels::gtk3module {
+namespace cardpanels::gtkmodule {
 
 /// Keeps the user of GTK's print dialog from printing while something is wrong. GTK itself makes
 /// Print sensitive and insensitive as printers come and go, and goes on to have its way when this
@@ -35,4 +35,4 @@ class PrintGuard {
   bool setting_ = false;  // a change is our own
 };
 
-}  // namespace cardpanels::gtk3module
+}  // namespace cardpanels::gtkmodule

@@ -1,0 +1,235 @@
+#include "apps/gtk-module/UnixPrintDialog.h"
+
+#include <array>
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+#include "apps/gtk-module/PrinterOptions.h"
+
+namespace cardpanels::gtkmodule {
+namespace {
+
+using host::Option;
+
+struct Unref {
+  void operator()(gpointer object) const { g_object_unref(object); }
+};
+
+// The value of an option that is left out of the job.
+constexpr const char* kLeftOut = "gtk-ignore-value";
+
+/// Options that GTK gives names of its own.
+constexpr std::array<std::pair<const char*, const char*>, 4> kOwnNames = {{
+    {"gtk-duplex", "Duplex"},
+    {"gtk-paper-type", "MediaType"},
+    {"gtk-paper-source", "InputSlot"},
+    {"gtk-output-tray", "OutputBin"},
+}};
+
+/// The PPD's keyword of an option's name, "" for one that is not the PPD's.
+std::string keyOf(const char* name) {
+  if (name == nullptr) return {};
+  if (g_str_has_prefix(name, kOptionPrefix)) return name + std::strlen(kOptionPrefix);
+  for (const auto& [own, key] : kOwnNames) {
+    if (std::strcmp(name, own) == 0) return key;
+  }
+  return {};
+}
+
+std::string valueOf(GObject* option) {
+  char* value = nullptr;
+  g_object_get(option, "value", &value, nullptr);
+  std::string text = value == nullptr ? "" : value;
+  g_free(value);
+  return text;
+}
+
+/// Whether `name` is really the option's name: the dialog's settings tell its value under it.
+bool isConfirmed(GtkPrintSettings* settings, const char* name, GObject* option) {
+  if (!g_str_has_prefix(name, kOptionPrefix)) return true;
+  const char* const value = gtk_print_settings_get(settings, name);
+  return value != nullptr && value == valueOf(option);
+}
+
+/// The widget that GTK's description of the dialog calls `name`.
+GtkWidget* childNamed(GtkWidget* dialog, const char* name) {
+  GtkWidget* found = nullptr;
+  forEachWidget(dialog, [&](GtkWidget* each) {
+    const char* const own = buildableName(each);
+    if (own != nullptr && std::strcmp(own, name) == 0) found = each;
+  });
+  return found;
+}
+
+void hideWithLabels(GtkWidget* widget) {
+  GList* const labels = gtk_widget_list_mnemonic_labels(widget);
+  for (GList* each = labels; each != nullptr; each = each->next) {
+    gtk_widget_set_visible(GTK_WIDGET(each->data), FALSE);
+  }
+  g_list_free(labels);
+  gtk_widget_set_visible(widget, FALSE);
+}
+
+bool isLayout(GtkWidget* widget) {
+  return GTK_IS_BOX(widget) || GTK_IS_GRID(widget) || GTK_IS_VIEWPORT(widget) ||
+         GTK_IS_SCROLLED_WINDOW(widget);
+}
+
+/// Whether something is to be seen in `widget` but headings.
+bool showsSomething(GtkWidget* widget) {
+  if (gtk_widget_get_visible(widget) == FALSE || GTK_IS_LABEL(widget) || GTK_IS_SCROLLBAR(widget)) {
+    return false;
+  }
+  if (!isLayout(widget)) return true;
+  bool shows = false;
+  forEachChild(widget, [&shows](GtkWidget* child) { shows = shows || showsSomething(child); });
+  return shows;
+}
+
+/// Whether the dialog shows `widget` as a page, with a tab of its own.
+bool isPage(GtkWidget* widget) {
+  GtkWidget* const notebook = gtk_widget_get_ancestor(widget, GTK_TYPE_NOTEBOOK);
+  return notebook != nullptr && gtk_notebook_page_num(GTK_NOTEBOOK(notebook), widget) >= 0;
+}
+
+/// Hides the groups around `widget`, and the dialog's page, that nothing shows in any more. GTK
+/// shows pages anew for each printer, but no other container that is part of the dialog itself.
+void hideEmptyGroups(GtkWidget* widget) {
+  GtkWidget* each = gtk_widget_get_parent(widget);
+  while (each != nullptr && isLayout(each) && !showsSomething(each)) {
+    GtkWidget* const parent = gtk_widget_get_parent(each);
+    if (isPage(each) || buildableName(each) == nullptr) gtk_widget_set_visible(each, FALSE);
+    each = parent;
+  }
+}
+
+}  // namespace
+
+class UnixPrintDialog::Control {
+ public:
+  Control(std::string key, GObject* option, UnixPrintDialog& dialog)
+      : key_(std::move(key)), option_(G_OBJECT(g_object_ref(option))) {
+    handler_ = g_signal_connect_swapped(
+        option_.get(), "changed",
+        G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }), &dialog);
+  }
+  ~Control() { g_signal_handler_disconnect(option_.get(), handler_); }
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  const std::string& key() const { return key_; }
+  std::string value() const { return valueOf(option_.get()); }
+  void setValue(const std::string& value) {
+    g_object_set(option_.get(), "value", value.c_str(), nullptr);
+  }
+
+ private:
+  std::string key_;
+  std::unique_ptr<GObject, Unref> option_;
+  gulong handler_;
+};
+
+UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
+    : dialog_(dialog),
+      conflictSign_(childNamed(GTK_WIDGET(dialog), "conflicts_widget")),
+      paperSizes_(childNamed(GTK_WIDGET(dialog), "paper_size_combo")),
+      guard_(dialog) {
+  for (GtkWidget* each : {conflictSign_, paperSizes_}) {
+    if (each != nullptr) g_object_ref(each);
+  }
+  if (conflictSign_ != nullptr) {
+    g_signal_connect_swapped(conflictSign_, "notify::visible",
+                             G_CALLBACK(+[](UnixPrintDialog* shown) { shown->denyConflict(); }),
+                             this);
+  }
+  if (paperSizes_ != nullptr) {
+    const bool isComboBox = g_signal_lookup("changed", G_OBJECT_TYPE(paperSizes_)) != 0;
+    g_signal_connect_swapped(paperSizes_, isComboBox ? "changed" : "notify::selected",
+                             G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }),
+                             this);
+  }
+}
+
+UnixPrintDialog::~UnixPrintDialog() {
+  for (GtkWidget* each : {conflictSign_, paperSizes_}) {
+    if (each == nullptr) continue;
+    g_signal_handlers_disconnect_by_data(each, this);
+    g_object_unref(each);
+  }
+  forgetControls();
+}
+
+void UnixPrintDialog::forgetControls() {
+  controls_.clear();
+  if (changeSource_ != 0) g_source_remove(std::exchange(changeSource_, 0));
+}
+
+void UnixPrintDialog::controlsReplaced() {
+  forgetControls();
+  const std::unique_ptr<GtkPrintSettings, Unref> settings(
+      gtk_print_unix_dialog_get_settings(dialog_));
+  forEachPrinterOption(GTK_WIDGET(dialog_), [&](GtkWidget*, GObject* option) {
+    const char* const name = optionName(option);
+    std::string key = keyOf(name);
+    if (key.empty() || !isConfirmed(settings.get(), name, option)) return;
+    controls_.push_back(std::make_unique<Control>(std::move(key), option, *this));
+  });
+}
+
+void UnixPrintDialog::changeLater() {
+  if (changeSource_ != 0) return;
+  // Before GTK looks for conflicts, which it does when all else is done.
+  changeSource_ = g_idle_add_full(
+      G_PRIORITY_HIGH_IDLE,
+      [](gpointer data) -> gboolean {
+        auto* const self = static_cast<UnixPrintDialog*>(data);
+        self->changeSource_ = 0;
+        if (self->changed_) self->changed_();
+        return G_SOURCE_REMOVE;
+      },
+      this, nullptr);
+}
+
+void UnixPrintDialog::denyConflict() {
+  if (gtk_widget_get_visible(conflictSign_) == FALSE) return;
+  if (conflictDenied_ && conflictDenied_()) gtk_widget_set_visible(conflictSign_, FALSE);
+}
+
+std::vector<Option> UnixPrintDialog::options() const {
+  std::vector<Option> all;
+  for (const auto& each : controls_) {
+    Option option{each->key(), each->value()};
+    if (option.value != kLeftOut) all.push_back(std::move(option));
+  }
+  return all;
+}
+
+std::string UnixPrintDialog::pageSize() const {
+  GtkPageSetup* const setup = gtk_print_unix_dialog_get_page_setup(dialog_);
+  if (setup == nullptr) return {};
+  const char* const name = gtk_paper_size_get_ppd_name(gtk_page_setup_get_paper_size(setup));
+  return name == nullptr ? "" : name;
+}
+
+void UnixPrintDialog::set(const Option& option) {
+  for (const auto& each : controls_) {
+    if (each->key() == option.key) each->setValue(option.value);
+  }
+}
+
+void UnixPrintDialog::hideControls(const std::set<std::string>& keys) {
+  forEachPrinterOption(GTK_WIDGET(dialog_), [&keys](GtkWidget* widget, GObject* option) {
+    if (!keys.contains(keyOf(optionName(option)))) return;
+    hideWithLabels(widget);
+    hideEmptyGroups(widget);
+  });
+}
+
+void UnixPrintDialog::showStatus(const dialog::PageStatus& status) {
+  status_ = status;
+  guard_.hold(status_.isWrong());
+  tellStatus();
+}
+
+}  // namespace cardpanels::gtkmodule

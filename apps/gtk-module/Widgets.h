@@ -1,0 +1,47 @@
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include <type_traits>
+
+/// The tree of widgets, which GTK 3 and GTK 4 keep in different ways.
+namespace cardpanels::gtkmodule {
+
+/// Calls `visit` for each child of `widget`, in GTK 3 but for those that GTK keeps to itself.
+template <class Visit>
+void forEachChild(GtkWidget* widget, Visit&& visit) {
+#if GTK_CHECK_VERSION(4, 0, 0)
+  GtkWidget* next = nullptr;
+  for (GtkWidget* each = gtk_widget_get_first_child(widget); each != nullptr; each = next) {
+    next = gtk_widget_get_next_sibling(each);
+    visit(each);
+  }
+#else
+  if (!GTK_IS_CONTAINER(widget)) return;
+  gtk_container_foreach(
+      GTK_CONTAINER(widget),
+      [](GtkWidget* child, gpointer data) {
+        (*static_cast<std::remove_reference_t<Visit>*>(data))(child);
+      },
+      &visit);
+#endif
+}
+
+/// Calls `visit` for `widget` and all that is inside it.
+template <class Visit>
+void forEachWidget(GtkWidget* widget, Visit&& visit) {
+  visit(widget);
+  forEachChild(widget, [&visit](GtkWidget* child) { forEachWidget(child, visit); });
+}
+
+/// What GTK's description of a dialog calls `widget`; null for what has no name there.
+inline const char* buildableName(GtkWidget* widget) {
+  if (!GTK_IS_BUILDABLE(widget)) return nullptr;
+#if GTK_CHECK_VERSION(4, 0, 0)
+  return gtk_buildable_get_buildable_id(GTK_BUILDABLE(widget));
+#else
+  return gtk_buildable_get_name(GTK_BUILDABLE(widget));
+#endif
+}
+
+}  // namespace cardpanels::gtkmodule
