@@ -9,17 +9,33 @@
 #include <string>
 #include <vector>
 
-// A program that prints, for the tests: each line of the pipe that it is started with is a command.
+// A program that prints, for the tests, with GTK 3 or GTK 4: each line of the pipe that it is
+// started with is a command.
 //
-//   operation   a GtkPrintOperation, which starts from the settings of the one before
-//   dialog      a GtkPrintUnixDialog; on Print and Preview its settings are written as KEY=VALUE
-//   lines hide, show, destroy   do that to the dialog opened last quit        ends the main loop
-//   leave       makes / the current folder
+//   operation            a GtkPrintOperation, which starts from the settings of the one before
+//   dialog               a GtkPrintUnixDialog; on Print and Preview its settings are written as
+//                        KEY=VALUE lines
+//   hide, show, destroy  do that to the dialog opened last
+//   quit                 ends the main loop
+//   leave                makes / the current folder
 
 namespace {
 
 GtkPrintSettings* settings = nullptr;
 std::vector<GtkWidget*> dialogs;
+GMainLoop* loop = nullptr;
+
+#if GTK_CHECK_VERSION(4, 0, 0)
+GtkWidget* newWindow() { return gtk_window_new(); }
+void destroyWindow(GtkWidget* window) { gtk_window_destroy(GTK_WINDOW(window)); }
+#else
+GtkWidget* newWindow() { return gtk_window_new(GTK_WINDOW_TOPLEVEL); }
+void destroyWindow(GtkWidget* window) { gtk_widget_destroy(window); }
+#endif
+
+void setVisible(GtkWidget* window, bool visible) {
+  gtk_widget_set_visible(window, visible ? TRUE : FALSE);
+}
 
 void drawPage(GtkPrintOperation* /*operation*/, GtkPrintContext* context, int /*page*/) {
   cairo_t* const cairo = gtk_print_context_get_cairo_context(context);
@@ -55,7 +71,7 @@ void responded(GtkDialog* dialog, int response, gpointer /*data*/) {
   }
   std::printf("response %d\n", response);
   std::fflush(stdout);
-  gtk_widget_hide(GTK_WIDGET(dialog));
+  setVisible(GTK_WIDGET(dialog), false);
 }
 
 void openDialog() {
@@ -65,27 +81,27 @@ void openDialog() {
                                                 GTK_PRINT_CAPABILITY_PREVIEW);
   g_signal_connect(dialog, "response", G_CALLBACK(responded), nullptr);
   dialogs.push_back(dialog);
-  gtk_widget_show(dialog);
+  setVisible(dialog, true);
 }
 
 gboolean command(GIOChannel* channel, GIOCondition /*condition*/, gpointer /*data*/) {
   char* line = nullptr;
   if (g_io_channel_read_line(channel, &line, nullptr, nullptr, nullptr) != G_IO_STATUS_NORMAL) {
-    gtk_main_quit();
+    g_main_loop_quit(loop);
     return FALSE;
   }
   const std::string name = g_strstrip(line);
   g_free(line);
   if (name == "operation") runOperation();
   if (name == "dialog") openDialog();
-  if (name == "hide") gtk_widget_hide(dialogs.back());
-  if (name == "show") gtk_widget_show(dialogs.back());
+  if (name == "hide") setVisible(dialogs.back(), false);
+  if (name == "show") setVisible(dialogs.back(), true);
   if (name == "destroy") {
-    gtk_widget_destroy(dialogs.back());
+    destroyWindow(dialogs.back());
     dialogs.pop_back();
   }
   if (name == "leave" && chdir("/") != 0) std::abort();
-  if (name == "quit") gtk_main_quit();
+  if (name == "quit") g_main_loop_quit(loop);
   return TRUE;
 }
 
@@ -94,15 +110,20 @@ gboolean terminated(gpointer /*data*/) { std::exit(0); }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  gtk_init(&argc, &argv);
-  GtkWidget* const window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+int main(int /*argc*/, char** argv) {
+#if GTK_CHECK_VERSION(4, 0, 0)
+  gtk_init();
+#else
+  gtk_init(nullptr, nullptr);
+#endif
+  GtkWidget* const window = newWindow();
   gtk_window_set_title(GTK_WINDOW(window), "Print program");
-  gtk_widget_show_all(window);
+  setVisible(window, true);
   // Read and write: the pipe stays open while nobody writes.
   GIOChannel* const input = g_io_channel_new_file(argv[1], "r+", nullptr);
   g_io_add_watch(input, G_IO_IN, command, nullptr);
   g_unix_signal_add(SIGTERM, terminated, nullptr);
-  gtk_main();
+  loop = g_main_loop_new(nullptr, FALSE);
+  g_main_loop_run(loop);
   return 0;
 }
