@@ -19,8 +19,8 @@ Text TextBundle::localizedStringForKey_value_table(const std::string& key, const
   return text;
 }
 
-std::string TextBundle::viewFile(const std::string& name) const {
-  return path_ + "/resources/ui/" + name + ".ui";
+std::string TextBundle::viewFile(const std::string& name, const std::string& folder) const {
+  return path_ + "/resources/" + folder + "/" + name + ".ui";
 }
 
 }  // namespace cardpanels::dialog

@@ -25,8 +25,9 @@ class TextBundle : public platform::Bundle {
   std::string_view className() const override { return "Bundle"; }
 
  protected:
-  /// The path of the user-interface file `name`.
-  std::string viewFile(const std::string& name) const;
+  /// The path of the user-interface file `name`; a toolkit with a form of its own has it in another
+  /// `folder`.
+  std::string viewFile(const std::string& name, const std::string& folder = "ui") const;
 
   void setLoadError(platform::Text error) { loadError_ = std::move(error); }
 

@@ -42,15 +42,18 @@ OWN = {
     "plugin": "^(panels|choices|plugin|area-strings|trace-allocation)-test",
     "host": "^host-",
     "dialog": "^dialog-(test|state)",
+    "ports/gtk": "^gtk[34]-test",
     "ports/gtk3": "^gtk3-test",
+    "ports/gtk4": "^gtk4-test",
     "ports/headless": "^headless-test",
     "apps/cardprint": "^cardprint-",
     "apps/cardprint-dialog": "^cardprint-(window|dialog|queue)",
+    "apps/gtk-module": "^gtk[34]-module",
     "apps/gtk3-module": "^gtk3-module",
     "apps/pde-drive": "^pde-drive-",
 }
 # Servers, windows and people take their time: asked last.
-SLOW = "^gtk3-module|^cardprint-(command|queue|dialog|window)|^host-queue|^dialog-state"
+SLOW = "^gtk[34]-module|^cardprint-(command|queue|dialog|window)|^host-queue|^dialog-state"
 
 NOT_CODE = re.compile(
     r"//[^\n]*|/\*.*?\*/"

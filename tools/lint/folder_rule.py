@@ -56,6 +56,7 @@ TABLE = (
     Room("ports/headless", ("platform", "dialog"), (PPD, "pugixml")),
     Room("ports/gtk", (), ("gtk",)),
     Room("ports/gtk3", ("platform", "dialog", "ports/gtk"), (PPD, "gtk")),
+    Room("ports/gtk4", ("platform", "dialog", "ports/gtk"), (PPD, "gtk")),
     Room("apps/pde-drive", ("platform", "host", "dialog", "ports/headless"), ("cups",)),
     Room("apps/cardprint", ("platform", "host", "dialog"), ("cups",)),
     Room(

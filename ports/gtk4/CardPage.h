@@ -1,0 +1,81 @@
+#pragma once
+
+#include <gtkmm/box.h>
+#include <gtkmm/button.h>
+#include <gtkmm/scrolledwindow.h>
+#include <gtkmm/stack.h>
+
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "dialog/Page.h"
+#include "dialog/PageView.h"
+#include "ports/gtk4/HelpButton.h"
+#include "ports/gtk4/NoticeBar.h"
+#include "ports/gtk4/PageKeys.h"
+#include "ports/gtk4/Sidebar.h"
+#include "ports/gtk4/SummaryGrid.h"
+#include "ports/gtk4/TabOrder.h"
+
+namespace cardpanels::gtk4 {
+
+/// The widgets of the page "Card": the sections by name in a sidebar, the one that is selected
+/// beside it, and the bar above.
+class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageView {
+ public:
+  /// A page on `driver`'s panels, which must outlive it.
+  explicit CardPage(host::PanelDriver& driver);
+  ~CardPage() override;
+
+  /// What the page does.
+  dialog::Page& page() { return *page_; }
+
+  /// What the page would like to be wide, in pixels, for the widest of its panels whatever they
+  /// show. Loads all of them.
+  int naturalWidth();
+
+  /// Has the window become wide enough for `naturalWidth`, within the monitor, when the page is
+  /// first seen. For a window that another program makes.
+  void widenWindowWhenSeen();
+
+ protected:
+  void on_map() override;
+  void on_unmap() override;
+
+ private:
+  bool moveFocus(GtkDirectionType direction) override;
+  void showSection(std::size_t section) override;
+  void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) override;
+  void fillSectionWithText(std::size_t section, const std::string& text) override;
+  void showSummary(const dialog::Summary& summary) override;
+  void markRow(std::size_t section, const std::string& why) override;
+  void emphasize(std::size_t section, const std::set<std::string>& keys) override;
+  void showNotices(const dialog::Notices& notices) override;
+  void allowReset(bool allowed) override { resetButton_.set_sensitive(allowed); }
+  void later(std::function<void()> task) override;
+
+  void perform(const std::function<void()>& task);
+  void addSections();
+  void addSection(const std::string& name);
+  void addKeys();
+  void widenWindow();
+  void rowSelected(Gtk::ListBoxRow* row);
+
+  NoticeBar noticeBar_;
+  Sidebar sidebar_;
+  Gtk::Button resetButton_;
+  HelpButton help_;
+  Gtk::Stack stack_;
+  SummaryGrid summary_;
+  Gtk::Widget* columns_ = nullptr;                 // all but the bar
+  std::vector<Gtk::ScrolledWindow*> frames_;       // a section each
+  std::vector<std::set<std::string>> emphasized_;  // the options in bold there
+  std::unique_ptr<dialog::Page> page_;
+  std::unique_ptr<PageKeys> keys_;
+  sigc::connection seen_;
+};
+
+}  // namespace cardpanels::gtk4

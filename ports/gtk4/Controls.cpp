@@ -1,0 +1,173 @@
+#include "ports/gtk4/Controls.h"
+
+#include <gtkmm/cssprovider.h>
+#include <gtkmm/eventcontrollerfocus.h>
+#include <gtkmm/listitem.h>
+#include <gtkmm/notebook.h>
+#include <gtkmm/signallistitemfactory.h>
+#include <gtkmm/stack.h>
+#include <gtkmm/stringobject.h>
+
+#include "ports/gtk4/AccessibleName.h"
+
+namespace cardpanels::gtk4 {
+namespace {
+
+constexpr int kFewestCharacters = 8;
+constexpr const char* kMeasurement = "cardpanels-measurement";
+
+/// A marked field is told by its frame and icon; the theme's red on a dark ground is hard to read.
+void makeMarkedTextReadable() {
+  static const auto provider = [] {
+    auto made = Gtk::CssProvider::create();
+    made->load_from_data("entry.cardpanels-measurement.error { color: @theme_text_color; }");
+    gtk_style_context_add_provider_for_display(gdk_display_get_default(),
+                                               GTK_STYLE_PROVIDER(made->gobj()),
+                                               GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+    return made;
+  }();
+}
+
+/// Shows titles, cut where the window is small.
+Glib::RefPtr<Gtk::ListItemFactory> cutTitles() {
+  auto factory = Gtk::SignalListItemFactory::create();
+  factory->signal_setup().connect([](const Glib::RefPtr<Gtk::ListItem>& item) {
+    auto* const label = Gtk::make_managed<Gtk::Label>();
+    label->set_xalign(0);
+    label->set_ellipsize(Pango::EllipsizeMode::END);
+    label->set_width_chars(kFewestCharacters);
+    item->set_child(*label);
+  });
+  factory->signal_bind().connect([](const Glib::RefPtr<Gtk::ListItem>& item) {
+    const auto text = std::dynamic_pointer_cast<Gtk::StringObject>(item->get_item());
+    auto* const label = dynamic_cast<Gtk::Label*>(item->get_child());
+    if (text && label != nullptr) label->set_text(text->get_string());
+  });
+  return factory;
+}
+
+}  // namespace
+
+EntryField::EntryField(const Glib::RefPtr<Gtk::Widget>& entry_) : Viewed(entry_) {
+  if (entry().get_max_length() == 0) entry().set_max_length(kMaximumLength);
+  makeMarkedTextReadable();
+  entry().add_css_class(kMeasurement);
+  entry().signal_changed().connect(sigc::mem_fun(*this, &EntryField::changed));
+  entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::activated));
+  const auto focus = Gtk::EventControllerFocus::create();
+  focus->signal_leave().connect(sigc::mem_fun(*this, &EntryField::focusLeft));
+  entry().add_controller(focus);
+}
+
+void EntryField::changed() { textChanged(!programSets()); }
+
+void EntryField::setStringValue(const platform::Text& text) {
+  const ProgramSets guard(*this);
+  entry().set_text(text.value_or(""));
+  textSet();
+}
+
+std::string EntryField::caption() const { return accessibleName(widget()); }
+
+/// The focus is on a part of the entry.
+bool EntryField::hasFocus() const {
+  GtkWidget* const own = widget().gobj();
+  GtkRoot* const root = gtk_widget_get_root(own);
+  GtkWidget* const focus = root == nullptr ? nullptr : gtk_root_get_focus(root);
+  return focus != nullptr && (focus == own || gtk_widget_is_ancestor(focus, own) != FALSE);
+}
+
+void EntryField::mark(const platform::Text& why) {
+  const std::string help = why.value_or(help_);
+  if (why) {
+    entry().add_css_class("error");
+    entry().set_icon_from_icon_name("dialog-error-symbolic", Gtk::Entry::IconPosition::SECONDARY);
+    entry().set_icon_tooltip_text(help, Gtk::Entry::IconPosition::SECONDARY);
+  } else {
+    entry().remove_css_class("error");
+    entry().unset_icon(Gtk::Entry::IconPosition::SECONDARY);
+  }
+  entry().set_tooltip_text(help);
+  setAccessibleDescription(entry(), help);
+}
+
+void EntryField::activated() {
+  const auto self = shared_from_this();  // its page may let it go
+  enter();
+}
+
+void EntryField::focusLeft() {
+  const auto self = shared_from_this();
+  leave();
+}
+
+void Menu::addItem(const std::shared_ptr<platform::MenuItem>& item) {
+  if (!item) return;
+  items_.push_back(item);
+  show_(item->title().value_or(""));
+}
+
+std::shared_ptr<platform::MenuItem> Menu::itemAtIndex(std::int64_t index) {
+  const bool there = index >= 0 && index < static_cast<std::int64_t>(items_.size());
+  return there ? items_[static_cast<std::size_t>(index)] : nullptr;
+}
+
+PopUpButton::PopUpButton(const Glib::RefPtr<Gtk::Widget>& dropDown_)
+    : Viewed(dropDown_),
+      titles_(Gtk::StringList::create({})),
+      menu_(std::make_shared<Menu>(sigc::mem_fun(*this, &PopUpButton::show))) {
+  dropDown().set_factory(cutTitles());
+  dropDown().set_model(titles_);
+}
+
+/// The drop-down list would select the first title as it comes.
+void PopUpButton::show(const std::string& title) {
+  const ProgramSets guard(*this);
+  const guint selected = dropDown().get_selected();
+  titles_->append(title);
+  select(selected);
+}
+
+void PopUpButton::removeAllItems() {
+  const ProgramSets guard(*this);
+  menu_->clear();
+  titles_->splice(0, titles_->get_n_items(), {});
+  select(GTK_INVALID_LIST_POSITION);
+}
+
+void PopUpButton::select(guint index) {
+  dropDown().set_selected(index);
+  told_ = index;
+}
+
+/// A drop-down list tells twice of a change during which another item is selected.
+bool PopUpButton::isUsersChange() {
+  return !programSets() &&
+         dropDown().get_selected() != std::exchange(told_, dropDown().get_selected());
+}
+
+std::int64_t PopUpButton::indexOfSelectedItem() const {
+  const guint selected = dropDown().get_selected();
+  return selected == GTK_INVALID_LIST_POSITION ? -1 : static_cast<std::int64_t>(selected);
+}
+
+void PopUpButton::selectItemAtIndex(std::int64_t index) {
+  const ProgramSets guard(*this);
+  select(menu_->itemAtIndex(index) ? static_cast<guint>(index) : GTK_INVALID_LIST_POSITION);
+}
+
+std::shared_ptr<platform::View> viewOver(const Glib::RefPtr<Gtk::Widget>& widget) {
+  const Gtk::Widget* const kind = widget.get();
+  if (dynamic_cast<const Gtk::DropDown*>(kind) != nullptr) {
+    return std::make_shared<PopUpButton>(widget);
+  }
+  if (dynamic_cast<const Gtk::Entry*>(kind) != nullptr) return std::make_shared<EntryField>(widget);
+  if (dynamic_cast<const Gtk::Label*>(kind) != nullptr) return std::make_shared<LabelField>(widget);
+  if (dynamic_cast<const Gtk::Notebook*>(kind) != nullptr ||
+      dynamic_cast<const Gtk::Stack*>(kind) != nullptr) {
+    return std::make_shared<TabView>(widget);
+  }
+  return std::make_shared<View>(widget);
+}
+
+}  // namespace cardpanels::gtk4
