@@ -32,6 +32,8 @@ TESTED_BY = {
     "lib/libcardprint-dialog.so": "^cardprint-(dialog|queue)",
     "lib/libcardpanels-gtk3-module.so": "^gtk3-module",
     "lib/libcardpanels-gtk3-page.so": "^gtk3-module",
+    "lib/libcardpanels-gtk4-module.so": "^gtk4-module",
+    "lib/libcardpanels-gtk4-page.so": "^gtk4-module",
     "lib/cardpanels.bundle/cardpanels.so": (
         "^(panels|plugin|dialog|host-panels)-test|^cardprint-|^gtk3-module|^project-plug-in"
     ),
@@ -50,6 +52,7 @@ OWN = {
     "apps/cardprint-dialog": "^cardprint-(window|dialog|queue)",
     "apps/gtk-module": "^gtk[34]-module",
     "apps/gtk3-module": "^gtk3-module",
+    "apps/gtk4-module": "^gtk4-module",
     "apps/pde-drive": "^pde-drive-",
 }
 # Servers, windows and people take their time: asked last.

@@ -92,6 +92,7 @@ class TheChecker(unittest.TestCase):
             ("ports/gtk3/View.h", '"ports/gtk4/View.h"'),
             ("ports/gtk/MainLoop.h", '"dialog/Page.h"'),
             ("apps/gtk-module/Module.h", '"ports/gtk3/View.h"'),
+            ("apps/gtk4-module/Module.cpp", '"ports/gtk3/View.h"'),
             ("apps/cardprint/main.cpp", '"ports/headless/Bundle.h"'),
             ("apps/cardprint/main.cpp", '"ports/gtk3/View.h"'),
             ("apps/cardprint/main.cpp", '"apps/cardprint-dialog/CardDialog.h"'),

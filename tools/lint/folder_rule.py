@@ -70,6 +70,11 @@ TABLE = (
         ("platform", "host", "dialog", "ports/gtk", "ports/gtk3", "apps/gtk-module"),
         ("cups", "gtk"),
     ),
+    Room(
+        "apps/gtk4-module",
+        ("platform", "host", "dialog", "ports/gtk", "ports/gtk4", "apps/gtk-module"),
+        ("cups", "gtk"),
+    ),
 )
 # These may include everything.
 FREE = ("tests", "bench", "fuzz")

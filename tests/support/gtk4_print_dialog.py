@@ -1,0 +1,219 @@
+"""GTK 4's print dialog in a program on a test's desktop, used as a person would.
+
+GTK 4.8 tells assistive technology no more of what shows than which widgets are not hidden, and lets
+it select in few of them: printers, tabs and choices are clicked and reached by keys, as by a person.
+"""
+
+import subprocess
+
+import atspi_driver as user
+from atspi_driver import Atspi
+
+
+def has_state(node, state):
+    return node.get_state_set().contains(state)
+
+
+def visible(node):
+    """The node and all below it that are not hidden, in reading order."""
+    node.clear_cache()
+    yield node
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        if child is not None and has_state(child, Atspi.StateType.VISIBLE):
+            yield from visible(child)
+
+
+def place(node):
+    """Where the node is in its window."""
+    return node.get_component_iface().get_extents(Atspi.CoordType.WINDOW)
+
+
+class Gtk4PrintDialog:
+    """The print dialog of that title that a program shows."""
+
+    def __init__(self, desktop, program, title="Print"):
+        self.program = program
+        self._desktop = desktop
+        self._title = title
+        self._card = None  # the page Card, which is quicker to look through than the dialog
+
+    @property
+    def root(self):
+        return user.wait_for(self._root_now, f"no dialog {self._title!r}")
+
+    def _root_now(self):
+        root = self.program.root
+        windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
+        fitting = [each for each in windows if each and each.get_name() == self._title]
+        shown = [each for each in fitting if self._windows_now() and place(each).width > 1]
+        return shown[-1] if shown else None
+
+    def _windows_now(self):
+        pid = str(self.program.pid)
+        found = self._xdotool("search", "--all", "--onlyvisible", "--pid", pid, "--name",
+                              f"^{self._title}$")
+        return found.split()
+
+    def is_open(self):
+        return bool(self._windows_now())
+
+    def find(self, role, name=None, inside=None):
+        def look():
+            for each in visible(inside or self.root):
+                if user.role_name(each) == role and name in (None, each.get_name()):
+                    return each
+            return None
+
+        return user.wait_for(look, lambda: f"no {role} {name!r} in:\n{user.outline(self.root)}")
+
+    def click(self, node):
+        """Clicks in the middle of what a node shows."""
+        box = place(node)
+        window = self._windows_now()[-1]
+        x, y = box.x + box.width // 2, box.y + box.height // 2
+        self._xdotool("mousemove", "--sync", "--window", window, str(x), str(y), "click", "1")
+
+    def leave_alone(self):
+        """Takes the pointer away, and with it what it has popped up."""
+        self._xdotool("mousemove", "--sync", "1270", "1010")
+
+    def keys(self, *keys):
+        self._xdotool("windowfocus", "--sync", self._windows_now()[-1])
+        self._xdotool("key", "--delay", "40", *keys)
+
+    def wait_for_focus(self, role, name):
+        def has_focus():
+            return any(has_state(each, Atspi.StateType.FOCUSED) and user.role_name(each) == role
+                       and name in each.get_name() for each in visible(self._card or self.root))
+
+        user.wait_for(has_focus, f"{role} {name!r} has no focus", limit=10)
+
+    def select_printer(self, name):
+        """Clicks the row of a printer, and waits until the dialog is ready to print there."""
+        self.click(self.find("label", name))
+        self.wait_for_presses("Print")
+
+    def wait_for_presses(self, button, expected=True):
+        """Waits until a button takes presses, or takes none."""
+        user.wait_for(
+            lambda: has_state(self.button(button), Atspi.StateType.SENSITIVE) == expected,
+            f"{button} is {'in' if expected else ''}sensitive",
+        )
+
+    def tab_labels(self):
+        tabs = self.find("page tab list")
+        return [each for each in visible(tabs) if each.get_role_name() == "label"]
+
+    def has_tab(self, name):
+        return any(each.get_name() == name for each in self.tab_labels())
+
+    def open_tab(self, name):
+        def tab():
+            return next((each for each in self.tab_labels() if each.get_name() == name), None)
+
+        self._card = None
+        self.click(user.wait_for(tab, f"there is no tab {name!r}"))
+
+    def open_card(self, size=(1200, 1000)):
+        """Opens the page Card and waits for its panels; what is looked for from now on is there.
+        With that size of the dialog all of the page shows, and can be clicked."""
+        self._card = None
+        self.open_tab("Card")
+        node = self.find("list", "Card options")
+        while node.get_role_name() != "panel" or node.get_name() != "Tab":
+            node = node.get_parent()
+        self._card = node
+        width, height = (str(each) for each in size)
+        self._xdotool("windowsize", "--sync", self._windows_now()[-1], width, height)
+
+    def open_panel(self, name):
+        rows = self.find("list", "Card options", self._card)
+        row = self.find("list item", name, rows)
+        rows.get_selection_iface().select_child(row.get_index_in_parent())
+        user.wait_for(lambda: has_state(row, Atspi.StateType.SELECTED), f"{name!r} stays behind")
+
+    def pop_up(self, name):
+        return self.find("combo box", name, self._card)
+
+    def chosen(self, name):
+        """The text of what a pop-up has chosen."""
+        shown = [each for each in visible(self.pop_up(name))
+                 if each.get_role_name() == "label" and place(each).width > 0]
+        return shown[0].get_name()
+
+    def choose(self, name, item):
+        """Opens a pop-up of the page and goes to the item of that text with keys."""
+        self._choose(self.pop_up(name), name, item)
+        user.wait_for(lambda: self.chosen(name) == item,
+                      lambda: f"{self.chosen(name)!r} is chosen instead of {item!r}")
+
+    def choose_own(self, name, item):
+        """The same in a control of the dialog's own, which tells less."""
+        self._choose(self.find("combo box", None, self.find("panel", name)), name, item)
+
+    def _choose(self, pop_up, name, item):
+        button = self.find("push button", None, pop_up)
+        user.press(button)
+
+        def titles():
+            rows = [each for each in visible(pop_up) if each.get_role_name() == "list item"]
+            return [next(visible_label(row)) for row in rows]
+
+        def visible_label(row):
+            return (each.get_name() for each in visible(row) if each.get_role_name() == "label")
+
+        all_titles = user.wait_for(titles, lambda: f"{name!r} does not open: {user.outline(self.program.root)}")
+        self.keys("Home", *["Down"] * all_titles.index(item), "Return")
+
+    def field(self, name):
+        return self.find("text", name, self._card)
+
+    def type(self, name, text):
+        field = self.field(name)
+        self.click(field)
+        user.type_text(field, text)
+
+    def type_area(self, area, *measurements):
+        """Types the four measurements of an area, and Enter."""
+        for name, text in zip(("X", "Y", "width", "height"), measurements):
+            self.type(f"{area}, {name}", text)
+        self.keys("Return")
+
+    def text_of(self, name):
+        return user.text_of(self.field(name))
+
+    def button(self, label):
+        """The button with that label, whatever else its name holds."""
+
+        def look():
+            root = self.root
+            # The dialog's own buttons stand below the pages, and what pops up behind them.
+            below = [root.get_child_at_index(i) for i in range(1, root.get_child_count())]
+            for part in (*below, self._card or root):
+                for each in visible(part):
+                    own = user.role_name(each) == "push button" and each.get_name()
+                    if own and (own == label or own.endswith(" " + label)):
+                        return each
+            return None
+
+        return user.wait_for(look, f"there is no button {label!r}")
+
+    def press(self, label):
+        user.press(self.button(label))
+
+    def texts(self):
+        """All texts of labels that are not hidden, of the page Card when that is open."""
+        return [each.get_name() for each in visible(self._card or self.root)
+                if each.get_role_name() == "label"]
+
+    def wait_for_text(self, part):
+        return user.wait_for(
+            lambda: next((text for text in self.texts() if part in text), None),
+            lambda: f"{part!r} is not told in {self.texts()}",
+        )
+
+    def _xdotool(self, *command):
+        done = subprocess.run(["xdotool", *command], env=self._desktop.env, capture_output=True,
+                              text=True)
+        return done.stdout
