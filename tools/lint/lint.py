@@ -27,7 +27,7 @@ BUILD = ROOT / "build" / "lint"
 CACHE = pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache")
 CLEAN = CACHE / "cardpanels" / "lint"
 TIDY_SETTINGS = (".clang-tidy", "tests/.clang-tidy")
-HEADER_PACKAGES = ("gtkmm-3.0", "pugixml", "gmock")
+HEADER_PACKAGES = ("pugixml", "gmock")
 COUNT_OF_HIDDEN = re.compile(r"^\d+ (warnings?|errors?).* generated\.\n", re.MULTILINE)
 WARNINGS = ("-Wall", "-Wextra", "-Wpedantic", "-Wshadow", "-Werror", "-Wno-deprecated-declarations")
 
@@ -106,17 +106,19 @@ def nothing_left_out():
     return "".join(f"{each}:1: is built by no target\n" for each in left if each not in built)
 
 
+@functools.lru_cache(maxsize=None)
+def flags_of(*packages):
+    """What a header of these packages needs to be found; others' headers are not judged."""
+    command = ["pkg-config", "--cflags", *packages]
+    found = subprocess.run(command, check=True, capture_output=True, text=True).stdout
+    return [each.replace("-I", "-isystem", 1) for each in shlex.split(found)]
+
+
 def headers_alone(judged):
-    flags = shlex.split(
-        subprocess.run(
-            ["pkg-config", "--cflags", *HEADER_PACKAGES], check=True, capture_output=True, text=True
-        ).stdout
-    )
-    # Others' headers are not judged.
-    flags = [each.replace("-I", "-isystem", 1) for each in flags]
     base = ["g++", "-std=c++20", *WARNINGS, "-fsyntax-only", "-I."]
 
     def judge(path):
+        flags = flags_of(*HEADER_PACKAGES, "gtkmm-4.0" if "gtk4" in path else "gtkmm-3.0")
         return judged_once(path, [*base, *flags, "-x", "c++", "-"], f'#include "{path}"\n')
 
     return side_by_side(judge, [each for each in judged if each.endswith(".h")])
