@@ -10,8 +10,8 @@
 #include "apps/cardprint-dialog/WindowWaiter.h"
 #include "apps/cardprint/DialogJob.h"
 #include "host/PanelHost.h"
-#include "ports/gtk3/CardPage.h"
 #include "ports/gtk/HandlerErrors.h"
+#include "ports/gtk3/CardPage.h"
 
 namespace cardpanels::cardprint {
 

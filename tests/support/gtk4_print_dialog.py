@@ -171,7 +171,12 @@ class Gtk4PrintDialog:
 
     def type(self, name, text):
         field = self.field(name)
-        self.click(field)
+
+        def takes_focus():
+            self.click(field)
+            return any(has_state(each, Atspi.StateType.FOCUSED) for each in visible(field))
+
+        user.wait_for(takes_focus, f"{name!r} takes no focus")
         user.type_text(field, text)
 
     def type_area(self, area, *measurements):
@@ -188,9 +193,9 @@ class Gtk4PrintDialog:
 
         def look():
             root = self.root
-            # The dialog's own buttons stand below the pages, and what pops up behind them.
-            below = [root.get_child_at_index(i) for i in range(1, root.get_child_count())]
-            for part in (*below, self._card or root):
+            around = root.get_child_at_index(0)
+            foot = around.get_child_at_index(around.get_child_count() - 1)
+            for part in (foot, self._card or root):
                 for each in visible(part):
                     own = user.role_name(each) == "push button" and each.get_name()
                     if own and (own == label or own.endswith(" " + label)):

@@ -6,9 +6,9 @@
 
 #include <stdexcept>
 
-#include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk/HandlerErrors.h"
 #include "ports/gtk/MainLoop.h"
+#include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk3/WidgetView.h"
 #include "tests/ports/gtk3/TestOwner.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
