@@ -21,15 +21,21 @@ GClosure* createClosure(GtkBuilderScope* scope, GtkBuilder* /*builder*/, const c
   return reinterpret_cast<CardpanelsScope*>(scope)->signals->closure(handler);
 }
 
-void cardpanels_scope_init_scope(GtkBuilderScopeInterface* scope) {
-  scope->create_closure = createClosure;
+void takeClosures(gpointer scope, gpointer /*data*/) {
+  static_cast<GtkBuilderScopeInterface*>(scope)->create_closure = createClosure;
 }
 
-G_DEFINE_TYPE_WITH_CODE(CardpanelsScope, cardpanels_scope, GTK_TYPE_BUILDER_CSCOPE,
-                        G_IMPLEMENT_INTERFACE(GTK_TYPE_BUILDER_SCOPE, cardpanels_scope_init_scope))
-
-void cardpanels_scope_init(CardpanelsScope* /*scope*/) {}
-void cardpanels_scope_class_init(CardpanelsScopeClass* /*type*/) {}
+GType scopeType() {
+  static const GType type = [] {
+    const GType made = g_type_register_static_simple(
+        GTK_TYPE_BUILDER_CSCOPE, "CardpanelsScope", sizeof(CardpanelsScopeClass), nullptr,
+        sizeof(CardpanelsScope), nullptr, static_cast<GTypeFlags>(0));
+    const GInterfaceInfo scope{takeClosures, nullptr, nullptr};
+    g_type_add_interface_static(made, GTK_TYPE_BUILDER_SCOPE, &scope);
+    return made;
+  }();
+  return type;
+}
 
 }  // namespace
 
@@ -43,8 +49,7 @@ struct SignalScope::Connection {
 SignalScope::SignalScope(std::shared_ptr<platform::NibOwner> owner) : owner_(std::move(owner)) {}
 
 void SignalScope::give(GtkBuilder* builder) {
-  auto* const scope =
-      reinterpret_cast<CardpanelsScope*>(g_object_new(cardpanels_scope_get_type(), nullptr));
+  auto* const scope = reinterpret_cast<CardpanelsScope*>(g_object_new(scopeType(), nullptr));
   scope->signals = this;
   gtk_builder_set_scope(builder, GTK_BUILDER_SCOPE(scope));
   g_object_unref(scope);
