@@ -85,6 +85,7 @@ void DialogSession::startPanels(QueueRead read) {
   page_ = &dialog_.showPanels(*panels_);
   page_->setStatusChanged([this] { dialog_.showStatus(page_->status()); });
   dialog_.showStatus(page_->status());
+  if (!read.differences.empty()) page_->keep(read.differences);
   for (const std::string& each : leftOut) page_->keep(each);
   tellCarriedOver(read.savedOptions);
   bringToDialog();

@@ -20,6 +20,7 @@ struct QueueRead {
   host::PPDFile ppd;
   std::string error;
   std::vector<host::Option> savedOptions = {};
+  std::string differences = {};  // of a class's printers, a sentence; "" for none
 };
 
 /// Begins to read a queue's PPD, and calls back once, later and on the caller's thread, unless what

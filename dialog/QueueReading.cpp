@@ -18,7 +18,7 @@ struct Reading {
 QueueRead read(const std::string& queue, const std::atomic<bool>& abandoned) {
   try {
     auto found = host::openQueue({queue, ""}, {.abandoned = &abandoned});
-    return {std::move(found.ppd), {}, std::move(found.savedOptions)};
+    return {std::move(found.ppd), {}, std::move(found.savedOptions), std::move(found.differences)};
   } catch (const std::exception& error) {
     return {nullptr, error.what()};
   }

@@ -17,6 +17,7 @@ struct Destination {
   /// saved.
   OptionList options;
   std::vector<std::string> members;  // the queues of a class
+  std::string device;                // where the server sends its jobs; "" for a class
   platform::Text media = {};         // what the server adds to jobs that have none
 };
 

@@ -17,6 +17,14 @@ void useServer(const ServerChoice& choice) {
   if (choice.isEncrypted) cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
 }
 
+void ServerSettings::apply() const {
+  if (*this == ServerSettings()) return;
+  cupsSetServer(server.c_str());
+  ippSetPort(port);
+  cupsSetUser(user.c_str());
+  cupsSetEncryption(encryption);
+}
+
 std::string serverName() {
   std::string server = cupsServer();
   if (server.substr(0, 1) == "/") return server;

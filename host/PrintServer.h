@@ -30,6 +30,32 @@ struct ServerChoice {
 /// Makes `choice` this thread's, and that of the threads that it starts.
 void useServer(const ServerChoice& choice);
 
+/// libcups' settings, which are each thread's own.
+struct ServerSettings {
+  std::string server = cupsServer();
+  int port = ippPort();
+  std::string user = cupsUser();
+  http_encryption_t encryption = cupsEncryption();
+
+  bool operator==(const ServerSettings&) const = default;
+
+  /// Makes them this thread's. What the user's files and variables set stays as it is: that has
+  /// parts which nobody can ask for, such as the version to speak.
+  void apply() const;
+};
+
+/// Has this thread, and those that it starts, use another server as long as this lives.
+class OtherServer {
+ public:
+  explicit OtherServer(const ServerChoice& choice) { useServer(choice); }
+  ~OtherServer() { before_.apply(); }
+  OtherServer(const OtherServer&) = delete;
+  OtherServer& operator=(const OtherServer&) = delete;
+
+ private:
+  ServerSettings before_;
+};
+
 /// The server and its port, or its socket.
 std::string serverName();
 

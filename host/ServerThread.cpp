@@ -1,15 +1,15 @@
 #include "host/ServerThread.h"
 
-#include <cups/cups.h>
 #include <pthread.h>
 
 #include <csignal>
 #include <cstdlib>
 #include <set>
-#include <string>
 #include <system_error>
 #include <thread>
 #include <utility>
+
+#include "host/PrintServer.h"
 
 namespace cardpanels::host {
 namespace {
@@ -68,29 +68,9 @@ class BlockedSignals {
   sigset_t before_{};
 };
 
-/// libcups' settings, which are each thread's own.
-struct Settings {
-  std::string server = cupsServer();
-  int port = ippPort();
-  std::string user = cupsUser();
-  http_encryption_t encryption = cupsEncryption();
-
-  bool operator==(const Settings&) const = default;
-
-  /// Makes them this thread's. What the user's files and variables set stays as it is: that has
-  /// parts which nobody can ask for, such as the version to speak.
-  void apply() const {
-    if (*this == Settings()) return;
-    cupsSetServer(server.c_str());
-    ippSetPort(port);
-    cupsSetUser(user.c_str());
-    cupsSetEncryption(encryption);
-  }
-};
-
 struct Thread {
   std::function<void(Abandonment&)> work;
-  Settings settings;
+  ServerSettings settings;
   Abandonment abandonment;
 };
 

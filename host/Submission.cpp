@@ -14,8 +14,8 @@
 #include <system_error>
 #include <utility>
 
-#include "host/Destination.h"
-#include "host/FetchedPPD.h"
+#include "host/FetchedQueue.h"
+#include "host/KeptConnection.h"
 #include "host/PPDRecords.h"
 #include "host/PrintServer.h"
 #include "host/Question.h"
@@ -175,25 +175,23 @@ std::vector<Option> withMedia(const std::vector<Option>& options, bool addsMedia
 }
 
 /// Reads the queue. Throws `PPDChanged`.
-JobBasis basisNow(Talk& talk, const Submission& job) {
-  const Destination destination = destinationOf(talk, job.queue);
-  const FetchedPPD ppd(talk, destination);
-  if (job.ppdText && *job.ppdText != ppd.text()) {
+JobBasis basisNow(const Submission& job, const Terms& terms) {
+  const FetchedQueue now = fetchQueue(job.queue, terms);
+  if (job.ppdText && *job.ppdText != now.ppdText) {
     throw PPDChanged(
         filled(_("The options of the queue {queue} have changed meanwhile. Nothing was "
                  "printed."),
-               {{"queue", platform::onOneLine(destination.name.queue)}}));
+               {{"queue", platform::onOneLine(now.destination.name.queue)}}));
   }
-  return basisOf(destination, ppd.open().get());
+  return basisOf(now.destination, now.ppd.get());
 }
 
 bool isNew(const std::optional<JobBasis>& basis) {
   return basis && std::chrono::steady_clock::now() - basis->read < kNew;
 }
 
-int made(Talk& talk, const Submission& job, std::vector<OpenDocument>& documents, NewJob& progress,
-         const Terms& cancelling) {
-  const JobBasis basis = isNew(job.basis) ? *job.basis : basisNow(talk, job);
+int made(Talk& talk, const Submission& job, const JobBasis& basis,
+         std::vector<OpenDocument>& documents, NewJob& progress, const Terms& cancelling) {
   const std::string& queue = basis.queue;
   const OptionList attributes = attributesOf(job, basis);
   const std::string format = formatOf(attributes);
@@ -230,11 +228,15 @@ int submitJob(const Submission& job, const Terms& terms) {
   Terms cancelling = terms;
   cancelling.abandoned = nullptr;
   cancelling.kept = nullptr;
+  Terms onOneConnection = terms;
+  if (!terms.kept) onOneConnection.kept = std::make_shared<KeptConnection>();
   const auto isAbandoned = [&terms] { return terms.abandoned != nullptr && *terms.abandoned; };
   try {
-    const int id = answerOfServer<int>(terms, [job, documents, progress, cancelling](Talk& talk) {
-      return made(talk, job, *documents, *progress, cancelling);
-    });
+    const JobBasis basis = isNew(job.basis) ? *job.basis : basisNow(job, onOneConnection);
+    const int id = answerOfServer<int>(
+        onOneConnection, [job, basis, documents, progress, cancelling](Talk& talk) {
+          return made(talk, job, basis, *documents, *progress, cancelling);
+        });
     if (isAbandoned()) throw Error(_("Nothing was printed."));
     return id;
   } catch (const Error& error) {

@@ -41,7 +41,7 @@ CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, P
       ppdText_(std::move(printer.ppdText)),
       basis_(windows == nullptr ? std::move(printer.basis) : std::nullopt),
       options_(std::move(printer.ppd)),
-      leftOut_(markedFirst(printer.savedOptions, before)),
+      leftOut_(markedFirst(printer, before)),
       chosen_(before == nullptr ? chosen(arguments.options) : before->chosen_),
       panels_(host::defaultBundlePath(), bundle(), options_) {}
 
@@ -52,15 +52,22 @@ std::shared_ptr<platform::Bundle> CardJob::bundle() {
 }
 
 /// Marks what is saved, or what `before` had chosen, and answers what was left out.
-std::vector<std::string> CardJob::markedFirst(const std::vector<host::Option>& saved,
-                                              const CardJob* before) {
-  if (before == nullptr) return options_.markSaved(saved);
+std::vector<std::string> CardJob::markedFirst(const Printer& printer, const CardJob* before) {
+  std::vector<std::string> leftOut;
+  if (!printer.differences.empty()) leftOut.push_back(printer.differences);
+  const auto mark = [&](const std::vector<host::Option>& options) {
+    for (std::string& each : options_.markSaved(options)) leftOut.push_back(std::move(each));
+  };
+  if (before == nullptr) {
+    mark(printer.savedOptions);
+    return leftOut;
+  }
   const auto chosen = before->options_.options();
   const host::OptionList chosenKeys(chosen);
   std::vector<host::Option> others;
-  std::copy_if(saved.begin(), saved.end(), std::back_inserter(others),
+  std::copy_if(printer.savedOptions.begin(), printer.savedOptions.end(), std::back_inserter(others),
                [&](const host::Option& each) { return !chosenKeys.value(each.key); });
-  auto leftOut = options_.markSaved(others);
+  mark(others);
   for (std::string& each : options_.markChosen(chosen)) leftOut.push_back(std::move(each));
   return leftOut;
 }

@@ -55,8 +55,7 @@ class CardJob final : public DialogJob {
  private:
   CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, Printer&& printer,
           const CardJob* before);
-  std::vector<std::string> markedFirst(const std::vector<host::Option>& saved,
-                                       const CardJob* before);
+  std::vector<std::string> markedFirst(const Printer& printer, const CardJob* before);
   std::shared_ptr<platform::Bundle> bundle();
   ChosenOptions chosen(const std::vector<host::Option>& options);
   std::string summary();

@@ -65,6 +65,7 @@ class Jobs {
         basis_(std::move(printer.basis)),
         options_(std::move(printer.ppd)),
         keys_(queue_.queue, waiter) {
+    if (!printer.differences.empty()) host::tellError(printer.differences);
     for (const std::string& each : options_.markSaved(printer.savedOptions)) host::tellError(each);
     saved_ = options_.state();
     for (const host::Option& each : arguments.options) checkOption(options_, each, keys_);

@@ -18,13 +18,15 @@ Printer opened(const Arguments& arguments, const host::Terms& terms) {
             std::move(queue.savedOptions),
             std::move(queue.ppd),
             std::move(queue.ppdText),
-            std::move(queue.basis)};
+            std::move(queue.basis),
+            std::move(queue.differences)};
   }
   auto ppd = host::openPPD(arguments.ppd);
   std::string name = ppd->nickname != nullptr
                          ? ppd->nickname
                          : std::filesystem::path(arguments.ppd).filename().string();
-  return {platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt, std::nullopt};
+  return {
+      platform::onOneLine(std::move(name)), {}, {}, std::move(ppd), std::nullopt, std::nullopt, {}};
 }
 
 }  // namespace

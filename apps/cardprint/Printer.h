@@ -20,6 +20,7 @@ struct Printer {
   host::PPDFile ppd;
   platform::Text ppdText;               // as the queue had it
   std::optional<host::JobBasis> basis;  // of the queue
+  std::string differences;              // of a class's printers, a sentence; "" for none
 };
 
 /// Opens the PPD or the queue of the command line. Throws `host::Error`, and `Cancelled`.

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "dialog/CardKeys.h"
+#include "host/CardKeys.h"
 #include "dialog/DialogSession.h"
 #include "ports/headless/HeadlessBundle.h"
 #include "tests/support/BuiltFiles.h"

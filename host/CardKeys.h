@@ -1,6 +1,6 @@
 #pragma once
 
-namespace cardpanels::dialog {
+namespace cardpanels::host {
 
 /// The options that make a panel: a printer with none of them has no page. Known here so that the
 /// printer's options tell it before anything else is loaded.
@@ -9,4 +9,4 @@ constexpr const char* kCardKeys[] = {
     "backUV",       "frontUVMAC",    "backUVMAC",    "frontPO",       "backPO",
     "cardLaminate", "frontRotation", "backRotation", "entryCardFlip", "magEncodeCardFlip"};
 
-}  // namespace cardpanels::dialog
+}  // namespace cardpanels::host
