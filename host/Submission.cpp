@@ -174,18 +174,6 @@ std::vector<Option> withMedia(const std::vector<Option>& options, bool addsMedia
   return all;
 }
 
-/// Reads the queue. Throws `PPDChanged`.
-JobBasis basisNow(const Submission& job, const Terms& terms) {
-  const FetchedQueue now = fetchQueue(job.queue, terms);
-  if (job.ppdText && *job.ppdText != now.ppdText) {
-    throw PPDChanged(
-        filled(_("The options of the queue {queue} have changed meanwhile. Nothing was "
-                 "printed."),
-               {{"queue", platform::onOneLine(now.destination.name.queue)}}));
-  }
-  return basisOf(now.destination, now.ppd.get());
-}
-
 bool isNew(const std::optional<JobBasis>& basis) {
   return basis && std::chrono::steady_clock::now() - basis->read < kNew;
 }
@@ -222,6 +210,18 @@ void cancelAfter(const Error& error, const std::string& queue, int id, const Ter
 
 }  // namespace
 
+JobBasis currentBasis(const Submission& job, const Terms& terms) {
+  if (isNew(job.basis)) return *job.basis;
+  const FetchedQueue now = fetchQueue(job.queue, terms);
+  if (job.ppdText && *job.ppdText != now.ppdText) {
+    throw PPDChanged(
+        filled(_("The options of the queue {queue} have changed meanwhile. Nothing was "
+                 "printed."),
+               {{"queue", platform::onOneLine(now.destination.name.queue)}}));
+  }
+  return basisOf(now.destination, now.ppd.get());
+}
+
 int submitJob(const Submission& job, const Terms& terms) {
   const auto documents = std::make_shared<std::vector<OpenDocument>>(opened(job));
   const auto progress = std::make_shared<NewJob>();
@@ -232,7 +232,7 @@ int submitJob(const Submission& job, const Terms& terms) {
   if (!terms.kept) onOneConnection.kept = std::make_shared<KeptConnection>();
   const auto isAbandoned = [&terms] { return terms.abandoned != nullptr && *terms.abandoned; };
   try {
-    const JobBasis basis = isNew(job.basis) ? *job.basis : basisNow(job, onOneConnection);
+    const JobBasis basis = currentBasis(job, onOneConnection);
     const int id = answerOfServer<int>(
         onOneConnection, [job, basis, documents, progress, cancelling](Talk& talk) {
           return made(talk, job, basis, *documents, *progress, cancelling);

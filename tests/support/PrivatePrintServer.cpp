@@ -151,7 +151,7 @@ void PrivatePrintServer::writeConfiguration(int port) const {
   folder_.write(
       "cupsd.conf",
       "Listen " + address_ + (port == 0 ? "" : "\nListen 127.0.0.1:" + std::to_string(port)) +
-          "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nMaxLogSize 0\nWebInterface No\n"
+          "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nMaxLogSize 0\nMaxJobs 0\nWebInterface No\n"
           "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
           "Allow all\n</Location>\n<Policy default>\n"
           "JobPrivateValues none\nSubscriptionPrivateValues none\n"
