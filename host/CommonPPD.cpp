@@ -19,8 +19,8 @@ bool isConstraint(const PPDStatement& statement) {
          statement.keyword == kNewConstraint;
 }
 
-/// A statement's title for people, in whatever encoding its file has.
-std::string titleOf(const PPDStatement& statement) {
+/// What people read for a statement, in whatever encoding its file has.
+std::string shownTitle(const PPDStatement& statement) {
   if (!statement.text.empty() && platform::isUTF8(statement.text)) return statement.text;
   return statement.option.substr(statement.option.starts_with('*') ? 1 : 0);
 }
@@ -37,7 +37,7 @@ std::string comparable(const PPDStatement& statement) {
   return text;
 }
 
-struct Option {
+struct OptionFacts {
   std::string title;
   std::vector<const PPDStatement*> choices;
   std::set<std::string> names;      // theirs
@@ -45,15 +45,15 @@ struct Option {
 };
 
 /// A PPD's options by their keywords.
-class Options {
+class PPDOptions {
  public:
-  explicit Options(const NamedPPD& ppd)
+  explicit PPDOptions(const NamedPPD& ppd)
       : text_(ppd.text), statements_(ppdStatements(ppd.text, ppd.name)) {
     for (const PPDStatement& each : statements_) {
       const std::string keyword = openedOption(each);
       if (keyword.empty() || find(keyword) != nullptr) continue;
       keywords_.push_back(keyword);
-      options_[keyword].title = titleOf(each);
+      options_[keyword].title = shownTitle(each);
     }
     for (const PPDStatement& each : statements_) add(each);
   }
@@ -61,7 +61,7 @@ class Options {
   const std::vector<std::string>& keywords() const { return keywords_; }
   const std::vector<PPDStatement>& statements() const { return statements_; }
 
-  const Option* find(const std::string& keyword) const {
+  const OptionFacts* find(const std::string& keyword) const {
     const auto found = options_.find(keyword);
     return found == options_.end() ? nullptr : &found->second;
   }
@@ -90,7 +90,7 @@ class Options {
   const std::string& text_;
   std::vector<PPDStatement> statements_;
   std::vector<std::string> keywords_;
-  std::map<std::string, Option> options_;
+  std::map<std::string, OptionFacts> options_;
 };
 
 /// Writes the first PPD with what all have.
@@ -103,7 +103,7 @@ class Writer {
       auto names = commonNames(each);
       if (!names.empty()) common_.emplace(each, std::move(names));
     }
-    hasNewConstraints_ = std::any_of(all_.begin(), all_.end(), [](const Options& each) {
+    hasNewConstraints_ = std::any_of(all_.begin(), all_.end(), [](const PPDOptions& each) {
       return std::any_of(each.statements().begin(), each.statements().end(),
                          [](const auto& one) { return one.keyword == kNewConstraint; });
     });
@@ -116,13 +116,13 @@ class Writer {
   }
 
  private:
-  const Options& first() const { return all_.front(); }
+  const PPDOptions& first() const { return all_.front(); }
 
   /// The choices that the option has in every PPD.
   std::set<std::string> commonNames(const std::string& keyword) const {
     std::set<std::string> names = first().find(keyword)->names;
-    for (const Options& each : all_) {
-      const Option* const option = each.find(keyword);
+    for (const PPDOptions& each : all_) {
+      const OptionFacts* const option = each.find(keyword);
       if (option == nullptr) return {};
       std::erase_if(names, [&](const std::string& name) { return !option->names.contains(name); });
     }
@@ -137,7 +137,7 @@ class Writer {
   }
 
   bool allTakeTheSame(const std::string& keyword) const {
-    return std::all_of(all_.begin(), all_.end(), [&](const Options& each) {
+    return std::all_of(all_.begin(), all_.end(), [&](const PPDOptions& each) {
       return each.find(keyword)->custom == first().find(keyword)->custom;
     });
   }
@@ -191,7 +191,7 @@ class Writer {
   void addConstraints() {
     if (!text_.ends_with('\n')) text_ += '\n';
     std::set<std::string> known;
-    for (const Options& ppd : all_) {
+    for (const PPDOptions& ppd : all_) {
       for (const PPDStatement& each : ppd.statements()) {
         if (!isConstraint(each) || !known.insert(comparable(each)).second) continue;
         if (&ppd != &first()) text_ += constraint(each, std::string(ppd.textOf(each)));
@@ -202,22 +202,22 @@ class Writer {
   std::vector<std::string> leftOut() const {
     std::vector<std::string> titles;
     std::set<std::string> known;
-    for (const Options& ppd : all_) {
+    for (const PPDOptions& ppd : all_) {
       for (const std::string& keyword : ppd.keywords()) {
-        const Option& option = *ppd.find(keyword);
+        const OptionFacts& option = *ppd.find(keyword);
         const bool isThere = allHave(keyword);
         if (!isThere && known.insert(keyword).second) titles.push_back(option.title);
         if (!isThere) continue;
         for (const PPDStatement* each : option.choices) {
           if (!allHave(keyword, each->option) && known.insert(keyword + " " + each->option).second)
-            titles.push_back(option.title + ": " + titleOf(*each));
+            titles.push_back(option.title + ": " + shownTitle(*each));
         }
       }
     }
     return titles;
   }
 
-  std::vector<Options> all_;
+  std::vector<PPDOptions> all_;
   std::map<std::string, std::set<std::string>> common_;  // choices by option
   bool hasNewConstraints_ = false;
   std::string text_;

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "host/CardKeys.h"
 #include "dialog/DialogSession.h"
+#include "host/CardKeys.h"
 #include "ports/headless/HeadlessBundle.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/FakePageView.h"
@@ -254,7 +254,7 @@ TEST_F(Sessions, NothingReachesADialogThatHasAnotherPrinter) {
 }
 
 TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
-  for (const char* key : kCardKeys) {
+  for (const char* key : host::kCardKeys) {
     session.selectPrinter("card");
     const auto ppd = test::testPPD({test::testOption(key, key, 13)});
     done({host::openPPD(folder.write("one.ppd", ppd)), {}});
@@ -263,7 +263,7 @@ TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
   session.selectPrinter("card");
   done({host::openPPD(test::duplexPPD()), {}});
   ASSERT_NE(dialog.panels, nullptr);
-  std::vector<std::string> known(std::begin(kCardKeys), std::end(kCardKeys));
+  std::vector<std::string> known(std::begin(host::kCardKeys), std::end(host::kCardKeys));
   for (const std::string& key : dialog.panels->claimedKeys()) {
     const bool isArea = key.find("Peel") != std::string::npos ||
                         key.find("Include") != std::string::npos ||

@@ -1,4 +1,5 @@
 // What the user of the dialog sees while a server or a disk takes its time.
+#include <cups/cups.h>
 #include <glibmm/main.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -253,11 +254,13 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
   const test::OddServer server(serveGuarded);
   std::vector<std::string> passwords{"haddock", "swordfish"};
   Person person("Password Needed", [&](Gtk::Dialog& window) {
+    EXPECT_EQ(window.get_transient_for(), nullptr) << "no window of ours is there yet";
     const auto entries = test::all<Gtk::Entry>(window);
     ASSERT_EQ(entries.size(), 2U);
     auto& user = dynamic_cast<Gtk::Entry&>(*entries[0]);
     auto& password = dynamic_cast<Gtk::Entry&>(*entries[1]);
     EXPECT_FALSE(password.get_visibility());
+    EXPECT_EQ(user.get_text(), passwords.size() == 2 ? cupsUser() : "ada");
     user.set_text("ada");
     password.set_text(passwords.front());
     passwords.erase(passwords.begin());
