@@ -78,7 +78,7 @@ class RecordingDriver final : public host::PanelDriver {
   void storeTyped(const Panel& panel) override { note("store", panel); }
   std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override {
     auto entries = std::make_shared<platform::Dictionary>();
-    entries->setValueForKey(value, "Card " + *panel->panelName());
+    if (tells) entries->setValueForKey(value, "Card " + *panel->panelName());
     return entries;
   }
   void print() override { calls_.emplace_back("print"); }
@@ -95,6 +95,7 @@ class RecordingDriver final : public host::PanelDriver {
 
   bool fails = false;
   std::string value = "None";
+  bool tells = true;  // anything in the summary
 
  private:
   void note(const std::string& call, const Panel& panel) {
