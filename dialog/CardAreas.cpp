@@ -119,6 +119,16 @@ std::optional<AreaField> fieldOfKind(const AreaKind& kind, std::string_view outl
 
 std::span<const AreaSide> areaSides() { return kSides; }
 
+std::vector<std::string> areaKeys(const AreaSide& side) {
+  std::vector<std::string> keys;
+  for (const AreaKind& kind : {side.include, side.exclude}) {
+    for (int number = 1; number <= kAreasOfAKind; ++number) {
+      keys.push_back(std::string(kind.key) + std::to_string(number));
+    }
+  }
+  return keys;
+}
+
 bool hasDefinedAreas(const host::JobOptions& job, const AreaSide& side) {
   return isChosen(job, side.definedAreas) &&
          (side.ribbon.option == nullptr || isChosen(job, side.ribbon));

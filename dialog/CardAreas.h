@@ -67,6 +67,9 @@ struct AreaField {
 /// All sides with areas: resin of front and back, peel-off of front and back.
 std::span<const AreaSide> areaSides();
 
+/// The options of the areas of `side`: those to include, then those to exclude, by number.
+std::vector<std::string> areaKeys(const AreaSide& side);
+
 /// Whether `job` is marked so that the areas of `side` count, and their fields show. An option of
 /// which nothing is marked counts as its default.
 bool hasDefinedAreas(const host::JobOptions& job, const AreaSide& side);

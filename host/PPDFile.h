@@ -4,6 +4,9 @@
 
 #include <memory>
 #include <string>
+#include <vector>
+
+#include "host/PPDText.h"
 
 namespace cardpanels::host {
 
@@ -18,5 +21,14 @@ using PPDFile = std::unique_ptr<ppd_file_t, PPDCloser>;
 /// choice, nothing cut off. Throws `Error` with file, line and reason; `shownAs` stands for the
 /// path there when it is given (a queue's name).
 PPDFile openPPD(const std::string& path, const std::string& shownAs = {});
+
+/// A PPD with what stands in its file.
+struct ReadPPD {
+  std::vector<PPDStatement> statements;
+  PPDFile ppd;
+};
+
+/// The same for who needs to know where something stands.
+ReadPPD readPPD(const std::string& path, const std::string& shownAs = {});
 
 }  // namespace cardpanels::host

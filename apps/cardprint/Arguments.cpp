@@ -23,19 +23,28 @@ using host::UsageError;
 using platform::_;
 using platform::filled;
 
-enum LongOption { ppd = 256, each, list, stop, wait, noDialog, strict, trace, help, version };
+enum LongOption {
+  ppd = 256,
+  check,
+  each,
+  list,
+  stop,
+  wait,
+  noDialog,
+  strict,
+  trace,
+  help,
+  version
+};
 
-constexpr option kLongOptions[] = {{"ppd", required_argument, nullptr, ppd},
-                                   {"each", no_argument, nullptr, each},
-                                   {"list", required_argument, nullptr, list},
-                                   {"stop", no_argument, nullptr, stop},
-                                   {"wait", no_argument, nullptr, wait},
-                                   {"no-dialog", no_argument, nullptr, noDialog},
-                                   {"strict", no_argument, nullptr, strict},
-                                   {"trace", no_argument, nullptr, trace},
-                                   {"help", no_argument, nullptr, help},
-                                   {"version", no_argument, nullptr, version},
-                                   {}};
+constexpr option kLongOptions[] = {
+    {"ppd", required_argument, nullptr, ppd},      {"check", no_argument, nullptr, check},
+    {"each", no_argument, nullptr, each},          {"list", required_argument, nullptr, list},
+    {"stop", no_argument, nullptr, stop},          {"wait", no_argument, nullptr, wait},
+    {"no-dialog", no_argument, nullptr, noDialog}, {"strict", no_argument, nullptr, strict},
+    {"trace", no_argument, nullptr, trace},        {"help", no_argument, nullptr, help},
+    {"version", no_argument, nullptr, version},    {},
+};
 
 std::string nonEmpty(const char* value, const std::string& name) {
   if (*value == '\0') {
@@ -70,6 +79,7 @@ void take(int option, Arguments& arguments) {
     case 'E': arguments.server.isEncrypted = true; break;
     case 's': arguments.silent = true; break;
     case ppd: arguments.ppd = nonEmpty(optarg, "--ppd"); break;
+    case check: arguments.check = true; break;
     case each: arguments.each = true; break;
     case list: arguments.list = nonEmpty(optarg, "--list"); break;
     case stop: arguments.stop = true; break;
@@ -81,6 +91,15 @@ void take(int option, Arguments& arguments) {
     case version: arguments.version = true; break;
     default: break;
   }
+}
+
+/// What is checked is not printed.
+void checkCheck(const Arguments& arguments) {
+  const bool prints = !arguments.ppd.empty() || !arguments.queue.queue.empty() ||
+                      !arguments.options.empty() || !arguments.list.empty() || arguments.each ||
+                      arguments.wait || !arguments.dialog;
+  if (prints || arguments.files.empty())
+    throw UsageError(_("--check takes PPD files, and nothing that is for printing."));
 }
 
 void checkFiles(Arguments& arguments) {
@@ -127,6 +146,10 @@ Arguments parseArguments(int argc, char** argv) {
     if (arguments.help || arguments.version) return arguments;
   }
   arguments.files.assign(argv + optind, argv + argc);
+  if (arguments.check) {
+    checkCheck(arguments);
+    return arguments;
+  }
   checkTogether(arguments);
   checkFiles(arguments);
   return arguments;

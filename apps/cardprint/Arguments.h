@@ -20,6 +20,7 @@ struct Arguments {
   bool each = false;               // file is a job of its own
   bool stop = false;               // at the first job that cannot be sent
   bool wait = false;
+  bool check = false;  // files are PPDs to check
   bool dialog = true;
   bool silent = false;
   bool strict = false;

@@ -5,6 +5,7 @@
 
 #include "apps/cardprint/Arguments.h"
 #include "apps/cardprint/CardJob.h"
+#include "apps/cardprint/Check.h"
 #include "apps/cardprint/JobWait.h"
 #include "apps/cardprint/Jobs.h"
 #include "apps/cardprint/Output.h"
@@ -90,6 +91,8 @@ int run(int argc, char** argv) {
     std::cout << cardprint::help();
   } else if (arguments.version) {
     std::cout << "cardprint " CARDPANELS_VERSION "\n";
+  } else if (arguments.check) {
+    return cardprint::checkPPDs(arguments.files);
   } else {
     return print(arguments);
   }

@@ -46,7 +46,7 @@ class DialogTestCase(unittest.TestCase):
         program = self.start(cardprint=f"{prefix}/bin/cardprint")
         program.find("push button", "Cancel")
         maps = pathlib.Path(f"/proc/{program.pid}/maps").read_text(encoding="utf-8")
-        self.assertIn(f"{prefix}/lib/libcardprint-dialog.so", maps)
+        self.assertIn(f"{prefix}/lib/cardpanels/libcardprint-dialog.so", maps)
         self.assertNotIn(f"{BUILD}/", maps)
         user.press(program.find("push button", "Cancel"))
         program.finish()

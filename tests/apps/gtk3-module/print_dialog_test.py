@@ -420,12 +420,12 @@ class InstalledTestCase(PrintDialogTestCase):
         subprocess.run(install, check=True, capture_output=True)
         settings = pathlib.Path(self.desktop.home, ".config", "gtk-3.0", "settings.ini")
         with settings.open("a", encoding="utf-8") as file:
-            file.write(f"gtk-modules={prefix}/lib/libcardpanels-gtk3-module.so\n")
+            file.write(f"gtk-modules={prefix}/lib/cardpanels/libcardpanels-gtk3-module.so\n")
         dialog = self.start_demo(module=False)
         dialog.select_printer("card")
         dialog.open_card()
-        for library in ("lib/libcardpanels-gtk3-page.so", "lib/cardpanels.bundle/cardpanels.so"):
-            self.assertTrue(self.maps(f"{prefix}/{library}"), library)
+        for library in ("libcardpanels-gtk3-page.so", "cardpanels.bundle/cardpanels.so"):
+            self.assertTrue(self.maps(f"{prefix}/lib/cardpanels/{library}"), library)
         self.assertFalse(self.maps(f"{BUILD}/lib"))
         dialog.choose("Front Ribbon", "Metallic Silver")
         dialog.press("Print")
