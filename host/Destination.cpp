@@ -120,6 +120,7 @@ Destination destinationOf(Talk& talk, const QueueName& name) {
   Destination destination{std::move(wanted), defaultsIn(attributes.get()),
                           textsIn(attributes.get(), "member-names")};
   destination.media = destination.options.value("media");
+  destination.serverOptions = destination.options.options();
   if (saved) {
     for (const Option& each : saved->options()) destination.options.set(each);
   }

@@ -1,14 +1,13 @@
 #include "host/Queue.h"
 
-#include <system_error>
 #include <utility>
 
 #include "host/Destination.h"
 #include "host/Error.h"
 #include "host/FetchedPPD.h"
 #include "host/MediaOption.h"
+#include "host/Presets.h"
 #include "host/Question.h"
-#include "host/SavedOptions.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 
@@ -23,7 +22,8 @@ Queue queueOver(Talk& talk, const QueueName& name) {
   const FetchedPPD ppd(talk, destination);
   PPDFile records = ppd.open();
   JobBasis basis = basisOf(destination, records.get());
-  Queue queue{destination.name, {}, std::move(records), ppd.text(), std::move(basis)};
+  Queue queue{destination.name,         {}, std::move(records), ppd.text(), std::move(basis),
+              destination.serverOptions};
   for (Option& each : destination.options.options()) {
     if (isOfPPD(queue.ppd.get(), each.key)) queue.savedOptions.push_back(std::move(each));
   }
@@ -49,13 +49,7 @@ void saveOptions(const QueueName& name, const std::vector<Option>& options, cons
     return destinationOf(talk, {name.queue, ""}).name;
   });
   known.instance = name.instance;
-  try {
-    saveUnder(known, options);
-  } catch (const std::system_error& error) {
-    throw Error(
-        filled(_("The options of the queue {queue} cannot be saved: {reason}"),
-               {{"queue", platform::onOneLine(known.text())}, {"reason", error.code().message()}}));
-  }
+  savePreset(known, options);
 }
 
 }  // namespace cardpanels::host

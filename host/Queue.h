@@ -39,6 +39,7 @@ struct Queue {
   PPDFile ppd;
   std::string ppdText;  // byte by byte, to know the PPD again
   JobBasis basis;
+  std::vector<Option> serverOptions = {};  // what the server adds to jobs without them
 };
 
 /// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default
