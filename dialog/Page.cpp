@@ -43,8 +43,7 @@ void Page::start() {
 
 void Page::select(std::size_t section) {
   if (section == current_) return;
-  if (TypedAreas* const areas = currentAreas()) areas->storeEdits();
-  if (!hasOnlyGoodTexts()) {
+  if (!storesTyped()) {
     view_.showSection(*current_);
     return;
   }
@@ -140,6 +139,11 @@ TypedAreas* Page::currentAreas() const {
   return current_ ? contents_[*current_].areas.get() : nullptr;
 }
 
+bool Page::storesTyped() {
+  if (TypedAreas* const areas = currentAreas()) areas->storeEdits();
+  return hasOnlyGoodTexts();
+}
+
 bool Page::hasOnlyGoodTexts() {
   TypedAreas* const areas = currentAreas();
   if (areas == nullptr) return true;
@@ -175,6 +179,7 @@ void Page::read() {
   }
   view_.allowReset(texts.differsAnywhere());
   view_.showSummary(texts.summary());
+  if (presets_) presets_->update();
   showNotices();
   updateStatus();
 }
@@ -187,12 +192,18 @@ PageTexts Page::pageTexts() const {
 }
 
 void Page::tell(const std::string& message, const std::function<void()>& insist) {
-  outcome_ = {message, false, insist};
+  outcome_ = {message, Notice::Kind::warning, {}};
+  if (insist) outcome_.answer = {_("Change An_yway"), insist};
   showNotices();
 }
 
 void Page::tellError(const std::string& message) {
-  outcome_ = {message, true, {}};
+  outcome_ = {message, Notice::Kind::error, {}};
+  showNotices();
+}
+
+void Page::tellDone(const std::string& message, const Notice::Answer& undo) {
+  outcome_ = {message, Notice::Kind::information, undo};
   showNotices();
 }
 
@@ -217,12 +228,11 @@ Notices Page::notices() {
     return Notice::Answer{_("Cl_ose"), std::move(perform)};
   };
   if (!outcome_.text.empty()) {
-    Notice notice{
-        outcome_.isError ? Notice::Kind::error : Notice::Kind::warning, outcome_.text, {}};
-    if (outcome_.insist) {
-      notice.answers.push_back({_("Change An_yway"), [this, insist = outcome_.insist] {
+    Notice notice{outcome_.kind, outcome_.text, {}};
+    if (outcome_.answer) {
+      notice.answers.push_back({outcome_.answer->label, [this, perform = outcome_.answer->perform] {
                                   tell({});
-                                  insist();
+                                  perform();
                                 }});
     }
     notice.answers.push_back(close([this] { tell({}); }));
@@ -278,6 +288,26 @@ void Page::closeNotices() {
 void Page::reset() {
   outcome_ = {};
   driver_.reset();
+}
+
+void Page::offerPresets(Presets::Job job) {
+  presets_ = std::make_unique<Presets>(
+      driver_, std::move(job),
+      Presets::Client{
+          .show = [this](const PresetRow& row) { view_.showPresets(row); },
+          .storeTyped = [this] { return storesTyped(); },
+          .tellUnknown = [this](const auto& sentences) { tellUnknown(sentences); },
+          .tellError = [this](const std::string& message) { tellError(message); },
+          .tellDone = [this](const std::string& message,
+                             const Notice::Answer& undo) { tellDone(message, undo); },
+      });
+}
+
+/// What was told of the preset before, and of the user's last action, is no longer so.
+void Page::tellUnknown(const std::vector<std::string>& sentences) {
+  outcome_ = {};
+  for (const std::string& each : std::exchange(unknown_, sentences)) std::erase(kept_, each);
+  for (const std::string& each : unknown_) keep(each);
 }
 
 void Page::updateStatus() {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "dialog/Notice.h"
+#include "dialog/PresetRow.h"
 #include "dialog/Summary.h"
 #include "platform/View.h"
 
@@ -42,6 +43,9 @@ class PageView {
 
   /// Shows `notices` in the bar in place of those before; there is no bar without any.
   virtual void showNotices(const Notices& notices) = 0;
+
+  /// Shows the row of presets as `row` is; none without entries.
+  virtual void showPresets(const PresetRow& row) = 0;
 
   /// Whether the user may put all back to the printer's defaults.
   virtual void allowReset(bool allowed) = 0;

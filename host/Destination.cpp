@@ -121,6 +121,7 @@ Destination destinationOf(Talk& talk, const QueueName& name) {
                           textsIn(attributes.get(), "member-names"),
                           textIn(attributes.get(), "device-uri")};
   destination.media = destination.options.value("media");
+  destination.serverOptions = destination.options.options();
   if (saved) {
     for (const Option& each : saved->options()) destination.options.set(each);
   }

@@ -1,15 +1,14 @@
 #include "host/Queue.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 #include "host/Destination.h"
 #include "host/Error.h"
 #include "host/FetchedQueue.h"
 #include "host/MediaOption.h"
+#include "host/Presets.h"
 #include "host/Question.h"
-#include "host/SavedOptions.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 
@@ -46,7 +45,8 @@ Queue openQueue(const QueueName& name, const Terms& terms) {
   JobBasis basis = basisOf(fetched.destination, fetched.ppd.get());
   Queue queue{fetched.destination.name, {},
               std::move(fetched.ppd),   std::move(fetched.ppdText),
-              std::move(basis),         differencesIn(fetched)};
+              std::move(basis),         fetched.destination.serverOptions,
+              differencesIn(fetched)};
   for (Option& each : fetched.destination.options.options()) {
     if (isOfPPD(queue.ppd.get(), each.key)) queue.savedOptions.push_back(std::move(each));
   }
@@ -58,13 +58,7 @@ void saveOptions(const QueueName& name, const std::vector<Option>& options, cons
     return destinationOf(talk, {name.queue, ""}).name;
   });
   known.instance = name.instance;
-  try {
-    saveUnder(known, options);
-  } catch (const std::system_error& error) {
-    throw Error(
-        filled(_("The options of the queue {queue} cannot be saved: {reason}"),
-               {{"queue", platform::onOneLine(known.text())}, {"reason", error.code().message()}}));
-  }
+  savePreset(known, options);
 }
 
 }  // namespace cardpanels::host

@@ -39,6 +39,7 @@ struct Queue {
   PPDFile ppd;
   std::string ppdText;  // byte by byte, to know the PPD again
   JobBasis basis;
+  std::vector<Option> serverOptions = {};  // what the server adds to jobs without them
   std::string differences = {};  // what the printers of a class differ in, a sentence; "" for none
 };
 

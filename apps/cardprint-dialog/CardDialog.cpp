@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "dialog/PresetWork.h"
 #include "dialog/PrinterStateText.h"
 #include "dialog/StateWatch.h"
 #include "host/Error.h"
@@ -43,6 +44,8 @@ CardDialog::CardDialog(DialogJob& job, WindowWaiter& waiter, const std::string& 
   page_.page().keep(told);
   for (const std::string& each : job_.leftOut()) page_.page().keep(each);
   watchPrinter();
+  offerPresets();
+  page_.focusSections();
 }
 
 void CardDialog::watchPrinter() {
@@ -51,6 +54,18 @@ void CardDialog::watchPrinter() {
       job_.queue().queue, gtk3::postToMainLoop, [this](const dialog::StateRead& read) {
         page_.page().tellState(dialog::stateLine(read, job_.panels().job().ppd()));
       });
+}
+
+void CardDialog::offerPresets() {
+  if (job_.queue().queue.empty()) return;
+  page_.page().offerPresets({
+      .queue = job_.queue(),
+      .serverOptions = job_.serverOptions(),
+      .work = dialog::workOnPresetsOnThread(gtk3::postToMainLoop),
+      .copies = [this] { return job_.copies(); },
+      .follow = [this](const std::string& copies) { job_.setCopies(copies); },
+      .use = [this](const std::string& name) { job_.usePreset(name); },
+  });
 }
 
 /// Wide enough for all panels, whatever the size of the text.

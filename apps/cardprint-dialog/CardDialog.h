@@ -36,6 +36,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
 
   void setDefaultSize();
   void watchPrinter();
+  void offerPresets();
   std::optional<std::string> print();
 
   DialogJob& job_;

@@ -18,6 +18,23 @@ namespace cardpanels::cardprint {
 
 using platform::_;
 
+namespace {
+
+constexpr const char* kCopies = "copies";
+
+std::string copiesIn(const std::optional<host::JobBasis>& basis) {
+  if (!basis) return "1";
+  return host::OptionList(basis->options).value(kCopies).value_or("1");
+}
+
+/// The same for the queue and the instance that `before` stands for by now.
+Arguments withQueueOf(Arguments arguments, const host::QueueName& before) {
+  if (arguments.ppd.empty()) arguments.queue = before;
+  return arguments;
+}
+
+}  // namespace
+
 CardJob::CardJob(const Arguments& arguments, Waiter& waiter)
     : CardJob(arguments, waiter, nullptr, openedPrinter(arguments, waiter), nullptr) {}
 
@@ -26,8 +43,8 @@ CardJob::CardJob(const Arguments& arguments, Windows& windows)
               nullptr) {}
 
 CardJob::CardJob(const Arguments& arguments, const CardJob& before)
-    : CardJob(arguments, before.waiter_, before.windows_, openedPrinter(arguments, before.waiter_),
-              &before) {}
+    : CardJob(arguments, before.waiter_, before.windows_,
+              openedPrinter(withQueueOf(arguments, before.queue_), before.waiter_), &before) {}
 
 CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, Printer&& printer,
                  const CardJob* before)
@@ -39,6 +56,8 @@ CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, P
       queue_(printer.queue),
       printerName_(printer.name),
       ppdText_(std::move(printer.ppdText)),
+      serverOptions_(std::move(printer.serverOptions)),
+      savedCopies_(copiesIn(printer.basis)),
       basis_(windows == nullptr ? std::move(printer.basis) : std::nullopt),
       options_(std::move(printer.ppd)),
       leftOut_(markedFirst(printer, before)),
@@ -75,6 +94,21 @@ std::vector<std::string> CardJob::markedFirst(const Printer& printer, const Card
 ChosenOptions CardJob::chosen(const std::vector<host::Option>& options) {
   AttributeKeys keys(queue_.queue, waiter_);
   return choose(options_, options, keys);
+}
+
+std::string CardJob::copies() const {
+  return host::OptionList(chosen_.attributes).value(kCopies).value_or(savedCopies_);
+}
+
+void CardJob::setCopies(const std::string& copies) {
+  host::OptionList attributes(chosen_.attributes);
+  attributes.set({kCopies, copies});
+  chosen_.attributes = attributes.options();
+}
+
+void CardJob::usePreset(const std::string& name) {
+  setCopies(copies());  // which may have been those of the instance before
+  queue_.instance = name;
 }
 
 std::string CardJob::send() {

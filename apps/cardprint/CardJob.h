@@ -47,6 +47,11 @@ class CardJob final : public DialogJob {
   /// As `judged` of the options. Throws the same.
   std::vector<std::string> judged() const { return cardprint::judged(options_); }
 
+  const std::vector<host::Option>& serverOptions() const override { return serverOptions_; }
+  std::string copies() const override;
+  void setCopies(const std::string& copies) override;
+  void usePreset(const std::string& name) override;
+
   std::string send() override;
 
   /// The job's number once it was sent, 0 before.
@@ -69,7 +74,9 @@ class CardJob final : public DialogJob {
   std::shared_ptr<const std::string> input_;  // once it has been read
   host::QueueName queue_;
   std::string printerName_;
-  platform::Text ppdText_;               // as the queue had it
+  platform::Text ppdText_;  // as the queue had it
+  std::vector<host::Option> serverOptions_;
+  std::string savedCopies_;
   std::optional<host::JobBasis> basis_;  // nothing where a person has time to choose
   host::JobOptions options_;
   std::vector<std::string> leftOut_;

@@ -27,6 +27,17 @@ class DialogJob {
   /// Which saved or chosen options were left out and why, a sentence each.
   virtual const std::vector<std::string>& leftOut() const = 0;
 
+  /// What the print server adds to jobs without them.
+  virtual const std::vector<host::Option>& serverOptions() const = 0;
+
+  /// How many copies of each file there shall be.
+  virtual std::string copies() const = 0;
+  virtual void setCopies(const std::string& copies) = 0;
+
+  /// That instance of the queue stands for the job from now on, "" for none: what else is saved
+  /// there goes out with it.
+  virtual void usePreset(const std::string& name) = 0;
+
   /// Sends the files, if there are any, and answers what standard output gets. Throws
   /// `host::PPDChanged` when the queue has another PPD by now, `host::Error` and `Cancelled`; then
   /// nothing was sent.

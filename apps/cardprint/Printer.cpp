@@ -13,12 +13,13 @@ using platform::_;
 Printer opened(const Arguments& arguments, const host::Terms& terms) {
   if (arguments.ppd.empty()) {
     auto queue = host::openQueue(arguments.queue, terms);
-    return {queue.name.text(),
+    return {queue.name.queue,
             queue.name,
             std::move(queue.savedOptions),
             std::move(queue.ppd),
             std::move(queue.ppdText),
             std::move(queue.basis),
+            std::move(queue.serverOptions),
             std::move(queue.differences)};
   }
   auto ppd = host::openPPD(arguments.ppd);

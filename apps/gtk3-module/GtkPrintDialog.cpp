@@ -68,6 +68,12 @@ GtkWidget* childNamed(GtkWidget* dialog, const char* name) {
   return found;
 }
 
+/// The PPD's keyword; "" for none.
+std::string pageSizeOf(GtkPageSetup* setup) {
+  const char* const name = gtk_paper_size_get_ppd_name(gtk_page_setup_get_paper_size(setup));
+  return name == nullptr ? "" : name;
+}
+
 void hideWithLabels(GtkWidget* widget) {
   GList* const labels = gtk_widget_list_mnemonic_labels(widget);
   for (GList* each = labels; each != nullptr; each = each->next) {
@@ -139,6 +145,7 @@ GtkPrintDialog::GtkPrintDialog(GtkPrintUnixDialog* dialog)
     : dialog_(dialog),
       conflictSign_(childNamed(GTK_WIDGET(dialog), "conflicts_widget")),
       paperSizes_(childNamed(GTK_WIDGET(dialog), "paper_size_combo")),
+      copies_(childNamed(GTK_WIDGET(dialog), "copies_spin")),
       guard_(dialog),
       statusBar_(GTK_DIALOG(dialog), [this] { openPage(); }) {
   if (conflictSign_ != nullptr) {
@@ -146,10 +153,11 @@ GtkPrintDialog::GtkPrintDialog(GtkPrintUnixDialog* dialog)
                              G_CALLBACK(+[](GtkPrintDialog* shown) { shown->denyConflict(); }),
                              this);
   }
-  if (paperSizes_ != nullptr) {
-    g_signal_connect_swapped(paperSizes_, "changed",
-                             G_CALLBACK(+[](GtkPrintDialog* changed) { changed->changeLater(); }),
-                             this);
+  for (const auto& [widget, signal] :
+       {std::pair(paperSizes_, "changed"), std::pair(copies_, "value-changed")}) {
+    if (widget == nullptr) continue;
+    g_signal_connect_swapped(
+        widget, signal, G_CALLBACK(+[](GtkPrintDialog* changed) { changed->changeLater(); }), this);
   }
 }
 
@@ -159,7 +167,7 @@ GtkPrintDialog::~GtkPrintDialog() {
     g_signal_handlers_disconnect_by_data(page_, this);
   }
   if (sign_ != nullptr) g_signal_handlers_disconnect_by_data(sign_, &sign_);
-  for (GtkWidget* each : {conflictSign_, paperSizes_}) {
+  for (GtkWidget* each : {conflictSign_, paperSizes_, copies_}) {
     if (each != nullptr) g_signal_handlers_disconnect_by_data(each, this);
   }
   forgetControls();
@@ -213,9 +221,35 @@ std::vector<Option> GtkPrintDialog::options() const {
 
 std::string GtkPrintDialog::pageSize() const {
   GtkPageSetup* const setup = gtk_print_unix_dialog_get_page_setup(dialog_);
-  if (setup == nullptr) return {};
-  const char* const name = gtk_paper_size_get_ppd_name(gtk_page_setup_get_paper_size(setup));
-  return name == nullptr ? "" : name;
+  return setup == nullptr ? "" : pageSizeOf(setup);
+}
+
+/// Each row of the dialog's list has a page setup, but for separators and what opens windows.
+void GtkPrintDialog::setPageSize(const std::string& size) {
+  if (paperSizes_ == nullptr || !GTK_IS_COMBO_BOX(paperSizes_)) return;
+  GtkTreeModel* const model = gtk_combo_box_get_model(GTK_COMBO_BOX(paperSizes_));
+  if (model == nullptr || g_type_is_a(gtk_tree_model_get_column_type(model, 0), G_TYPE_OBJECT) == 0)
+    return;
+  GtkTreeIter row;
+  for (gboolean has = gtk_tree_model_get_iter_first(model, &row); has != FALSE;
+       has = gtk_tree_model_iter_next(model, &row)) {
+    GObject* object = nullptr;
+    gtk_tree_model_get(model, &row, 0, &object, -1);
+    const std::unique_ptr<GObject, Unref> setup(object);
+    if (!GTK_IS_PAGE_SETUP(object) || pageSizeOf(GTK_PAGE_SETUP(object)) != size) continue;
+    gtk_combo_box_set_active_iter(GTK_COMBO_BOX(paperSizes_), &row);
+    return;
+  }
+}
+
+std::string GtkPrintDialog::copies() const {
+  if (copies_ == nullptr || !GTK_IS_SPIN_BUTTON(copies_)) return "1";
+  return std::to_string(gtk_spin_button_get_value_as_int(GTK_SPIN_BUTTON(copies_)));
+}
+
+void GtkPrintDialog::setCopies(const std::string& copies) {
+  if (copies_ == nullptr || !GTK_IS_SPIN_BUTTON(copies_)) return;
+  gtk_spin_button_set_value(GTK_SPIN_BUTTON(copies_), g_ascii_strtod(copies.c_str(), nullptr));
 }
 
 void GtkPrintDialog::set(const Option& option) {

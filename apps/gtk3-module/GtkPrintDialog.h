@@ -34,6 +34,9 @@ class GtkPrintDialog final : public dialog::PrintDialog {
 
   std::vector<host::Option> options() const override;
   std::string pageSize() const override;
+  void setPageSize(const std::string& size) override;
+  std::string copies() const override;
+  void setCopies(const std::string& copies) override;
   void set(const host::Option& option) override;
   void showText(const std::string& text) override;
   dialog::Page& showPanels(host::PanelHost& panels) override;
@@ -59,6 +62,7 @@ class GtkPrintDialog final : public dialog::PrintDialog {
   std::vector<std::unique_ptr<Control>> controls_;
   GtkWidget* conflictSign_ = nullptr;
   GtkWidget* paperSizes_ = nullptr;
+  GtkWidget* copies_ = nullptr;
   GtkWidget* page_ = nullptr;  // the notebook's child
   GtkWidget* sign_ = nullptr;  // in its tab
   PrintGuard guard_;

@@ -67,7 +67,8 @@ class WatchedDialog {
   explicit WatchedDialog(GtkPrintUnixDialog* dialog)
       : dialog_(dialog),
         session_(dialog_, dialog::readQueueOnThread(gtk3::postToMainLoop),
-                 dialog::watchStateOnThread(gtk3::postToMainLoop), makePanels) {
+                 dialog::watchStateOnThread(gtk3::postToMainLoop), makePanels,
+                 dialog::workOnPresetsOnThread(gtk3::postToMainLoop)) {
     dialog_.setChanged([this] { session_.dialogChanged(); });
     dialog_.setConflictDenied([this] { return session_.knowsNoConflict(); });
   }

@@ -48,9 +48,11 @@ void tabThrough(Gtk::Container& container, const std::vector<Gtk::Widget*>& orde
 
 CardPage::CardPage(host::PanelDriver& driver)
     : Gtk::Box(Gtk::ORIENTATION_VERTICAL),
+      presetBar_([this]() -> dialog::Presets& { return *page_->presets(); }),
       help_([this] { return page_->help(); }),
       page_(new dialog::Page(driver, *this)) {
   pack_start(noticeBar_, Gtk::PACK_SHRINK);
+  pack_start(presetBar_, Gtk::PACK_SHRINK);
   if (page_->sections().empty()) {
     pack_start(*newText(dialog::Page::nothingToChoose()), Gtk::PACK_EXPAND_WIDGET);
   } else {
@@ -99,7 +101,7 @@ void CardPage::addSections() {
   columns->attach(*scroller, 0, 0);
   pack_start(*columns, Gtk::PACK_EXPAND_WIDGET);
   tabThrough(*columns, {scroller, &stack_, foot});
-  tabThrough(*this, {columns, &noticeBar_});
+  tabThrough(*this, {&presetBar_, columns, &noticeBar_});
 
   for (const auto& section : page_->sections()) addSection(section.name);
   frames_.back()->add(summary_);
@@ -135,6 +137,10 @@ int CardPage::naturalWidth() {
   get_preferred_width(least, natural);
   for (std::size_t i = 0; i < frames_.size(); ++i) emphasizeCaptions(*frames_[i], emphasized_[i]);
   return natural - inside + widest;
+}
+
+void CardPage::focusSections() {
+  if (auto* const row = sidebar_.get_selected_row()) row->grab_focus();
 }
 
 void CardPage::widenWindowWhenSeen() {

@@ -17,6 +17,7 @@
 #include "ports/gtk3/HelpButton.h"
 #include "ports/gtk3/NoticeBar.h"
 #include "ports/gtk3/PageKeys.h"
+#include "ports/gtk3/PresetBar.h"
 #include "ports/gtk3/Sidebar.h"
 #include "ports/gtk3/SummaryGrid.h"
 
@@ -37,6 +38,9 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   /// show. Loads all of them.
   int naturalWidth();
 
+  /// Gives the focus to the list of sections, in a window that has given it to nothing yet.
+  void focusSections();
+
   /// Has the window become wide enough for `naturalWidth`, within the monitor, when the page is
   /// first seen. For a window that another program makes.
   void widenWindowWhenSeen();
@@ -53,6 +57,7 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   void markRow(std::size_t section, const std::string& why) override;
   void emphasize(std::size_t section, const std::set<std::string>& keys) override;
   void showNotices(const dialog::Notices& notices) override;
+  void showPresets(const dialog::PresetRow& row) override { presetBar_.display(row); }
   void allowReset(bool allowed) override { resetButton_.set_sensitive(allowed); }
   void later(std::function<void()> task) override;
 
@@ -64,6 +69,7 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   void rowSelected(Gtk::ListBoxRow* row);
 
   NoticeBar noticeBar_;
+  PresetBar presetBar_;
   Sidebar sidebar_;
   Gtk::Button resetButton_;
   HelpButton help_;

@@ -27,6 +27,7 @@ class FakePageView final : public dialog::PageView {
   }
   void showSummary(const dialog::Summary& now) override { summary = now; }
   void showNotices(const dialog::Notices& now) override { notices = now; }
+  void showPresets(const dialog::PresetRow& now) override { presets = now; }
   void allowReset(bool allowed) override { resets = allowed; }
   void later(std::function<void()> task) override { tasks_.push_back(std::move(task)); }
 
@@ -74,6 +75,7 @@ class FakePageView final : public dialog::PageView {
   std::map<std::size_t, std::set<std::string>> bold;
   dialog::Summary summary;
   dialog::Notices notices;
+  dialog::PresetRow presets;
   bool resets = false;
 
  private:

@@ -3,6 +3,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <set>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -86,6 +87,10 @@ class RecordingDriver final : public host::PanelDriver {
     return job_.request(key, choice);
   }
   void reset() override { calls_.emplace_back("reset"); }
+  std::vector<std::string> replace(const std::set<std::string>& keys,
+                                   const std::vector<host::Option>& options) override {
+    return job_.replace(keys, options).leftOut;
+  }
   const std::map<std::string, std::string>& refusals() const override { return refusals_; }
   host::JobOptions& job() override { return job_; }
 
