@@ -75,6 +75,7 @@ class PrintServer:
         for name in ("log", "spool", "cache", "state", "tmp"):
             os.mkdir(os.path.join(self.root, name))
         os.chmod(self.root, 0o755)
+        os.chmod(os.path.join(self.root, "tmp"), 0o1777)  # filters run as another user
         files = FILES if os.getuid() == 0 else FILES + f"User {pwd.getpwuid(os.getuid()).pw_name}\n"
         self._write("cupsd.conf", CONFIGURATION)
         self._write("cups-files.conf", files)
