@@ -81,7 +81,7 @@ void CardDialog::showJob(DialogJob& job, const std::string& told) {
     place_.pack_start(*page_, Gtk::PACK_EXPAND_WIDGET);
     page_->show();
     job.panels().setObserver(this);
-    page_->child_focus(Gtk::DIR_TAB_FORWARD);
+    if (get_mapped()) page_->child_focus(Gtk::DIR_TAB_FORWARD);
     watchPrinter();
   }
   header_.showJob(job);
@@ -122,9 +122,10 @@ void CardDialog::setDefaultSize() {
                    std::min(height + above, most.get_height()));
 }
 
-/// The server is asked for all printers once the first of them shows.
+/// The panels have the focus first. The server is asked for all printers once one of them shows.
 void CardDialog::on_map() {
   Gtk::Dialog::on_map();
+  page_->child_focus(Gtk::DIR_TAB_FORWARD);
   Glib::signal_idle().connect_once(sigc::mem_fun(*this, &CardDialog::readPrinters),
                                    Glib::PRIORITY_LOW);
 }

@@ -168,9 +168,15 @@ void FileList::addDropped(const std::vector<Glib::ustring>& uris) {
     client_.tell(filled(_("This is no file of this computer: {files}"), {{"files", elsewhere}}));
 }
 
+/// Or the row where the keyboard is, where none is selected.
 void FileList::removeSelected() {
-  const auto selected = view_.get_selection()->get_selected_rows();
-  for (auto row = selected.rbegin(); row != selected.rend(); ++row) files_.erase(files_.begin() + (*row)[0]);
+  auto selected = view_.get_selection()->get_selected_rows();
+  Gtk::TreePath cursor;
+  Gtk::TreeViewColumn* column = nullptr;
+  view_.get_cursor(cursor, column);
+  if (selected.empty() && !cursor.empty()) selected.push_back(cursor);
+  for (auto row = selected.rbegin(); row != selected.rend(); ++row)
+    files_.erase(files_.begin() + (*row)[0]);
   showFiles();
   client_.changed();
 }

@@ -125,6 +125,9 @@ class PrintServer:
         """The queue takes no jobs until `accept`."""
         self._run("cupsreject", queue)
 
+    def cancel(self, job):
+        self._run("cancel", str(job))
+
     def job(self, number):
         """The attributes of a job as the server keeps them, None before there is one."""
         path = os.path.join(self.root, "spool", f"c{number:05}")

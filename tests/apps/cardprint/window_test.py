@@ -7,6 +7,7 @@ import unittest
 
 import atspi_driver as user
 from keyboard import Keyboard
+from gi.repository import Gio, GLib
 from print_server import PrintServer
 
 ROOT = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
@@ -21,6 +22,48 @@ OTHER_OPTION = """\
 *Polish Gloss/High Gloss: ""
 *CloseUI: *Polish
 """
+
+
+class Notifications:
+    """The desktop's notifications, and what they tell."""
+
+    INTERFACE = """<node><interface name="org.freedesktop.Notifications"><method name="Notify">
+        <arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/>
+        <arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="as" direction="in"/>
+        <arg type="a{sv}" direction="in"/><arg type="i" direction="in"/>
+        <arg type="u" direction="out"/></method></interface></node>"""
+
+    def __init__(self, desktop):
+        flags = (
+            Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+            | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        )
+        address = desktop.env["DBUS_SESSION_BUS_ADDRESS"]
+        self._bus = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+        self._told = []
+
+    def __enter__(self):
+        node = Gio.DBusNodeInfo.new_for_xml(self.INTERFACE)
+        self._bus.register_object(
+            "/org/freedesktop/Notifications", node.interfaces[0], self._called, None, None
+        )
+        Gio.bus_own_name_on_connection(
+            self._bus, "org.freedesktop.Notifications", Gio.BusNameOwnerFlags.NONE, None, None
+        )
+        return self
+
+    def __exit__(self, *_):
+        self._bus.close_sync(None)
+
+    def _called(self, _bus, _sender, _path, _interface, _method, parameters, invocation):
+        self._told.append(parameters.unpack()[3:5])
+        invocation.return_value(GLib.Variant("(u)", (len(self._told),)))
+
+    def wait_for(self, title, text):
+        user.wait_for(
+            lambda: any(each[0] == title and each[1].startswith(text) for each in self._told),
+            lambda: f"{(title, text)} is not told in {self._told}",
+        )
 
 
 class WindowTestCase(unittest.TestCase):
@@ -64,6 +107,11 @@ class WindowTestCase(unittest.TestCase):
             lambda: any(text in each.get_name() for each in user.descendants(bar)),
             lambda: f"{text!r} is not told in:\n{user.outline(bar)}",
         )
+
+    def window(self, program, name):
+        root = program.root
+        windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
+        return next(each for each in windows if each.get_name() == name)
 
     def jobs(self, program):
         """The list of jobs: a file, a job's number and a state each."""
@@ -152,9 +200,7 @@ class WindowTestCase(unittest.TestCase):
         program = self.start("-d", "card")
         self.press(program, "Choose File…")
         program.find("push button", "Add")
-        windows = [program.root.get_child_at_index(i) for i in range(program.root.get_child_count())]
-        chooser = next(each for each in windows if each.get_name() == "Add Files")
-        keyboard = Keyboard(self.desktop, chooser)
+        keyboard = Keyboard(self.desktop, self.window(program, "Add Files"))
         keyboard.press("ctrl+l")
         keyboard.type(path)
         keyboard.press("Return")
@@ -289,7 +335,11 @@ class WindowTestCase(unittest.TestCase):
     def test_cancel_in_the_middle_sends_no_more_and_knows_what_was_sent(self):
         program, names = self.start_with_many()
         self.wait_for_line(program, "^[0-9]{2} of 500 sent")
-        self.press(program, "Cancel")
+        user.press(user.find(self.window(program, "Printing on card"), "push button", "Cancel"))
+        program.find("push button", "Try Again")
+        sent = [number for _, number, _ in self.jobs(program) if number]
+        self.assertLess(len(sent), len(names))
+        self.assertEqual(len(self.names_of_jobs()), len(sent))
         self.press(program, "Try Again")
         self.wait_for_line(program, "^500 of 500 sent")
         self.press(program, "Close")
@@ -302,7 +352,7 @@ class WindowTestCase(unittest.TestCase):
         self.wait_for_line(program, "^[0-9]{2,3} of 500 sent")
         self.server.disable("card", "Ribbon")
         self.wait_for_line(program, "^500 of 500 sent")
-        self.wait_for_line(program, "^Printer stopped: Ribbon")
+        self.wait_for_line(program, "^Printer stopped")
         self.server.enable("card")
         user.wait_for(
             lambda: {state for _, _, state in self.jobs(program)} == {"Printed"},
@@ -324,6 +374,21 @@ class WindowTestCase(unittest.TestCase):
         self.press(program, "Close")
         self.assertEqual(program.finish()[0], 0)
         self.assertEqual(self.names_of_jobs(), names)
+
+    def test_what_becomes_of_jobs_is_told_when_the_window_is_closed(self):
+        self.add_queue(stopped=True)
+        told = self.enterContext(Notifications(self.desktop))
+        program = self.start("-d", "card", *self.files("ada.txt", "bea.txt"))
+        self.press(program, "Print")
+        self.wait_for_jobs(
+            program, ("ada.txt", "card-1", "^Waiting"), ("bea.txt", "card-2", "^Waiting")
+        )
+        self.press(program, "Close")
+        self.assertEqual(program.finish()[0], 0)
+        told.wait_for("card", "Printer stopped: Cleaning")
+        self.server.cancel(2)
+        self.server.enable("card")
+        told.wait_for("card: 1 of 2 jobs printed", "card-2: Job cancelled")
 
     def test_an_error_that_ends_it_is_a_window(self):
         self.add_queue()
