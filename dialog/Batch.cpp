@@ -142,6 +142,16 @@ void Batch::cancel() {
   thread_.reset();
 }
 
+void Batch::giveUp() {
+  if (!isEnding_) return;
+  listener_->batch = nullptr;
+  listener_ = std::make_shared<Listener>(Listener{this});
+  for (BatchJob& each : jobs_) {
+    if (each.state == State::sending) each.state = State::waiting;
+  }
+  ended();
+}
+
 void Batch::take(const Outcome& outcome) {
   BatchJob& job = jobs_[outcome.job];
   job.state = outcome.state;

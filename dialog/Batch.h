@@ -44,6 +44,10 @@ class Batch {
   /// Ends it as soon as can be; the job that is on its way is cancelled.
   void cancel();
 
+  /// Waits no longer for the end after `cancel`: what is on its way is not sent, as long as that
+  /// hangs in reading its file.
+  void giveUp();
+
   bool isSending() const { return thread_ != nullptr || isEnding_; }
   const std::vector<BatchJob>& jobs() const { return jobs_; }
   std::size_t count(BatchJob::State state) const;

@@ -26,6 +26,7 @@ constexpr int kWidth = 600;
 constexpr int kHeight = 400;
 constexpr int kFileWidth = 24;  // characters
 constexpr int kAgain = 1;       // a response
+constexpr unsigned kFarewell = 12;  // seconds, longer than a job takes to be cancelled
 
 void addColumn(Gtk::TreeView& view, const char* title,
                const Gtk::TreeModelColumn<Glib::ustring>& column, int characters) {
@@ -86,6 +87,7 @@ SendingDialog::SendingDialog(Gtk::Window& parent, DialogJob& job, WindowWaiter& 
 }
 
 SendingDialog::~SendingDialog() {
+  farewell_.disconnect();
   waiter_.setParent(get_transient_for());
 }
 
@@ -116,6 +118,12 @@ void SendingDialog::on_response(int response) {
   if (batch_.isSending()) {
     cancel_->set_sensitive(false);
     batch_.cancel();
+    farewell_ = Glib::signal_timeout().connect_seconds(
+        [this] {
+          batch_.giveUp();
+          return false;
+        },
+        kFarewell);
   } else if (response == kAgain) {
     start();
   } else {
@@ -130,6 +138,7 @@ void SendingDialog::changed(std::optional<std::size_t> job) {
 }
 
 void SendingDialog::ended() {
+  farewell_.disconnect();
   if (batch_.passwordNeeded() && askLogin()) return start();
   cancel_->hide();
   again_->set_visible(batch_.count(State::sent) != batch_.jobs().size() && !batch_.ppdChanged());

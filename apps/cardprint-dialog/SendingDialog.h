@@ -57,6 +57,7 @@ class SendingDialog : public Gtk::Dialog {
   Gtk::Label text_;
   Gtk::Label printer_;
   Gtk::ProgressBar bar_;
+  sigc::connection farewell_;
   Gtk::Widget* cancel_;
   Gtk::Widget* again_;
   Gtk::Widget* close_;

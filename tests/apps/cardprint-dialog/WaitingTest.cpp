@@ -17,6 +17,7 @@
 
 #include "apps/cardprint-dialog/CardDialog.h"
 #include "apps/cardprint-dialog/GtkWindows.h"
+#include "apps/cardprint-dialog/SendingDialog.h"
 #include "apps/cardprint/CardJob.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
@@ -229,6 +230,28 @@ TEST_F(WaitingForAServer, TheDialogStaysWhenSendingIsCancelled) {
   EXPECT_EQ(dialog.choose(), std::nullopt);
   EXPECT_EQ(sending.times, 1);
   EXPECT_EQ(pressed, 1);
+}
+
+TEST_F(WaitingForAServer, FiveHundredFilesLeaveTheWindowAnswering) {
+  server_.stop("card", "Cleaning");
+  Arguments arguments = printing(badge_);
+  arguments.files.assign(500, badge_);
+  CardJob job(arguments, windows_);
+  CardDialog dialog(job, windows_.waiter());
+  dialog.show();
+  test::handleEventsUntil([&] { return dialog.get_mapped(); });
+  Gaps gaps;
+  SendingDialog sending(dialog, job, windows_.waiter(), false);
+  sigc::connection closing = Glib::signal_timeout().connect(
+      [&sending] {
+        if (!sending.batch().isSending()) sending.response(Gtk::RESPONSE_CLOSE);
+        return true;
+      },
+      50);
+  sending.send();
+  closing.disconnect();
+  EXPECT_LE(gaps.longest(), std::chrono::milliseconds(100));
+  EXPECT_EQ(sending.batch().count(dialog::BatchJob::State::sent), 500U);
 }
 
 /// A server that wants the password "swordfish" of whoever makes a job.

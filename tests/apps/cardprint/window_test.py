@@ -3,6 +3,7 @@
 import os
 import pathlib
 import re
+import subprocess
 import unittest
 
 import atspi_driver as user
@@ -389,6 +390,17 @@ class WindowTestCase(unittest.TestCase):
         self.server.cancel(2)
         self.server.enable("card")
         told.wait_for("card: 1 of 2 jobs printed", "card-2: Job cancelled")
+
+    def test_its_window_is_that_of_the_desktop_file(self):
+        self.add_queue()
+        program = self.start("-d", "card")
+        program.find("push button", "Choose File…")
+        entry = (ROOT / "resources/desktop/org.cardpanels.cardprint.desktop").read_text("utf-8")
+        name = re.search("^StartupWMClass=(.*)$", entry, re.MULTILINE)[1]
+        command = ["xdotool", "search", "--onlyvisible", "--class", f"^{name}$"]
+        subprocess.run(command, env=self.desktop.env, check=True, capture_output=True)
+        self.press(program, "Cancel")
+        program.finish()
 
     def test_an_error_that_ends_it_is_a_window(self):
         self.add_queue()
