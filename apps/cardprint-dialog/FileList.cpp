@@ -24,6 +24,10 @@ constexpr int kMargin = 6;
 constexpr int kHeight = 56;
 constexpr const char* kAnything = "application/octet-stream";
 
+void addTo(std::string& names, const std::string& name) {
+  names += (names.empty() ? "" : ", ") + name;
+}
+
 }  // namespace
 
 std::vector<std::string> FileList::captions() {
@@ -123,22 +127,29 @@ bool FileList::isTaken(const std::string& path) const {
       Gio::content_type_guess(Glib::path_get_basename(path), std::string(), isUncertain);
   return formats_.empty() || isUncertain || type == kAnything ||
          std::any_of(formats_.begin(), formats_.end(), [&type](const std::string& each) {
-           return Gio::content_type_is_a(type, Gio::content_type_from_mime_type(each));
+           return each != kAnything &&
+                  Gio::content_type_is_a(type, Gio::content_type_from_mime_type(each));
          });
 }
 
-void FileList::add(const std::vector<std::string>& paths) {
+void FileList::add(const std::vector<std::string>& paths, const std::string& notHere) {
   std::string refused;
   for (const std::string& each : paths) {
     if (isTaken(each)) {
       files_.push_back(each);
     } else {
-      refused += (refused.empty() ? "" : ", ") + Glib::filename_display_basename(each).raw();
+      addTo(refused, Glib::filename_display_basename(each));
     }
   }
   showFiles();
+  std::string message;
   if (!refused.empty())
-    client_.tell(filled(_("The printer takes no files of this kind: {files}"), {{"files", refused}}));
+    message = filled(_("The printer takes no files of this kind: {files}"), {{"files", refused}});
+  if (!notHere.empty()) {
+    message += (message.empty() ? "" : "\n") +
+               filled(_("This is no file of this computer: {files}"), {{"files", notHere}});
+  }
+  if (!message.empty()) client_.tell(message);
   client_.changed();
 }
 
@@ -155,17 +166,15 @@ void FileList::takeDropsOn(Gtk::Window& window) {
 
 void FileList::addDropped(const std::vector<Glib::ustring>& uris) {
   std::vector<std::string> paths;
-  std::string elsewhere;
+  std::string notHere;
   for (const Glib::ustring& each : uris) {
     try {
       paths.push_back(Glib::filename_from_uri(each));
     } catch (const Glib::ConvertError&) {
-      elsewhere += (elsewhere.empty() ? "" : ", ") + each.raw();
+      addTo(notHere, each);
     }
   }
-  add(paths);
-  if (!elsewhere.empty())
-    client_.tell(filled(_("This is no file of this computer: {files}"), {{"files", elsewhere}}));
+  add(paths, notHere);
 }
 
 /// Or the row where the keyboard is, where none is selected.

@@ -211,6 +211,36 @@ class WindowTestCase(unittest.TestCase):
         self.assertEqual((status, out.splitlines()[-1]), (0, "request id is card-1 (1 file(s))"), err)
         self.assertEqual(self.server.job(1)["job-name"], "ada.txt")
 
+    def drag(self, program, *uris):
+        """Drags from another program's window onto this one's."""
+        source = pathlib.Path(__file__).with_name("drag_source.py")
+        place = program.window().get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
+        left = place.x + place.width + 20
+        other = self.desktop.start(["/usr/bin/python3", str(source), str(left), "20", *uris])
+        other.window()
+        steps = ["mousemove", left + 50, 70, "mousedown", 1]
+        for x in range(left + 40, place.x + 100, -40):
+            steps += ["sleep", 0.02, "mousemove", x, 90]
+        steps += ["sleep", 0.3, "mouseup", 1]
+        command = ["xdotool", *map(str, steps)]
+        subprocess.run(command, env=self.desktop.env, check=True, capture_output=True)
+
+    def test_files_are_dropped_onto_the_window(self):
+        self.add_queue()
+        ada, letter = self.files("ada lovelace.txt", "letter.docx")
+        program = self.start("-d", "card")
+        # What the printer takes is known once the printers are.
+        printers = program.find("combo box", "Printer")
+        user.wait_for(lambda: "card" in user.items(printers), lambda: str(user.items(printers)))
+        uris = [pathlib.Path(each).as_uri() for each in (ada, letter)]
+        self.drag(program, *uris, "smb://server/grace.png")
+        program.find("table cell", "ada lovelace.txt")
+        self.wait_for_told(program, "no files of this kind: letter.docx")
+        self.wait_for_told(program, "no file of this computer: smb://server/grace.png")
+        self.press(program, "Print")
+        self.assertEqual(program.finish()[0], 0)
+        self.assertEqual(self.names_of_jobs(), ["ada lovelace.txt"])
+
     def test_delete_takes_a_file_out(self):
         self.add_queue()
         program = self.start("-d", "card", *self.files("ada.txt", "bea.txt"))
