@@ -125,16 +125,17 @@ void Batch::start(bool stopsAtFailure, const std::optional<host::Login>& login) 
     unsent.emplace_back(i, jobs_[i]);
   }
   const auto sender = std::make_shared<Sender>(std::move(unsent), ppdText_, stopsAtFailure, login);
-  thread_ = startServerThread([sender, post = post_, listener = listener_](Abandonment& abandonment) {
-    sender->run(abandonment, [&](const Outcome& outcome) {
-      post([listener, outcome] {
-        if (listener->batch != nullptr) listener->batch->take(outcome);
+  thread_ =
+      startServerThread([sender, post = post_, listener = listener_](Abandonment& abandonment) {
+        sender->run(abandonment, [&](const Outcome& outcome) {
+          post([listener, outcome] {
+            if (listener->batch != nullptr) listener->batch->take(outcome);
+          });
+        });
+        post([listener] {
+          if (listener->batch != nullptr) listener->batch->ended();
+        });
       });
-    });
-    post([listener] {
-      if (listener->batch != nullptr) listener->batch->ended();
-    });
-  });
 }
 
 void Batch::cancel() {
@@ -191,9 +192,9 @@ std::vector<std::string> Batch::unsentFiles() const {
 }
 
 std::string progressLine(const Batch& batch) {
-  std::string line = filled(_("{sent} of {all} sent"),
-                            {{"sent", std::to_string(batch.count(State::sent))},
-                             {"all", std::to_string(batch.jobs().size())}});
+  std::string line =
+      filled(_("{sent} of {all} sent"), {{"sent", std::to_string(batch.count(State::sent))},
+                                         {"all", std::to_string(batch.jobs().size())}});
   const std::size_t failed = batch.count(State::failed);
   if (failed != 0)
     line += " · " + filled(_("{failed} failed"), {{"failed", std::to_string(failed)}});

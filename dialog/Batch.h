@@ -28,9 +28,9 @@ struct BatchJob {
 /// To be made, used and destroyed on the dialog's thread, which never waits.
 class Batch {
  public:
-  /// For `submissions`, whose options were chosen on the PPD `ppdText`, which need not stand in each
-  /// of them. `changed` is called by `post` for a job that has changed, by its place among all, and
-  /// when sending has ended, without one.
+  /// For `submissions`, whose options were chosen on the PPD `ppdText`, which need not stand in
+  /// each of them. `changed` is called by `post` for a job that has changed, by its place among
+  /// all, and when sending has ended, without one.
   Batch(std::vector<host::Submission> submissions, platform::Text ppdText, Post post,
         std::function<void(std::optional<std::size_t> job)> changed);
   ~Batch();

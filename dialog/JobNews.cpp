@@ -38,8 +38,8 @@ std::optional<News> JobNews::next(const JobsRead& read) {
     }
   }
   const std::string title =
-      filled(_("{printed} of {all} jobs printed"), {{"printed", std::to_string(printed)},
-                                                    {"all", std::to_string(read.jobs.size())}});
+      filled(_("{printed} of {all} jobs printed"),
+             {{"printed", std::to_string(printed)}, {"all", std::to_string(read.jobs.size())}});
   return News{queue_ + ": " + title, joined(losses, "\n")};
 }
 

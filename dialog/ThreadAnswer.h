@@ -14,9 +14,8 @@ namespace cardpanels::dialog {
 /// answers has been dropped by then: that abandons the thread, and waits for nothing. `work` throws
 /// nothing.
 template <typename Answer>
-std::shared_ptr<void> answerOnThread(
-    std::function<Answer(const std::atomic<bool>& abandoned)> work,
-    std::function<void(Answer answer)> done, Post post) {
+std::shared_ptr<void> answerOnThread(std::function<Answer(const std::atomic<bool>& abandoned)> work,
+                                     std::function<void(Answer answer)> done, Post post) {
   struct Errand {
     std::function<void(Answer)> done;  // the main loop's
     std::optional<Answer> answer;      // the thread's, then the main loop's

@@ -63,8 +63,8 @@ std::map<int, JobState> waitingJobs(Talk& talk, const std::string& queue) {
   std::pair<int, JobState> job;
   for (ipp_attribute_t* each = ippFirstAttribute(answer.get());;
        each = ippNextAttribute(answer.get())) {
-    const bool isOfJob = each != nullptr && ippGetName(each) != nullptr &&
-                         ippGetGroupTag(each) == IPP_TAG_JOB;
+    const bool isOfJob =
+        each != nullptr && ippGetName(each) != nullptr && ippGetGroupTag(each) == IPP_TAG_JOB;
     if (isOfJob) {
       take(job, each);
     } else if (job.first != 0) {
@@ -91,8 +91,8 @@ JobsProgress jobsProgress(const std::string& queue, const std::vector<int>& ids,
     JobsProgress progress;
     for (const int id : ids) {
       const auto found = waiting.find(id);
-      progress.jobs[id] = found == waiting.end() ? knownState(talk, queue, id)
-                                                 : std::optional(found->second);
+      progress.jobs[id] =
+          found == waiting.end() ? knownState(talk, queue, id) : std::optional(found->second);
     }
     progress.printer = printerState(talk, queue);
     return progress;

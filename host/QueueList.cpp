@@ -15,10 +15,12 @@
 namespace cardpanels::host {
 namespace {
 
-constexpr std::array<const char*, 6> kAttributes{
-    "printer-name",          "printer-state",
-    "printer-state-reasons", "printer-state-message",
-    "printer-is-accepting-jobs", "document-format-supported"};
+constexpr std::array<const char*, 6> kAttributes{"printer-name",
+                                                 "printer-state",
+                                                 "printer-state-reasons",
+                                                 "printer-state-message",
+                                                 "printer-is-accepting-jobs",
+                                                 "document-format-supported"};
 
 /// Whether the PPD's `text` opens the option, without reading all of it.
 bool opens(std::string_view text, std::string_view keyword) {

@@ -49,8 +49,8 @@ struct Submission {
 /// `JobLeft` where that fails.
 int submitJob(const Submission& job, const Terms& terms = {});
 
-/// Sees to the job `id` that was left of `job`: answers whether the server has all of it, which then
-/// counts as sent, and cancels it otherwise. Throws `Error`.
+/// Sees to the job `id` that was left of `job`: answers whether the server has all of it, which
+/// then counts as sent, and cancels it otherwise. Throws `Error`.
 bool isWholeElseCancelled(const Submission& job, int id, const Terms& terms = {});
 
 }  // namespace cardpanels::host

@@ -111,7 +111,8 @@ void CardDialog::setDefaultSize() {
   int above = 0;
   int wide = 0;
   int natural = 0;
-  for (Gtk::Widget* each : {static_cast<Gtk::Widget*>(&header_), static_cast<Gtk::Widget*>(&files_)}) {
+  for (Gtk::Widget* each :
+       {static_cast<Gtk::Widget*>(&header_), static_cast<Gtk::Widget*>(&files_)}) {
     if (!each->get_visible()) continue;
     each->get_preferred_height(least, natural);
     above += natural;

@@ -30,7 +30,8 @@ ChoiceBox::ChoiceBox(std::function<void(const std::string&)> chosen) : chosen_(s
 void ChoiceBox::showItems(std::vector<Item> items, const std::optional<std::string>& value) {
   isShowing_ = true;
   // Rows that stay keep an open list open.
-  for (std::size_t i = items.size(); i < items_.size(); ++i) rows_->erase(--rows_->children().end());
+  for (std::size_t i = items.size(); i < items_.size(); ++i)
+    rows_->erase(--rows_->children().end());
   for (std::size_t i = 0; i < items.size(); ++i) {
     const bool isOld = i < items_.size();
     if (isOld && items_[i] == items[i]) continue;

@@ -49,9 +49,8 @@ FileList::FileList(Client client)
   view_.append_column("", name_);
   view_.set_headers_visible(false);
   view_.get_selection()->set_mode(Gtk::SELECTION_MULTIPLE);
-  view_.get_selection()->signal_changed().connect([this] {
-    removeButton_.set_sensitive(view_.get_selection()->count_selected_rows() != 0);
-  });
+  view_.get_selection()->signal_changed().connect(
+      [this] { removeButton_.set_sensitive(view_.get_selection()->count_selected_rows() != 0); });
   view_.set_tooltip_column(1);
   view_.get_accessible()->set_name(_("Files"));
   view_.signal_key_press_event().connect(sigc::mem_fun(*this, &FileList::keyPressed), false);
@@ -165,6 +164,7 @@ void FileList::takeDropsOn(Gtk::Window& window) {
 }
 
 void FileList::addDropped(const std::vector<Glib::ustring>& uris) {
+  if (!get_visible()) return;  // nothing is to be added
   std::vector<std::string> paths;
   std::string notHere;
   for (const Glib::ustring& each : uris) {

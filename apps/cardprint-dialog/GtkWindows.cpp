@@ -38,8 +38,7 @@ GtkWindows::~GtkWindows() = default;
 
 std::shared_ptr<platform::Bundle> GtkWindows::bundle(const std::string& path,
                                                      const host::JobOptions& job) {
-  return std::make_shared<gtk3::GtkBundle>(path,
-                                           dialog::captionsOf(job, CardDialog::captions()));
+  return std::make_shared<gtk3::GtkBundle>(path, dialog::captionsOf(job, CardDialog::captions()));
 }
 
 Choice GtkWindows::choose(DialogJob& job, const std::string& told) {

@@ -14,8 +14,8 @@ constexpr unsigned kPatience = 600;  // seconds for a server that does not answe
 
 Notifications::Notifications() {
   try {
-    service_ = Gio::DBus::Proxy::create_for_bus_sync(
-        Gio::DBus::BUS_TYPE_SESSION, kService, "/org/freedesktop/Notifications", kService);
+    service_ = Gio::DBus::Proxy::create_for_bus_sync(Gio::DBus::BUS_TYPE_SESSION, kService,
+                                                     "/org/freedesktop/Notifications", kService);
   } catch (const Glib::Error&) {
     // There is no session.
   }

@@ -17,7 +17,7 @@ constexpr int kMargin = 6;
 }  // namespace
 
 std::vector<std::string> JobHeader::captions() {
-  return {_("Prin_ter"), _("Card si_ze"),  _("O_rientation"),
+  return {_("Prin_ter"), _("Card si_ze"),         _("O_rientation"),
           _("Cop_ies"),  _("Fit to _whole card"), _("Ot_her Options…")};
 }
 

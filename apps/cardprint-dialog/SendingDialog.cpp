@@ -24,8 +24,8 @@ using State = dialog::BatchJob::State;
 constexpr int kMargin = 12;
 constexpr int kWidth = 600;
 constexpr int kHeight = 400;
-constexpr int kFileWidth = 24;  // characters
-constexpr int kAgain = 1;       // a response
+constexpr int kFileWidth = 24;      // characters
+constexpr int kAgain = 1;           // a response
 constexpr unsigned kFarewell = 12;  // seconds, longer than a job takes to be cancelled
 
 void addColumn(Gtk::TreeView& view, const char* title,
@@ -57,7 +57,9 @@ SendingDialog::SendingDialog(Gtk::Window& parent, DialogJob& job, WindowWaiter& 
   columns_.add(state_);
   rows_ = Gtk::ListStore::create(columns_);
   for (const dialog::BatchJob& each : batch_.jobs()) {
-    (*rows_->append())[file_] = Glib::filename_display_basename(each.submission.files.front());
+    auto row = *rows_->append();
+    row[file_] = Glib::filename_display_basename(each.submission.files.front());
+    row[state_] = dialog::stateLine(each, true, std::nullopt);
   }
   view_.set_model(rows_);
   addColumn(view_, _("File"), file_, kFileWidth);
@@ -131,6 +133,9 @@ void SendingDialog::on_response(int response) {
   }
 }
 
+/// The response alone decides whether it closes: what is on its way must come to an end first.
+bool SendingDialog::on_delete_event(GdkEventAny* /*event*/) { return true; }
+
 void SendingDialog::changed(std::optional<std::size_t> job) {
   if (!job) return ended();
   showJob(*job);
@@ -149,9 +154,9 @@ void SendingDialog::ended() {
   if (batch_.ppdChanged()) hide();
   const auto ids = batch_.sentIds();
   if (ids.empty()) return;
-  watch_ = std::make_unique<dialog::JobWatch>(
-      job_.queue().queue, ids, gtk3::postToMainLoop,
-      [this](const dialog::JobsRead& states) { read(states); });
+  watch_ =
+      std::make_unique<dialog::JobWatch>(job_.queue().queue, ids, gtk3::postToMainLoop,
+                                         [this](const dialog::JobsRead& states) { read(states); });
 }
 
 bool SendingDialog::askLogin() {
@@ -164,11 +169,13 @@ void SendingDialog::showJob(std::size_t job) {
   const dialog::BatchJob& each = batch_.jobs()[job];
   const auto read = read_.jobs.find(each.id);
   auto row = rows_->children()[static_cast<unsigned>(job)];
-  if (each.state == State::sent)
-    row[number_] = job_.queue().queue + "-" + std::to_string(each.id);
-  row[state_] = dialog::stateLine(
-      each, batch_.isSending(),
-      read == read_.jobs.end() ? std::nullopt : std::optional(read->second));
+  const auto show = [&row](const auto& column, const Glib::ustring& text) {
+    if (row.get_value(column) != text) row.set_value(column, text);  // which costs a redraw
+  };
+  if (each.state == State::sent) show(number_, job_.queue().queue + "-" + std::to_string(each.id));
+  show(state_,
+       dialog::stateLine(each, batch_.isSending(),
+                         read == read_.jobs.end() ? std::nullopt : std::optional(read->second)));
 }
 
 void SendingDialog::showProgress() {
@@ -185,10 +192,10 @@ void SendingDialog::read(const dialog::JobsRead& read) {
     const auto then = before.jobs.find(id);
     if (now != read_.jobs.end() && (then == before.jobs.end() || *now != *then)) showJob(i);
   }
-  const std::string line =
-      read.haveAllEnded() ? ""
-                          : dialog::stateLine(dialog::StateRead{read.printer, read.error},
-                                              job_.panels().job().ppd());
+  const std::string line = read.haveAllEnded()
+                               ? ""
+                               : dialog::stateLine(dialog::StateRead{read.printer, read.error},
+                                                   job_.panels().job().ppd());
   printer_.set_text(line);
   printer_.set_visible(!line.empty());
 }

@@ -33,6 +33,7 @@ class SendingDialog : public Gtk::Dialog {
 
  private:
   void on_response(int response) override;
+  bool on_delete_event(GdkEventAny* event) override;
   void start();
   void changed(std::optional<std::size_t> job);
   void ended();

@@ -39,18 +39,13 @@ enum LongOption {
   version
 };
 
-constexpr option kLongOptions[] = {{"ppd", required_argument, nullptr, ppd},
-                                   {"each", no_argument, nullptr, each},
-                                   {"list", required_argument, nullptr, list},
-                                   {"stop", no_argument, nullptr, stop},
-                                   {"wait", no_argument, nullptr, wait},
-                                   {kFollow, required_argument, nullptr, follow},
-                                   {"no-dialog", no_argument, nullptr, noDialog},
-                                   {"strict", no_argument, nullptr, strict},
-                                   {"trace", no_argument, nullptr, trace},
-                                   {"help", no_argument, nullptr, help},
-                                   {"version", no_argument, nullptr, version},
-                                   {}};
+constexpr option kLongOptions[] = {
+    {"ppd", required_argument, nullptr, ppd},      {"each", no_argument, nullptr, each},
+    {"list", required_argument, nullptr, list},    {"stop", no_argument, nullptr, stop},
+    {"wait", no_argument, nullptr, wait},          {kFollow, required_argument, nullptr, follow},
+    {"no-dialog", no_argument, nullptr, noDialog}, {"strict", no_argument, nullptr, strict},
+    {"trace", no_argument, nullptr, trace},        {"help", no_argument, nullptr, help},
+    {"version", no_argument, nullptr, version},    {}};
 
 std::vector<int> numbers(const std::string& text) {
   std::vector<int> all;

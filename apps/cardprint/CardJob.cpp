@@ -107,12 +107,13 @@ std::string CardJob::requestLine() {
   }
   host::Submission job = submission(isInput ? kStandardInputName : files_.front());
   if (!isInput) job.files = files_;
+  job.options = options_.options();
   job.ppdText = ppdText_;
   job.basis = basis_;
   job.document = input_;
-  ids_.push_back(
-      waitedFor<int>(waiter_, _("Sending the job…"),
-                     [job](const host::Terms& terms) { return host::submitJob(job, terms); }));
+  ids_.push_back(waitedFor<int>(waiter_, _("Sending the job…"), [job](const host::Terms& terms) {
+    return host::submitJob(job, terms);
+  }));
   return requestLine(ids_.back(), job.files.size());
 }
 
@@ -125,15 +126,17 @@ host::Submission CardJob::submission(const std::string& name) const {
   return {.queue = queue_,
           .title = chosen_.title.value_or(std::filesystem::path(name).filename().string()),
           .files = {},
-          .options = options_.options(),
+          .options = {},
           .attributes = chosen_.attributes};
 }
 
 std::vector<host::Submission> CardJob::submissions() const {
   std::vector<host::Submission> all;
+  const auto options = options_.options();  // once: there may be many files
   for (const std::string& file : files_) {
     all.push_back(submission(file));
     all.back().files = {file};
+    all.back().options = options;
   }
   return all;
 }

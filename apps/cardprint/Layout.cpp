@@ -50,8 +50,8 @@ std::size_t orientationOf(const DialogJob& job) {
   const std::string usual = isTrue(job.attribute(kLandscape)) ? "4" : "";
   const std::string value = job.attribute(kOrientation).value_or(usual);
   const auto all = orientations();
-  const auto found = std::find_if(all.begin(), all.end(),
-                                  [&value](const Orientation& each) { return each.value == value; });
+  const auto found = std::find_if(
+      all.begin(), all.end(), [&value](const Orientation& each) { return each.value == value; });
   return found == all.end() ? 0 : static_cast<std::size_t>(found - all.begin());
 }
 

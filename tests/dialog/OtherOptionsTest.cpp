@@ -42,7 +42,8 @@ TEST_F(OtherOptions, HaveTheirTitlesAndWhatIsMarked) {
 
 TEST_F(OtherOptions, ShowACustomValueThatIsMarkedAndNoChoiceThatNeedsOne) {
   EXPECT_EQ(optionRow(job_, "area").items.size(), 1U);
-  for (const std::string value : {"1in 1in 2in 2in", "1.00000000000001in 1.00000000000001in 2in 2in"}) {
+  for (const std::string value :
+       {"1in 1in 2in 2in", "1.00000000000001in 1.00000000000001in 2in 2in"}) {
     job_.mark("area", value);
     const OptionRow row = optionRow(job_, "area");
     EXPECT_THAT(titles(row), testing::Contains(value)) << value;

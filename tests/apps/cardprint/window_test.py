@@ -142,9 +142,9 @@ class WindowTestCase(unittest.TestCase):
         user.wait_for(is_there, lambda: f"no {pattern!r} in:\n{user.outline(program.root)}")
 
     def names_of_jobs(self):
-        """What the server's jobs are called, as its files have it."""
+        """What the server's jobs that can print are called, as its files have it."""
         spool = pathlib.Path(self.server.root, "spool")
-        jobs = [self.server.job(int(each.name[1:])) for each in spool.glob("c*")]
+        jobs = [self.server.job(int(each.name[1:6])) for each in spool.glob("d*-001")]
         return sorted(each["job-name"] for each in jobs if each.get("job-state") != "canceled")
 
     def test_another_printer_keeps_what_fits_and_tells_what_does_not(self):
