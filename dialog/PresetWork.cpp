@@ -25,9 +25,9 @@ PresetsRead doneWithPresets(const PresetTask& task) {
 
 WorkOnPresets workOnPresetsOnThread(Post post) {
   return [post = std::move(post)](const PresetTask& task, std::function<void(PresetsRead)> done) {
-    return answeredByThread<PresetsRead>(
-        post, [task](const std::atomic<bool>& /*abandoned*/) { return doneWithPresets(task); },
-        std::move(done));
+    return answerOnThread<PresetsRead>(
+        [task](const std::atomic<bool>& /*abandoned*/) { return doneWithPresets(task); },
+        std::move(done), post);
   };
 }
 

@@ -26,9 +26,9 @@ QueueRead read(const std::string& queue, const std::atomic<bool>& abandoned) {
 
 ReadQueue readQueueOnThread(Post post) {
   return [post = std::move(post)](const std::string& queue, std::function<void(QueueRead)> done) {
-    return answeredByThread<QueueRead>(
-        post, [queue](const std::atomic<bool>& abandoned) { return read(queue, abandoned); },
-        std::move(done));
+    return answerOnThread<QueueRead>(
+        [queue](const std::atomic<bool>& abandoned) { return read(queue, abandoned); },
+        std::move(done), post);
   };
 }
 

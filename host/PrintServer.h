@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "host/Error.h"
+
 /// What is said to and about the print server that libcups' settings name (`CUPS_SERVER` and the
 /// rest).
 namespace cardpanels::host {
@@ -59,7 +61,13 @@ class OtherServer {
 /// The server and its port, or its socket.
 std::string serverName();
 
-/// Throws the `Error` that the server cannot be asked.
+/// The server cannot be asked: it is not there, or does not answer as one.
+class ServerError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// Throws the `ServerError` that the server cannot be asked.
 [[noreturn]] void failAtServer(const std::string& reason);
 
 /// Throws the `Error` that it has no such queue.
@@ -78,9 +86,11 @@ bool isGranted(ipp_t* answer);
 std::string statusText(ipp_t* answer);
 
 /// A text of an answer, on one line; "" for none.
+std::string textOf(ipp_attribute_t* attribute);
 std::string textIn(ipp_t* answer, const char* attribute);
 
 /// IPP's keywords for a state, each on one line, without `none`.
+std::vector<std::string> reasonsOf(ipp_attribute_t* attribute);
 std::vector<std::string> reasonsIn(ipp_t* answer, const char* attribute);
 
 }  // namespace cardpanels::host

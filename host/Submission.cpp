@@ -110,12 +110,24 @@ void sendDocument(Talk& talk, const std::string& queue, int id, OpenDocument& do
   if (!isGranted(answer.get())) failAtJob(queue, statusText(answer.get()));
 }
 
+void cancelJob(Talk& talk, const std::string& queue, int id) {
+  const Ipp answer = talk.ask(jobRequest(IPP_OP_CANCEL_JOB, queue, id), "/printers/" + queue);
+  if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
+}
+
 /// Cancels the job `id` over a connection of its own. Throws `Error` when that cannot be done.
 void cancelJob(const std::string& queue, int id, const Terms& terms) {
-  askServer(terms, [queue, id](Talk& talk) {
-    const Ipp answer = talk.ask(jobRequest(IPP_OP_CANCEL_JOB, queue, id), "/printers/" + queue);
-    if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
-  });
+  askServer(terms, [queue, id](Talk& talk) { cancelJob(talk, queue, id); });
+}
+
+/// Whether the server has all `documents` of the job, and nobody has cancelled it.
+bool isWhole(ipp_t* job, int documents) {
+  const auto number = [job](const char* name) {
+    return ippGetInteger(ippFindAttribute(job, name, IPP_TAG_ZERO), 0);
+  };
+  const int state = number("job-state");
+  return state != IPP_JSTATE_CANCELED && state != IPP_JSTATE_ABORTED &&
+         number("number-of-documents") >= documents;
 }
 
 /// How far a job is that one thread makes and another waits for.
@@ -196,15 +208,16 @@ int made(Talk& talk, const Submission& job, const JobBasis& basis,
   return id;
 }
 
-/// Cancels the job that has failed with `error`. Throws `Error` with both when that cannot be done.
+/// Cancels the job that has failed with `error`. Throws `JobLeft` when that cannot be done.
 void cancelAfter(const Error& error, const std::string& queue, int id, const Terms& terms) {
   try {
     cancelJob(queue, id, terms);
   } catch (const Error& failure) {
-    throw Error(error.what() +
-                (" " + filled(_("The job {job} could not be cancelled: {reason}"),
-                              {{"job", platform::onOneLine(queue) + "-" + std::to_string(id)},
-                               {"reason", failure.what()}})));
+    throw JobLeft(error.what() +
+                      (" " + filled(_("The job {job} could not be cancelled: {reason}"),
+                                    {{"job", platform::onOneLine(queue) + "-" + std::to_string(id)},
+                                     {"reason", failure.what()}})),
+                  id);
   }
 }
 
@@ -220,6 +233,19 @@ JobBasis currentBasis(const Submission& job, const Terms& terms) {
                {{"queue", platform::onOneLine(now.destination.name.queue)}}));
   }
   return basisOf(now.destination, now.ppd.get());
+}
+
+bool isWholeElseCancelled(const Submission& job, int id, const Terms& terms) {
+  const auto documents = static_cast<int>(job.files.size() + (job.document ? 1 : 0));
+  return answerOfServer<bool>(terms, [queue = job.queue.queue, id, documents](Talk& talk) {
+    const Ipp answer = talk.ask(jobRequest(IPP_OP_GET_JOB_ATTRIBUTES, queue, id));
+    if (ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND) return false;
+    if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
+    if (isWhole(answer.get(), documents)) return true;
+    const int state = ippGetInteger(ippFindAttribute(answer.get(), "job-state", IPP_TAG_ENUM), 0);
+    if (state < IPP_JSTATE_CANCELED) cancelJob(talk, queue, id);
+    return false;
+  });
 }
 
 int submitJob(const Submission& job, const Terms& terms) {

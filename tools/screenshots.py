@@ -16,6 +16,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "support"))
 import atspi_driver as user  # noqa: E402 (found by the path)
+from print_server import PrintServer  # noqa: E402
 
 BUILD = pathlib.Path(os.environ.get("CARDPANELS_BUILD_DIR", ROOT / "build"))
 CARDPRINT = BUILD / "bin" / "cardprint"
@@ -52,6 +53,7 @@ DOCS = {  # what docs/ calls them
     "dark": "dark-marked-field",
     "german": "german-conflict",
     "japanese": "japanese-peel-off",
+    "jobs": "light-jobs",
     "large-text": "large-text-ribbon",
     "peel-off": "light-peel-off",
     "ribbon": "light-ribbon",
@@ -79,10 +81,25 @@ class Photographer:
             self.select(index)
             self.picture(section)
         self.select(LAMINATE)
-        user.press(self.all("combo box")[0])
+        user.press(self.all("combo box")[-1])
         user.press(user.wait_for(lambda: self.all("menu item"), "the pop-up stays closed")[1])
         user.wait_for(lambda: self.all("info bar"), "no conflict is told")
         self.picture("conflict")
+
+    def take_jobs(self):
+        """Prints, and takes the list of what becomes of it."""
+        user.press(self.all("push button")[-1])
+        sending = user.wait_for(self.sending, "no list of jobs shows")
+        cells = user.wait_for(lambda: user.showing(sending, "table cell"), "no job is listed")
+        user.wait_for(lambda: len({each.get_name() for each in cells[2::3]}) == 1, "no end is seen")
+        self.picture("jobs", sending)
+        user.press(user.showing(sending, "push button")[-1])
+        self._program.finish()
+
+    def sending(self):
+        root = self._program.root
+        windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
+        return next((each for each in windows if user.showing(each, "progress bar")), None)
 
     def take_marked_field(self):
         self.select(RIBBON)
@@ -136,10 +153,11 @@ class Photographer:
 
     def leave(self):
         user.press(self.all("push button")[-2])  # Cancel
+        self._program.finish()
 
-    def picture(self, name):
+    def picture(self, name, window=None):
         path = self._folder / f"{self._look}-{name}.png"
-        self._desktop.picture(str(path), self._window)
+        self._desktop.picture(str(path), window or self._window)
         print(path)
 
     def _run(self, *command):
@@ -151,23 +169,30 @@ class Photographer:
 
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
-    with user.Desktop(theme="Adwaita") as desktop:
+    with PrintServer() as server, user.Desktop(theme="Adwaita") as desktop:
+        server.add_queue("badges", PPD)
+        server.add_queue("office", None)
+        files = [pathlib.Path(desktop.home, name) for name in ("ada.txt", "grace.txt", "joan.txt")]
+        for each in files:
+            each.write_text("Visitor\n", encoding="utf-8")
         for look, (language, theme, size) in LOOKS.items():
-            scale = "1.5" if look == "large-text" else "1"
-            program = desktop.start(
-                [str(CARDPRINT), "--ppd", str(PPD), "-o", OPTIONS],
-                LANG=language,
-                GTK_THEME=theme,
-                GDK_DPI_SCALE=scale,
-            )
-            photographer = Photographer(desktop, program, folder, look)
+            environment = {"LANG": language, "GTK_THEME": theme, **server.env}
+            environment["GDK_DPI_SCALE"] = "1.5" if look == "large-text" else "1"
+
+            def photographed(*options):
+                command = [str(CARDPRINT), "-d", "badges", *options, *map(str, files)]
+                program = desktop.start(command, **environment)
+                return Photographer(desktop, program, folder, look)
+
+            photographer = photographed("-o", OPTIONS)
             if size:
                 photographer.resize(size)
             photographer.take_all()
             if not size:
                 photographer.take_marked_field()
             photographer.leave()
-            program.finish()
+            if not size:
+                photographed().take_jobs()
 
 
 if __name__ == "__main__":

@@ -7,8 +7,10 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <sstream>
 #include <system_error>
 
+#include "apps/cardprint/Follower.h"
 #include "apps/cardprint/LpLetters.h"
 #include "apps/cardprint/OptionArgument.h"
 #include "apps/cardprint/StandardInput.h"
@@ -30,6 +32,7 @@ enum LongOption {
   list,
   stop,
   wait,
+  follow,
   noDialog,
   strict,
   trace,
@@ -38,13 +41,27 @@ enum LongOption {
 };
 
 constexpr option kLongOptions[] = {
-    {"ppd", required_argument, nullptr, ppd},      {"check", no_argument, nullptr, check},
-    {"each", no_argument, nullptr, each},          {"list", required_argument, nullptr, list},
-    {"stop", no_argument, nullptr, stop},          {"wait", no_argument, nullptr, wait},
-    {"no-dialog", no_argument, nullptr, noDialog}, {"strict", no_argument, nullptr, strict},
-    {"trace", no_argument, nullptr, trace},        {"help", no_argument, nullptr, help},
-    {"version", no_argument, nullptr, version},    {},
+    {"ppd", required_argument, nullptr, ppd},
+    {"check", no_argument, nullptr, check},
+    {"each", no_argument, nullptr, each},
+    {"list", required_argument, nullptr, list},
+    {"stop", no_argument, nullptr, stop},
+    {"wait", no_argument, nullptr, wait},
+    {kFollow, required_argument, nullptr, follow},
+    {"no-dialog", no_argument, nullptr, noDialog},
+    {"strict", no_argument, nullptr, strict},
+    {"trace", no_argument, nullptr, trace},
+    {"help", no_argument, nullptr, help},
+    {"version", no_argument, nullptr, version},
+    {},
 };
+
+std::vector<int> numbers(const std::string& text) {
+  std::vector<int> all;
+  std::istringstream words(text);
+  for (int number = 0; words >> number;) all.push_back(number);
+  return all;
+}
 
 std::string nonEmpty(const char* value, const std::string& name) {
   if (*value == '\0') {
@@ -84,6 +101,7 @@ void take(int option, Arguments& arguments) {
     case list: arguments.list = nonEmpty(optarg, "--list"); break;
     case stop: arguments.stop = true; break;
     case wait: arguments.wait = true; break;
+    case follow: arguments.follow = numbers(optarg); break;
     case noDialog: arguments.dialog = false; break;
     case strict: arguments.strict = true; break;
     case trace: arguments.trace = true; break;

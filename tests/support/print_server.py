@@ -75,6 +75,7 @@ class PrintServer:
         for name in ("log", "spool", "cache", "state", "tmp"):
             os.mkdir(os.path.join(self.root, name))
         os.chmod(self.root, 0o755)
+        os.chmod(os.path.join(self.root, "tmp"), 0o1777)  # filters run as another user
         files = FILES if os.getuid() == 0 else FILES + f"User {pwd.getpwuid(os.getuid()).pw_name}\n"
         self._write("cupsd.conf", CONFIGURATION)
         self._write("cups-files.conf", files)
@@ -123,6 +124,9 @@ class PrintServer:
     def reject(self, queue):
         """The queue takes no jobs until `accept`."""
         self._run("cupsreject", queue)
+
+    def cancel(self, job):
+        self._run("cancel", str(job))
 
     def job(self, number):
         """The attributes of a job as the server keeps them, None before there is one."""
