@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <optional>
 
-#include "dialog/CardKeys.h"
 #include "dialog/PrinterStateText.h"
 #include "dialog/StateWatch.h"
 #include "dialog/ThreadAnswer.h"
+#include "host/CardKeys.h"
 #include "host/Error.h"
 
 namespace cardpanels::dialog {
 namespace {
-
-constexpr int kSeconds = 60;  // there may be many queues
 
 using Queues = std::vector<host::ListedQueue>;
 
@@ -48,9 +46,7 @@ std::string firstPrinter(const Queues& queues) {
 }
 
 Queues readPrinters(const host::Terms& terms) {
-  host::Terms patient = terms;
-  patient.seconds = kSeconds;
-  return host::listedQueues(kCardKeys, patient);
+  return host::listedQueues(host::kCardKeys, terms);
 }
 
 std::shared_ptr<void> readPrintersOnThread(std::function<void(const Queues& queues)> done,

@@ -103,7 +103,7 @@ void addSources(Talk& talk, const Destination& destination, std::set<std::string
     addSources(talk, destinationOf(talk, {each, ""}), seen, sources);
   }
   if (!destination.members.empty()) return;
-  sources.push_back({queue, destination.device, textAt(talk, "/printers/" + queue, queue)});
+  sources.push_back({queue, destination.device, localPPDText(talk, queue)});
 }
 
 Answer answered(Talk& talk, const QueueName& name) {
@@ -178,6 +178,10 @@ std::vector<OpenedPPD> differentPPDs(const std::vector<Source>& sources, const T
 }
 
 }  // namespace
+
+std::optional<std::string> localPPDText(Talk& talk, const std::string& queue) {
+  return textAt(talk, "/printers/" + queue, queue);
+}
 
 FetchedQueue fetchQueue(const QueueName& name, const Terms& terms) {
   auto [destination, sources] =

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/Destination.h"
 #include "host/PPDFile.h"
 #include "host/Queue.h"
+#include "host/Talk.h"
 #include "host/Terms.h"
 
 namespace cardpanels::host {
@@ -23,5 +25,10 @@ struct FetchedQueue {
 /// has what its queues have in common. Each server is waited for as long as `terms` say. Throws
 /// `Error` when there is no queue or no PPD, or none can be had, and `PasswordNeeded`.
 FetchedQueue fetchQueue(const QueueName& name, const Terms& terms);
+
+/// The PPD that the print server itself has of `queue`, byte by byte; of one of its queues when
+/// that is a class. Nothing without one. Throws `Error` when it cannot be had, and
+/// `PasswordNeeded`.
+std::optional<std::string> localPPDText(Talk& talk, const std::string& queue);
 
 }  // namespace cardpanels::host

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
-#include "host/Destination.h"
-#include "host/FetchedPPD.h"
+#include "host/FetchedQueue.h"
+#include "host/PPDRecords.h"
 #include "host/PrintServer.h"
 #include "host/Question.h"
+#include "host/RemoteQueue.h"
 #include "host/SavedOptions.h"
 #include "platform/ASCII.h"
 #include "platform/Text.h"
@@ -15,12 +17,20 @@
 namespace cardpanels::host {
 namespace {
 
-constexpr std::array<const char*, 6> kAttributes{"printer-name",
+constexpr int kSecondsElsewhere = 2;  // for another server, while somebody looks at the list
+
+constexpr std::array<const char*, 7> kAttributes{"printer-name",
                                                  "printer-state",
                                                  "printer-state-reasons",
                                                  "printer-state-message",
                                                  "printer-is-accepting-jobs",
-                                                 "document-format-supported"};
+                                                 "document-format-supported",
+                                                 "device-uri"};
+
+struct FoundQueue {
+  ListedQueue queue;
+  bool isElsewhere = false;
+};
 
 /// Whether the PPD's `text` opens the option, without reading all of it.
 bool opens(std::string_view text, std::string_view keyword) {
@@ -36,10 +46,22 @@ bool opens(std::string_view text, std::string_view keyword) {
 
 bool hasOption(Talk& talk, const std::string& queue, const std::vector<std::string>& keywords) {
   try {
-    const FetchedPPD ppd(talk, destinationOf(talk, {queue, ""}));
-    const std::string& text = ppd.text();
-    return std::any_of(keywords.begin(), keywords.end(),
-                       [&text](const std::string& each) { return opens(text, each); });
+    const auto text = localPPDText(talk, queue);
+    return text && std::any_of(keywords.begin(), keywords.end(),
+                               [&text](const std::string& each) { return opens(*text, each); });
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+bool hasOptionElsewhere(const std::string& queue, std::span<const char* const> keywords,
+                        Terms terms) {
+  terms.seconds = std::min(terms.seconds, kSecondsElsewhere);
+  try {
+    const FetchedQueue fetched = fetchQueue({queue, ""}, terms);
+    return std::any_of(keywords.begin(), keywords.end(), [&fetched](const char* each) {
+      return findOption(fetched.ppd.get(), each) != nullptr;
+    });
   } catch (const Error&) {
     return false;
   }
@@ -53,21 +75,30 @@ std::string defaultQueue(Talk& talk) {
   return isGranted(answer.get()) ? textIn(answer.get(), "printer-name") : "";
 }
 
-void take(ListedQueue& queue, ipp_attribute_t* attribute) {
+/// "" for what is no text.
+std::string attributeText(ipp_attribute_t* attribute, int place) {
+  const char* const text = ippGetString(attribute, place, nullptr);
+  return text == nullptr ? "" : text;
+}
+
+void take(FoundQueue& found, ipp_attribute_t* attribute) {
+  ListedQueue& queue = found.queue;
   const std::string_view name = ippGetName(attribute);
   if (name == "printer-name") {
-    queue.name = platform::onOneLine(ippGetString(attribute, 0, nullptr));
+    queue.name = platform::onOneLine(attributeText(attribute, 0));
   } else if (name == "document-format-supported") {
     for (int i = 0; i < ippGetCount(attribute); ++i)
-      queue.formats.emplace_back(ippGetString(attribute, i, nullptr));
+      queue.formats.push_back(attributeText(attribute, i));
+  } else if (name == "device-uri") {
+    found.isElsewhere = remoteQueueOf(attributeText(attribute, 0)).has_value();
   } else {
     takeState(queue.state, attribute);
   }
 }
 
 /// The queues in `answer`, whose attributes stand in a group each.
-std::vector<ListedQueue> queuesIn(ipp_t* answer) {
-  std::vector<ListedQueue> queues;
+std::vector<FoundQueue> queuesIn(ipp_t* answer) {
+  std::vector<FoundQueue> queues;
   bool isInGroup = false;
   for (ipp_attribute_t* each = ippFirstAttribute(answer); each != nullptr;
        each = ippNextAttribute(answer)) {
@@ -80,11 +111,11 @@ std::vector<ListedQueue> queuesIn(ipp_t* answer) {
     isInGroup = true;
     take(queues.back(), each);
   }
-  std::erase_if(queues, [](const ListedQueue& each) { return each.name.empty(); });
+  std::erase_if(queues, [](const FoundQueue& each) { return each.queue.name.empty(); });
   return queues;
 }
 
-std::vector<ListedQueue> listed(Talk& talk, const std::vector<std::string>& keywords) {
+std::vector<FoundQueue> listed(Talk& talk, const std::vector<std::string>& keywords) {
   const Ipp request = queueRequest(IPP_OP_CUPS_GET_PRINTERS, "");
   ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
                 static_cast<int>(kAttributes.size()), nullptr, kAttributes.data());
@@ -93,7 +124,7 @@ std::vector<ListedQueue> listed(Talk& talk, const std::vector<std::string>& keyw
   if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
   auto queues = queuesIn(answer.get());
   const std::string standard = defaultQueue(talk);
-  for (ListedQueue& each : queues) {
+  for (auto& [each, isElsewhere] : queues) {
     each.isDefault = platform::equalIgnoringCase(each.name, standard);
     each.hasOptions = hasOption(talk, each.name, keywords);
   }
@@ -104,8 +135,15 @@ std::vector<ListedQueue> listed(Talk& talk, const std::vector<std::string>& keyw
 
 std::vector<ListedQueue> listedQueues(std::span<const char* const> keywords, const Terms& terms) {
   const std::vector<std::string> kept(keywords.begin(), keywords.end());
-  return answerOfServer<std::vector<ListedQueue>>(
+  auto found = answerOfServer<std::vector<FoundQueue>>(
       terms, [kept](Talk& talk) { return listed(talk, kept); });
+  std::vector<ListedQueue> queues;
+  for (auto& [each, isElsewhere] : found) {
+    if (isElsewhere && !each.hasOptions)
+      each.hasOptions = hasOptionElsewhere(each.name, keywords, terms);
+    queues.push_back(std::move(each));
+  }
+  return queues;
 }
 
 }  // namespace cardpanels::host

@@ -40,14 +40,14 @@ struct Submission {
   std::shared_ptr<const std::string> document = nullptr;  // without a name, in place of `files`
 };
 
-/// The basis of `job` as long as it holds, for a few seconds; what the queue is now otherwise. Waits
-/// as long as `terms` say. Throws `PPDChanged`, and as `openQueue` does.
+/// The basis of `job` as long as it holds, for a few seconds; what the queue is now otherwise.
+/// Waits as long as `terms` say. Throws `PPDChanged`, and as `openQueue` does.
 JobBasis currentBasis(const Submission& job, const Terms& terms = {});
 
 /// Sends `job` and answers its id. Besides its attributes go those saved options of the queue that
 /// the PPD does not know, such as `copies`. What the PPD knows is in the job's options, or was left
-/// out. As long as its basis holds, the queue is not read again, and its PPD is taken for the one that
-/// it was. Until there is a job it waits as long as `terms` say, then until the server takes
+/// out. As long as its basis holds, the queue is not read again, and its PPD is taken for the one
+/// that it was. Until there is a job it waits as long as `terms` say, then until the server takes
 /// nothing more of the files for that time. Throws `PPDChanged`, as `openQueue` does, and `Error`
 /// for a file that cannot be read; then nothing is printed: a job that is not whole is cancelled;
 /// `JobLeft` where that fails.
