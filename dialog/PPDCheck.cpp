@@ -15,7 +15,6 @@ namespace cardpanels::dialog {
 namespace {
 
 using platform::_;
-using platform::filled;
 
 /// Whether a remark is about the options' names, which are not the writer's to choose.
 bool isOfOurNames(const std::string& remark) {

@@ -98,7 +98,7 @@ void checkFixedArea(CheckedPPD& ppd, const host::PPDStatement& statement) {
                     {{"value", name}}));
   }
   const std::string_view area = withoutQuotes(statement.value);
-  if (areaTexts(area) != AreaTexts()) return;
+  if (!areaTexts(area).front().empty()) return;
   ppd.tell(statement.line, Gravity::warning,
            filled(_("*cardpanelsArea is four measurements, X, Y, width and height, not “{value}”."),
                   {{"value", area}}));

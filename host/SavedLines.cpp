@@ -6,20 +6,16 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <string_view>
 #include <system_error>
+
+#include "host/Variable.h"
 
 namespace cardpanels::host {
 namespace {
 
 constexpr std::string_view kSpaces = " \t\v\f\r\n";
 constexpr std::size_t kLongestLine = 8190;  // that libcups reads as one
-
-std::string variable(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
 
 bool isSame(const std::string& a, const std::string& b) {
   return strcasecmp(a.c_str(), b.c_str()) == 0;

@@ -1,21 +1,16 @@
 #include "host/SavedOptions.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <functional>
 #include <system_error>
 #include <utility>
 
 #include "host/SavedLines.h"
 #include "host/SharedFile.h"
+#include "host/Variable.h"
 
 namespace cardpanels::host {
 namespace {
-
-std::string variable(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
 
 /// None of a file that cannot be read, as with libcups.
 std::vector<SavedLine> linesOf(const std::string& path) {

@@ -38,6 +38,7 @@ take_network_along() {
 make_chroot() {
   local mirror
   mirror=$(mirror_of_apt)
+  chmod 755 "$chroot"  # the root of all that runs there, as whatever user
   debootstrap --variant=minbase "$1" "$chroot" "$mirror" >"$chroot.log"
   rm "$chroot.log"
   take_network_along

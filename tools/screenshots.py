@@ -31,6 +31,8 @@ OPTIONS = (
     "frontPO=DefinedAreas CustomfrontPeelOff1='1in 0.4in 0.55in 0.5in' backPO=DefinedAreas"
 )
 
+PRESETS = "Dest Badges/visitors copies=1\n"
+
 SMALLEST, LARGE = "smallest", "1200x900"
 LOOKS = {  # name: language, theme, size
     "light": ("en_US.UTF-8", "Adwaita", None),
@@ -170,17 +172,20 @@ class Photographer:
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
     with PrintServer() as server, user.Desktop(theme="Adwaita") as desktop:
-        server.add_queue("badges", PPD)
+        server.add_queue("Badges", PPD)
         server.add_queue("office", None)
         files = [pathlib.Path(desktop.home, name) for name in ("ada.txt", "grace.txt", "joan.txt")]
         for each in files:
             each.write_text("Visitor\n", encoding="utf-8")
+        saved = pathlib.Path(desktop.home, ".cups", "lpoptions")
+        saved.parent.mkdir()
+        saved.write_text(PRESETS, encoding="utf-8")
         for look, (language, theme, size) in LOOKS.items():
             environment = {"LANG": language, "GTK_THEME": theme, **server.env}
             environment["GDK_DPI_SCALE"] = "1.5" if look == "large-text" else "1"
 
             def photographed(*options):
-                command = [str(CARDPRINT), "-d", "badges", *options, *map(str, files)]
+                command = [str(CARDPRINT), "-d", "Badges/visitors", *options, *map(str, files)]
                 program = desktop.start(command, **environment)
                 return Photographer(desktop, program, folder, look)
 

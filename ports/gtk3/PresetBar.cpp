@@ -12,21 +12,21 @@ namespace {
 
 using platform::_;
 
-constexpr int kMargin = 6;
+constexpr int kRowMargin = 6;
 constexpr int kShortestTitle = 10;  // characters
 constexpr int kLongestTitle = 32;
 
 }  // namespace
 
 PresetBar::PresetBar(std::function<dialog::Presets&()> presets)
-    : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL, kMargin),
+    : Gtk::Box(Gtk::ORIENTATION_HORIZONTAL, kRowMargin),
       presets_(std::move(presets)),
       entries_(Gtk::ListStore::create(columns_)),
       caption_(_("Pr_eset"), true),
       save_(_("_Save"), true),
       saveAs_(_("Save _As…"), true),
       delete_(_("_Delete"), true) {
-  property_margin() = kMargin;
+  property_margin() = kRowMargin;
   caption_.set_mnemonic_widget(popUp_);
   auto* const title = Gtk::make_managed<Gtk::CellRendererText>();
   title->property_ellipsize() = Pango::ELLIPSIZE_END;

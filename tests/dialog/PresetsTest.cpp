@@ -164,6 +164,12 @@ TEST_F(PagesWithPresets, TellThatAJobDiffersFromItsPresetUntilItIsThatAgain) {
   EXPECT_EQ(view.presets.state, "Modified");
 }
 
+TEST_F(PagesWithPresets, OtherCopiesThanThePresetsAreADifferenceFromTheStart) {
+  users("Dest card/visitors copies=2\n");
+  open("visitors");
+  EXPECT_EQ(view.presets.state, "Modified");
+}
+
 TEST_F(PagesWithPresets, ChoosingOneSetsAllOfItAndNothingElseStays) {
   users(
       "Dest card/visitors cardLaminate=Front PageSize=CR79 copies=4 frontRibbon=YMCK "

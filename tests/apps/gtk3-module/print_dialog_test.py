@@ -352,7 +352,7 @@ class KeysTestCase(PrintDialogTestCase):
         keyboard.wait_for_focus("toggle button", "Front UV")
         keyboard.press("ctrl+Prior")
         keyboard.wait_for_focus("toggle button", "Front Ribbon")
-        keyboard.press("shift+Tab", "shift+Tab")
+        keyboard.press(*["shift+Tab"] * 4)  # over the row of presets
         user.wait_for(lambda: keyboard.focus()[0] == "page tab list", keyboard.focus)
         keyboard.press("ctrl+Prior")
         user.wait_for(
@@ -367,7 +367,7 @@ class KeysTestCase(PrintDialogTestCase):
         keyboard.wait_for_focus_in("Ribbon and Resin\n")
         keyboard.press("Escape")
         keyboard.wait_for_focus("list item", "Ribbon and Resin")
-        keyboard.press("shift+Tab")
+        keyboard.press(*["shift+Tab"] * 3)
         user.wait_for(lambda: keyboard.focus()[0] == "page tab list", keyboard.focus)
         keyboard.press("F1")
         keyboard.wait_for_focus_in("Ribbon and Resin\n")
