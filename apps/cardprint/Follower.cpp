@@ -29,6 +29,7 @@ class Start {
 
   void run(std::vector<std::string> command) const {
     std::vector<char*> words;
+    words.reserve(command.size() + 1);
     for (std::string& each : command) words.push_back(each.data());
     words.push_back(nullptr);
     pid_t process = 0;
