@@ -13,6 +13,7 @@
 #include <system_error>
 #include <vector>
 
+#include "host/ChoiceAreas.h"
 #include "host/Error.h"
 #include "host/PPDRecords.h"
 #include "host/PPDText.h"
@@ -169,6 +170,7 @@ PPDFile openPPD(const std::string& path, const std::string& shownAs) {
   checkStatements(statements, name);
   ppdLocalize(ppd.get());
   RecordChecker(statements, name).check(ppd.get());
+  checkCardLines(statements, ppd.get(), name);
   return ppd;
 }
 
