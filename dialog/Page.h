@@ -16,6 +16,7 @@
 
 namespace cardpanels::dialog {
 
+class CardPicture;
 class MeasurementField;
 class TypedAreas;
 
@@ -117,6 +118,7 @@ class Page {
     bool isLoaded = false;
     std::shared_ptr<platform::View> view;
     std::unique_ptr<TypedAreas> areas;  // none for a panel without fields
+    std::vector<std::shared_ptr<CardPicture>> pictures = {};
   };
 
   /// What is told of the user's last action.
@@ -129,6 +131,8 @@ class Page {
   void load(std::size_t section);
   std::unique_ptr<TypedAreas> areasOf(std::size_t section);
   TypedAreas* currentAreas() const;
+  void addPictures(std::size_t section);
+  void refreshPictures();
   bool hasOnlyGoodTexts();
   void undo(const std::string& key);
   void readLater();
