@@ -1,0 +1,208 @@
+#include "ports/cairo/CardDrawing.h"
+
+#include <algorithm>
+#include <array>
+#include <numbers>
+
+#include "dialog/CardText.h"
+#include "ports/cairo/Marks.h"
+
+namespace cardpanels::cairo {
+namespace {
+
+using dialog::CardScene;
+using dialog::CardShape;
+using dialog::PictureBox;
+using dialog::PicturePoint;
+
+constexpr double kCornerRadius = 9;  // points, 3.18 mm
+
+void cardOutline(const Pen& pen) {
+  constexpr double kQuarter = std::numbers::pi / 2;
+  const PictureBox& card = pen.layout.card();
+  const double radius =
+      std::min({kCornerRadius * pen.layout.scale(), card.width / 4, card.height / 4});
+  cairo_new_sub_path(pen.cr);
+  cairo_arc(pen.cr, card.right() - radius, card.top + radius, radius, -kQuarter, 0);
+  cairo_arc(pen.cr, card.right() - radius, card.bottom() - radius, radius, 0, kQuarter);
+  cairo_arc(pen.cr, card.left + radius, card.bottom() - radius, radius, kQuarter, 2 * kQuarter);
+  cairo_arc(pen.cr, card.left + radius, card.top + radius, radius, 2 * kQuarter, 3 * kQuarter);
+  cairo_close_path(pen.cr);
+}
+
+void drawPage(const Pen& pen) {
+  const PictureBox& card = pen.layout.card();
+  double across = 1;
+  double down = 1;
+  cairo_surface_get_device_scale(pen.style.page, &across, &down);
+  const double width = cairo_image_surface_get_width(pen.style.page) / across;
+  const double height = cairo_image_surface_get_height(pen.style.page) / down;
+  cairo_save(pen.cr);
+  cardOutline(pen);
+  cairo_clip(pen.cr);
+  cairo_translate(pen.cr, card.left, card.top);
+  cairo_scale(pen.cr, card.width / width, card.height / height);
+  cairo_set_source_surface(pen.cr, pen.style.page, 0, 0);
+  cairo_paint(pen.cr);
+  cairo_restore(pen.cr);
+}
+
+/// What the printer cannot reach, shaded to a dotted line.
+void drawMargin(const Pen& pen, const host::CardGeometry& card) {
+  if (card.margins == host::CardGeometry::Margins()) return;
+  const double scale = pen.layout.scale();
+  const PictureBox& whole = pen.layout.card();
+  const PictureBox inside{whole.left + card.margins.left * scale,
+                          whole.top + card.margins.top * scale,
+                          whole.width - (card.margins.left + card.margins.right) * scale,
+                          whole.height - (card.margins.top + card.margins.bottom) * scale};
+  cairo_save(pen.cr);
+  cairo_set_fill_rule(pen.cr, CAIRO_FILL_RULE_EVEN_ODD);
+  cardOutline(pen);
+  pen.box(inside);
+  pen.colour(pen.style.colours.ink, 0.12);
+  cairo_fill(pen.cr);
+  constexpr std::array kDots{1.0, 2.0};
+  cairo_set_dash(pen.cr, kDots.data(), kDots.size(), 0);
+  pen.box(inside);
+  pen.colour(pen.style.colours.ink, 0.7);
+  cairo_set_line_width(pen.cr, 1);
+  cairo_stroke(pen.cr);
+  cairo_restore(pen.cr);
+}
+
+void drawGround(const Pen& pen, const CardScene& scene) {
+  const PictureBox& card = pen.layout.card();
+  cardOutline(pen);
+  pen.colour(pen.style.colours.card);
+  cairo_fill(pen.cr);
+  if (pen.style.page != nullptr) drawPage(pen);
+  drawMargin(pen, scene.card);
+  cardOutline(pen);
+  pen.colour(pen.style.colours.ink);
+  cairo_set_line_width(pen.cr, 1);
+  cairo_stroke(pen.cr);
+  cairo_set_font_size(pen.cr, pen.style.fontSize);
+  pen.text(dialog::cardSizeText(scene.card),
+           {card.left + card.width / 2, card.bottom() + 1.2 * pen.layout.line()});
+  drawRulers(pen);
+}
+
+void outline(const Pen& pen, const PictureBox& box, bool isDashed, double width) {
+  const std::array dashes{4 * width, 2 * width};
+  if (isDashed) cairo_set_dash(pen.cr, dashes.data(), dashes.size(), 0);
+  pen.box(box);
+  cairo_set_line_width(pen.cr, width);
+  cairo_stroke(pen.cr);
+  cairo_set_dash(pen.cr, nullptr, 0, 0);
+}
+
+void drawFixed(const Pen& pen, const PictureBox& box) {
+  pen.colour(pen.style.colours.area, 0.25);
+  pen.box(box);
+  cairo_fill(pen.cr);
+  pen.colour(pen.style.colours.area);
+  outline(pen, box, false, 1);
+}
+
+/// The number on a spot of the card's colour, so that it is read on every ground.
+void drawNumber(const Pen& pen, const PictureBox& box, int number) {
+  const PicturePoint middle{box.left + box.width / 2, box.top + box.height / 2};
+  const double radius = 0.6 * pen.layout.line();
+  cairo_new_sub_path(pen.cr);
+  cairo_arc(pen.cr, middle.x, middle.y, radius, 0, 2 * std::numbers::pi);
+  pen.colour(pen.style.colours.card, 0.85);
+  cairo_fill(pen.cr);
+  pen.colour(pen.style.colours.ink);
+  pen.text(std::to_string(number), middle);
+}
+
+/// What shows of `box` in the picture, and a little where nothing does.
+PictureBox visible(const Pen& pen, const PictureBox& box) {
+  const PictureBox& card = pen.layout.card();
+  const double around = 0.9 * pen.layout.line();
+  const auto cut = [](double from, double length, double least, double most) {
+    const double start = std::clamp(from, least, most);
+    return std::pair{start, std::clamp(from + length, start, most) - start};
+  };
+  const auto [left, width] = cut(box.left, box.width, card.left - around, card.right() + around);
+  const auto [top, height] = cut(box.top, box.height, card.top - around, card.bottom() + around);
+  return {left, top, width, height};
+}
+
+void drawShape(const Pen& pen, const CardShape& shape) {
+  const bool isWrong = !shape.warnings.empty();
+  const bool isChosen = shape.key == pen.style.chosen;
+  const PictureBox box = visible(pen, pen.layout.boxOf(shape.place));
+  const Colour& colour = isWrong ? pen.style.colours.error : pen.style.colours.area;
+  if (shape.include) {
+    pen.colour(colour, 0.2);
+    pen.box(box);
+    cairo_fill(pen.cr);
+    pen.colour(colour);
+  } else {
+    pen.colour(isWrong ? colour : pen.style.colours.ink, 0.6);
+    drawHatch(pen, box);
+    pen.colour(isWrong ? colour : pen.style.colours.ink);
+  }
+  outline(pen, box, !shape.include, isChosen ? 3 : 1.5);
+  drawNumber(pen, box, shape.number);
+}
+
+/// What is held with the mouse, and where the focus is.
+void drawChosen(const Pen& pen, const CardShape& shape) {
+  constexpr double kHandle = 6;
+  const PictureBox box = visible(pen, pen.layout.boxOf(shape.place));
+  for (const double x : {box.left, box.left + box.width / 2, box.right()}) {
+    for (const double y : {box.top, box.top + box.height / 2, box.bottom()}) {
+      if (x == box.left + box.width / 2 && y == box.top + box.height / 2) continue;
+      pen.box({x - kHandle / 2, y - kHandle / 2, kHandle, kHandle});
+    }
+  }
+  pen.colour(pen.style.colours.card);
+  cairo_fill_preserve(pen.cr);
+  pen.colour(pen.style.colours.ink);
+  cairo_set_line_width(pen.cr, 1);
+  cairo_stroke(pen.cr);
+  if (!pen.style.hasFocus) return;
+  pen.colour(pen.style.colours.focus);
+  outline(pen, {box.left - 5, box.top - 5, box.width + 10, box.height + 10}, true, 1);
+}
+
+void drawSigns(const Pen& pen, const CardScene& scene) {
+  const double size = 1.3 * pen.layout.line();
+  for (const CardShape& shape : scene.shapes) {
+    if (shape.warnings.empty()) continue;
+    const PictureBox box = visible(pen, pen.layout.boxOf(shape.place));
+    drawSign(pen, {std::max(box.right(), pen.layout.card().left + size), box.top});
+  }
+}
+
+}  // namespace
+
+void drawCard(cairo_t* cr, const CardScene& scene, const dialog::PictureLayout& layout,
+              const CardStyle& style) {
+  if (!scene.card.hasSize()) return;
+  cairo_save(cr);
+  const Pen pen{cr, layout, style};
+  cairo_select_font_face(cr, style.fontFamily.c_str(), CAIRO_FONT_SLANT_NORMAL,
+                         CAIRO_FONT_WEIGHT_NORMAL);
+  drawGround(pen, scene);
+  for (const auto& place : scene.fixed) drawFixed(pen, visible(pen, layout.boxOf(place)));
+  const CardShape* chosen = nullptr;
+  for (const CardShape& shape : scene.shapes) {
+    drawShape(pen, shape);
+    if (shape.key == style.chosen) chosen = &shape;
+  }
+  if (chosen != nullptr) {
+    drawChosen(pen, *chosen);
+  } else if (style.hasFocus) {
+    const PictureBox& card = layout.card();
+    pen.colour(style.colours.focus);
+    outline(pen, {card.left - 2, card.top - 2, card.width + 4, card.height + 4}, true, 2);
+  }
+  drawSigns(pen, scene);
+  cairo_restore(cr);
+}
+
+}  // namespace cardpanels::cairo

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cairo.h>
+
+#include <string>
+
+#include "dialog/CardScene.h"
+#include "dialog/PictureLayout.h"
+
+/// Draws the picture of a side of the card, for every toolkit that has a cairo context.
+namespace cardpanels::cairo {
+
+struct Colour {
+  double red = 0;
+  double green = 0;
+  double blue = 0;
+};
+
+/// What a port takes from its theme.
+struct CardColours {
+  Colour card;
+  Colour ink;  // outlines, rulers and texts
+  Colour area;
+  Colour error;
+  Colour focus;
+};
+
+/// How one picture is drawn.
+struct CardStyle {
+  CardColours colours;
+  std::string fontFamily;
+  double fontSize = 10;  // pixels
+  std::string chosen;    // the option of the chosen area, "" for none
+  bool hasFocus = false;
+  /// The document's page, which fills the card; null for a blank card.
+  cairo_surface_t* page = nullptr;
+};
+
+/// Draws `scene` as `layout` has it: the card with its corners and its margin, rulers, the corner
+/// that is 0/0, the size, and the areas. What is wrong with an area has the colour of errors and a
+/// sign. Leaves `cr` as it was.
+void drawCard(cairo_t* cr, const dialog::CardScene& scene, const dialog::PictureLayout& layout,
+              const CardStyle& style);
+
+}  // namespace cardpanels::cairo
