@@ -61,6 +61,7 @@ CardPage::CardPage(host::PanelDriver& driver)
 }
 
 CardPage::~CardPage() {
+  pictures_.clear();
   page_.reset();
   // The views may live on with their panels.
   for (Gtk::ScrolledWindow* frame : frames_) {
@@ -191,6 +192,13 @@ void CardPage::showSection(std::size_t section) {
 void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
   frames_[section]->add(dynamic_cast<WidgetView&>(*view).widget());
   frames_[section]->show_all();
+}
+
+void CardPage::addPicture(std::size_t /*section*/,
+                          const std::shared_ptr<dialog::CardPicture>& picture,
+                          const std::shared_ptr<platform::View>& fields) {
+  auto& view = dynamic_cast<WidgetView&>(*fields);
+  pictures_.push_back(std::make_unique<PictureFrame>(picture, view.widget()));
 }
 
 void CardPage::fillSectionWithText(std::size_t section, const std::string& text) {

@@ -17,6 +17,7 @@
 #include "ports/gtk3/HelpButton.h"
 #include "ports/gtk3/NoticeBar.h"
 #include "ports/gtk3/PageKeys.h"
+#include "ports/gtk3/PictureFrame.h"
 #include "ports/gtk3/Sidebar.h"
 #include "ports/gtk3/SummaryGrid.h"
 
@@ -48,6 +49,8 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
  private:
   void showSection(std::size_t section) override;
   void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) override;
+  void addPicture(std::size_t section, const std::shared_ptr<dialog::CardPicture>& picture,
+                  const std::shared_ptr<platform::View>& fields) override;
   void fillSectionWithText(std::size_t section, const std::string& text) override;
   void showSummary(const dialog::Summary& summary) override;
   void markRow(std::size_t section, const std::string& why) override;
@@ -71,6 +74,7 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   SummaryGrid summary_;
   std::vector<Gtk::ScrolledWindow*> frames_;       // a section each
   std::vector<std::set<std::string>> emphasized_;  // the options in bold there
+  std::vector<std::unique_ptr<PictureFrame>> pictures_;
   std::unique_ptr<dialog::Page> page_;
   std::unique_ptr<PageKeys> keys_;
   sigc::connection seen_;
