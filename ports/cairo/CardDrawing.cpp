@@ -60,12 +60,12 @@ void drawMargin(const Pen& pen, const host::CardGeometry& card) {
   cairo_set_fill_rule(pen.cr, CAIRO_FILL_RULE_EVEN_ODD);
   cardOutline(pen);
   pen.box(inside);
-  pen.colour(pen.style.colours.ink, 0.12);
+  pen.colour(pen.style.colours.onCard, 0.12);
   cairo_fill(pen.cr);
   constexpr std::array kDots{1.0, 2.0};
   cairo_set_dash(pen.cr, kDots.data(), kDots.size(), 0);
   pen.box(inside);
-  pen.colour(pen.style.colours.ink, 0.7);
+  pen.colour(pen.style.colours.onCard, 0.7);
   cairo_set_line_width(pen.cr, 1);
   cairo_stroke(pen.cr);
   cairo_restore(pen.cr);
@@ -113,7 +113,7 @@ void drawNumber(const Pen& pen, const PictureBox& box, int number) {
   cairo_arc(pen.cr, middle.x, middle.y, radius, 0, 2 * std::numbers::pi);
   pen.colour(pen.style.colours.card, 0.85);
   cairo_fill(pen.cr);
-  pen.colour(pen.style.colours.ink);
+  pen.colour(pen.style.colours.onCard);
   pen.text(std::to_string(number), middle);
 }
 
@@ -141,9 +141,9 @@ void drawShape(const Pen& pen, const CardShape& shape) {
     cairo_fill(pen.cr);
     pen.colour(colour);
   } else {
-    pen.colour(isWrong ? colour : pen.style.colours.ink, 0.6);
+    pen.colour(isWrong ? colour : pen.style.colours.onCard, 0.6);
     drawHatch(pen, box);
-    pen.colour(isWrong ? colour : pen.style.colours.ink);
+    pen.colour(isWrong ? colour : pen.style.colours.onCard);
   }
   outline(pen, box, !shape.include, isChosen ? 3 : 1.5);
   drawNumber(pen, box, shape.number);
@@ -161,11 +161,10 @@ void drawChosen(const Pen& pen, const CardShape& shape) {
   }
   pen.colour(pen.style.colours.card);
   cairo_fill_preserve(pen.cr);
-  pen.colour(pen.style.colours.ink);
+  pen.colour(pen.style.colours.onCard);
   cairo_set_line_width(pen.cr, 1);
   cairo_stroke(pen.cr);
   if (!pen.style.hasFocus) return;
-  pen.colour(pen.style.colours.focus);
   outline(pen, {box.left - 5, box.top - 5, box.width + 10, box.height + 10}, true, 1);
 }
 
@@ -179,6 +178,12 @@ void drawSigns(const Pen& pen, const CardScene& scene) {
 }
 
 }  // namespace
+
+Colour readable(const Colour& colour, const Colour& ink) {
+  constexpr double kInk = 0.3;
+  const auto mixed = [](double one, double other) { return (1 - kInk) * one + kInk * other; };
+  return {mixed(colour.red, ink.red), mixed(colour.green, ink.green), mixed(colour.blue, ink.blue)};
+}
 
 void drawCard(cairo_t* cr, const CardScene& scene, const dialog::PictureLayout& layout,
               const CardStyle& style) {
@@ -198,7 +203,7 @@ void drawCard(cairo_t* cr, const CardScene& scene, const dialog::PictureLayout& 
     drawChosen(pen, *chosen);
   } else if (style.hasFocus) {
     const PictureBox& card = layout.card();
-    pen.colour(style.colours.focus);
+    pen.colour(style.colours.ink);
     outline(pen, {card.left - 2, card.top - 2, card.width + 4, card.height + 4}, true, 2);
   }
   drawSigns(pen, scene);

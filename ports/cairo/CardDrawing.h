@@ -19,11 +19,14 @@ struct Colour {
 /// What a port takes from its theme.
 struct CardColours {
   Colour card;
-  Colour ink;  // outlines, rulers and texts
+  Colour ink;     // rulers and texts around the card
+  Colour onCard;  // what stands on it, also on a page of the document
   Colour area;
   Colour error;
-  Colour focus;
 };
+
+/// A colour of the theme as lines of it are seen on the card: nearer to the `ink`.
+Colour readable(const Colour& colour, const Colour& ink);
 
 /// How one picture is drawn.
 struct CardStyle {

@@ -4,6 +4,7 @@
 #include <gdkmm/cursor.h>
 #include <gdkmm/window.h>
 #include <pangomm/context.h>
+#include <pangomm/font.h>
 #include <pangomm/fontmetrics.h>
 
 #include <algorithm>
@@ -21,7 +22,7 @@ using dialog::PictureKey;
 
 constexpr double kLeastLines = 14;  // the picture's width in lines of text
 constexpr double kNaturalLines = 20;
-constexpr double kMostLines = 30;
+constexpr double kMostLines = 22;
 
 std::optional<PictureKey> pictureKey(guint key) {
   using Key = PictureKey;
@@ -57,12 +58,16 @@ cairo::Colour themeColour(const Gtk::Widget& widget, const char* name, const cha
   return {colour.get_red(), colour.get_green(), colour.get_blue()};
 }
 
-cairo::CardColours themeColours(const Gtk::Widget& widget) {
-  return {.card = themeColour(widget, "theme_base_color", "white"),
-          .ink = themeColour(widget, "theme_text_color", "black"),
-          .area = themeColour(widget, "theme_selected_bg_color", "blue"),
-          .error = themeColour(widget, "error_color", "red"),
-          .focus = themeColour(widget, "theme_text_color", "black")};
+/// A page of the document is as white as paper, whatever the theme.
+cairo::CardColours themeColours(const Gtk::Widget& widget, bool hasPage) {
+  constexpr cairo::Colour kWhite{1, 1, 1};
+  const cairo::Colour ink = themeColour(widget, "theme_text_color", "black");
+  const cairo::Colour onCard = hasPage ? cairo::Colour() : ink;
+  return {.card = hasPage ? kWhite : themeColour(widget, "theme_base_color", "white"),
+          .ink = ink,
+          .onCard = onCard,
+          .area = cairo::readable(themeColour(widget, "theme_selected_bg_color", "blue"), onCard),
+          .error = cairo::readable(themeColour(widget, "error_color", "red"), onCard)};
 }
 
 bool isMainButton(const GdkEventButton& event) {
@@ -118,9 +123,11 @@ void CardView::on_size_allocate(Gtk::Allocation& allocation) {
 
 void CardView::on_style_updated() {
   Gtk::DrawingArea::on_style_updated();
-  style_.colours = themeColours(*this);
-  const auto font = get_pango_context()->get_font_description();
-  style_.fontFamily = font.get_family();
+  style_.colours = themeColours(*this, style_.page != nullptr);
+  const auto context = get_pango_context();
+  // The one that Pango takes, where the theme's is not installed.
+  const auto font = context->load_font(context->get_font_description());
+  if (font) style_.fontFamily = font->describe().get_family();
   style_.fontSize = 0.8 * line();
   setRoom();
 }
@@ -129,7 +136,32 @@ bool CardView::on_draw(const Cairo::RefPtr<Cairo::Context>& context) {
   style_.chosen = picture_->chosen();
   style_.hasFocus = has_focus();
   cairo::drawCard(context->cobj(), picture_->scene(), picture_->layout(), style_);
+  writeWhy(context);
   return true;
+}
+
+void CardView::setGround(CardGround ground) {
+  ground_ = std::move(ground);
+  set_tooltip_text(ground_.why);
+  style_.page = ground_.page.get();
+  style_.colours = themeColours(*this, style_.page != nullptr);
+  queue_draw();
+}
+
+/// Above the size, in the middle of the blank card.
+void CardView::writeWhy(const Cairo::RefPtr<Cairo::Context>& context) {
+  if (ground_.why.empty()) return;
+  const dialog::PictureBox& card = picture_->layout().card();
+  const auto text = create_pango_layout(ground_.why);
+  text->set_width(static_cast<int>(0.9 * card.width * Pango::SCALE));
+  text->set_alignment(Pango::ALIGN_CENTER);
+  int width = 0;
+  int height = 0;
+  text->get_pixel_size(width, height);
+  const cairo::Colour& ink = style_.colours.ink;
+  context->set_source_rgba(ink.red, ink.green, ink.blue, 0.7);
+  context->move_to(card.left + 0.05 * card.width, card.top + (card.height - height) / 2);
+  text->show_in_cairo_context(context);
 }
 
 Gtk::SizeRequestMode CardView::get_request_mode_vfunc() const {

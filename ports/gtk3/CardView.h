@@ -13,6 +13,12 @@
 
 namespace cardpanels::gtk3 {
 
+/// What the document has on one side of the card.
+struct CardGround {
+  std::shared_ptr<cairo_surface_t> page;  // fills the card; null where it is blank
+  std::string why;                        // it is, in a sentence; "" where nothing is to be said
+};
+
 /// Draws the picture of one side of the card, and hands mouse and keys on to it. Assistive
 /// technology finds an object for each area in it.
 class CardView final : public Gtk::DrawingArea {
@@ -23,6 +29,8 @@ class CardView final : public Gtk::DrawingArea {
   ~CardView() override;
 
   dialog::CardPicture& picture() { return *picture_; }
+
+  void setGround(CardGround ground);
 
   /// Who else learns that the picture has changed.
   void setChanged(std::function<void()> changed) { changed_ = std::move(changed); }
@@ -48,6 +56,7 @@ class CardView final : public Gtk::DrawingArea {
  private:
   void follow();
   void setRoom();
+  void writeWhy(const Cairo::RefPtr<Cairo::Context>& context);
   void showCursor(const char* name);
 
   std::shared_ptr<dialog::CardPicture> picture_;
@@ -56,6 +65,7 @@ class CardView final : public Gtk::DrawingArea {
   std::string cursor_;
   std::function<void()> changed_;
   cairo::CardStyle style_;
+  CardGround ground_;
 };
 
 }  // namespace cardpanels::gtk3

@@ -45,9 +45,9 @@ cairo::CardStyle style() {
   cairo::CardStyle style;
   style.colours = {.card = {1, 1, 1},
                    .ink = {0, 0, 0},
+                   .onCard = {0, 0, 0},
                    .area = {0.2, 0.5, 0.9},
-                   .error = {0.8, 0, 0},
-                   .focus = {0, 0, 0}};
+                   .error = {0.8, 0, 0}};
   style.fontFamily = "DejaVu Sans";
   style.fontSize = 26;
   style.chosen = "4";
