@@ -7,7 +7,10 @@
 
 #include "dialog/PrinterStateText.h"
 #include "dialog/StateWatch.h"
+#include "host/CardGeometry.h"
 #include "host/Error.h"
+#include "host/JobOptions.h"
+#include "host/ServerThread.h"
 #include "host/Submission.h"
 #include "platform/Messages.h"
 #include "ports/gtk3/MainLoop.h"
@@ -43,6 +46,25 @@ CardDialog::CardDialog(DialogJob& job, WindowWaiter& waiter, const std::string& 
   page_.page().keep(told);
   for (const std::string& each : job_.leftOut()) page_.page().keep(each);
   watchPrinter();
+  showDocument();
+}
+
+/// Draws the first file on a thread, for the card's size as it is now.
+void CardDialog::showDocument() {
+  const auto [path, attributes] = job_.firstFile();
+  const host::CardGeometry card = host::cardGeometry(job_.panels().job());
+  const CardDocument document{path, card.width, card.height, attributes};
+  if (document == document_) return;
+  document_ = document;
+  if (path.empty() || !card.hasSize()) return;
+  drawing_ = host::startServerThread([this, document, alive = std::weak_ptr<bool>(alive_)](
+                                         host::Abandonment& /*abandonment*/) {
+    const auto pages = drawDocument(document);
+    gtk3::postToMainLoop([this, document, pages, alive] {
+      if (alive.expired() || document != document_) return;
+      page_.showDocument({{{pages[0].surface, pages[0].why}, {pages[1].surface, pages[1].why}}});
+    });
+  });
 }
 
 void CardDialog::watchPrinter() {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/cardprint-dialog/DocumentPages.h"
 #include "apps/cardprint-dialog/WindowWaiter.h"
 #include "apps/cardprint/DialogJob.h"
 #include "host/PanelHost.h"
@@ -31,11 +32,15 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   const std::string& error() const { return error_; }
 
  private:
-  void optionsChanged() override { page_.page().optionsChanged(); }
+  void optionsChanged() override {
+    page_.page().optionsChanged();
+    showDocument();
+  }
   void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
 
   void setDefaultSize();
   void watchPrinter();
+  void showDocument();
   std::optional<std::string> print();
 
   DialogJob& job_;
@@ -44,6 +49,9 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   gtk3::CardPage page_;
   std::string error_;
   std::shared_ptr<void> watching_;  // the printer's state
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+  CardDocument document_;          // behind the areas
+  std::shared_ptr<void> drawing_;  // it
 };
 
 }  // namespace cardpanels::cardprint

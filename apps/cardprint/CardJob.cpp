@@ -70,6 +70,11 @@ ChosenOptions CardJob::chosen(const std::vector<host::Option>& options) {
   return choose(options_, options, keys);
 }
 
+PrintedFile CardJob::firstFile() const {
+  const bool isFile = hasFiles() && files_.front() != kStandardInput;
+  return {isFile ? files_.front() : "", chosen_.attributes};
+}
+
 std::string CardJob::send() {
   if (!hasFiles()) return summary() + optionsLine() + "\n";
   const std::string text = isSilent_ ? "" : summary();

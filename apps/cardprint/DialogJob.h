@@ -3,10 +3,17 @@
 #include <string>
 #include <vector>
 
+#include "host/JobOption.h"
 #include "host/PanelHost.h"
 #include "host/Queue.h"
 
 namespace cardpanels::cardprint {
+
+/// The document of a job, and what the job carries besides the printer's options.
+struct PrintedFile {
+  std::string path;  // of the first file; "" for none, and for standard input
+  std::vector<host::Option> attributes;
+};
 
 /// A job as the dialog on it sees it.
 class DialogJob {
@@ -26,6 +33,8 @@ class DialogJob {
 
   /// Which saved or chosen options were left out and why, a sentence each.
   virtual const std::vector<std::string>& leftOut() const = 0;
+
+  virtual PrintedFile firstFile() const = 0;
 
   /// Sends the files, if there are any, and answers what standard output gets. Throws
   /// `host::PPDChanged` when the queue has another PPD by now, `host::Error` and `Cancelled`; then

@@ -199,6 +199,15 @@ void CardPage::addPicture(std::size_t /*section*/,
                           const std::shared_ptr<platform::View>& fields) {
   auto& view = dynamic_cast<WidgetView&>(*fields);
   pictures_.push_back(std::make_unique<PictureFrame>(picture, view.widget()));
+  pictures_.back()->view().setGround(grounds_.at(picture->scene().isBack ? 1 : 0));
+}
+
+void CardPage::showDocument(const std::array<CardGround, 2>& sides) {
+  grounds_ = sides;
+  for (const auto& each : pictures_) {
+    CardView& view = each->view();
+    view.setGround(grounds_.at(view.picture().scene().isBack ? 1 : 0));
+  }
 }
 
 void CardPage::fillSectionWithText(std::size_t section, const std::string& text) {

@@ -6,6 +6,7 @@
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/stack.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <set>
@@ -37,6 +38,9 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   /// What the page would like to be wide, in pixels, for the widest of its panels whatever they
   /// show. Loads all of them.
   int naturalWidth();
+
+  /// Shows what the document has on front and back behind the areas.
+  void showDocument(const std::array<CardGround, 2>& sides);
 
   /// Has the window become wide enough for `naturalWidth`, within the monitor, when the page is
   /// first seen. For a window that another program makes.
@@ -75,6 +79,7 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   std::vector<Gtk::ScrolledWindow*> frames_;       // a section each
   std::vector<std::set<std::string>> emphasized_;  // the options in bold there
   std::vector<std::unique_ptr<PictureFrame>> pictures_;
+  std::array<CardGround, 2> grounds_;  // front and back
   std::unique_ptr<dialog::Page> page_;
   std::unique_ptr<PageKeys> keys_;
   sigc::connection seen_;

@@ -45,6 +45,8 @@ class PictureFrame {
   PictureFrame& operator=(const PictureFrame&) = delete;
   ~PictureFrame();
 
+  CardView& view() { return view_; }
+
  private:
   /// Shows the picture when it has something to show.
   void update();

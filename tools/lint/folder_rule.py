@@ -20,6 +20,7 @@ LIBRARIES = {
     "benchmark": "benchmark",
     "cairo": "cairo",
     "cairo.h": "cairo",
+    "poppler.h": "poppler",
 }
 LIBRARIES |= dict.fromkeys(
     "atk atkmm cairomm gdk gdk-pixbuf gdkmm gio giomm glib glib-object.h glib.h glibmm "
@@ -63,7 +64,7 @@ TABLE = (
     Room(
         "apps/cardprint-dialog",
         ("platform", "host", "dialog", "ports/gtk3", "apps/cardprint"),
-        ("cups", "gtk"),
+        ("cups", "gtk", "cairo", "poppler"),
     ),
     Room("apps/gtk3-module", ("platform", "host", "dialog", "ports/gtk3"), ("cups", "gtk")),
 )
