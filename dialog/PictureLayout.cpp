@@ -15,7 +15,7 @@ constexpr double kBottom = 2;   // the same, and the size
 
 PictureLayout::PictureLayout(const host::CardGeometry& card, double width, double height,
                              double line)
-    : line_(line), countsFromBottom_(card.countsFromBottom) {
+    : width_(width), height_(height), line_(line), countsFromBottom_(card.countsFromBottom) {
   if (!card.hasSize()) return;
   const double across = std::max(width - (kLeft + kRight) * line, 1.0);
   const double down = std::max(height - (kTop + kBottom) * line, 1.0);

@@ -9,6 +9,7 @@ namespace cardpanels::dialog {
 struct PicturePoint {
   double x = 0;
   double y = 0;
+  bool operator==(const PicturePoint&) const = default;
 };
 
 /// A part of a picture, in pixels.
@@ -20,6 +21,7 @@ struct PictureBox {
 
   double right() const { return left + width; }
   double bottom() const { return top + height; }
+  bool operator==(const PictureBox&) const = default;
 };
 
 /// How a side of the card lies in a picture: rulers above and on the left, its size below.
@@ -40,6 +42,12 @@ class PictureLayout {
   double scale() const { return scale_; }
   double line() const { return line_; }
 
+  /// All of the picture.
+  double width() const { return width_; }
+  double height() const { return height_; }
+
+  bool operator==(const PictureLayout&) const = default;
+
   const PictureBox& card() const { return card_; }
   PictureBox boxOf(const AreaRectangle& area) const;
 
@@ -51,6 +59,8 @@ class PictureLayout {
  private:
   PictureBox card_;
   double scale_ = 1;
+  double width_ = 0;
+  double height_ = 0;
   double line_ = 0;
   bool countsFromBottom_ = false;
 };

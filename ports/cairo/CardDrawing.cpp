@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <numbers>
+#include <utility>
 
 #include "dialog/CardText.h"
 #include "ports/cairo/Marks.h"
@@ -72,6 +74,8 @@ void drawMargin(const Pen& pen, const host::CardGeometry& card) {
 }
 
 void drawGround(const Pen& pen, const CardScene& scene) {
+  cairo_select_font_face(pen.cr, pen.style.fontFamily.c_str(), CAIRO_FONT_SLANT_NORMAL,
+                         CAIRO_FONT_WEIGHT_NORMAL);
   const PictureBox& card = pen.layout.card();
   cardOutline(pen);
   pen.colour(pen.style.colours.card);
@@ -88,10 +92,13 @@ void drawGround(const Pen& pen, const CardScene& scene) {
   drawRulers(pen);
 }
 
-void outline(const Pen& pen, const PictureBox& box, bool isDashed, double width) {
-  const std::array dashes{4 * width, 2 * width};
+/// `box` is whole pixels, and the line is put onto such: what is not costs cairo several times
+/// more.
+void outline(const Pen& pen, const PictureBox& box, bool isDashed, int width) {
+  const std::array dashes{5.0 * width, 3.0 * width};
+  const double shift = width % 2 / 2.0;
   if (isDashed) cairo_set_dash(pen.cr, dashes.data(), dashes.size(), 0);
-  pen.box(box);
+  pen.box({box.left + shift, box.top + shift, box.width, box.height});
   cairo_set_line_width(pen.cr, width);
   cairo_stroke(pen.cr);
   cairo_set_dash(pen.cr, nullptr, 0, 0);
@@ -102,35 +109,41 @@ void drawFixed(const Pen& pen, const PictureBox& box) {
   pen.box(box);
   cairo_fill(pen.cr);
   pen.colour(pen.style.colours.area);
-  outline(pen, box, false, 1);
+  outline(pen, box, false, 2);
 }
 
-/// The number on a spot of the card's colour, so that it is read on every ground.
+/// The number on the card's colour, so that it is read on every ground.
 void drawNumber(const Pen& pen, const PictureBox& box, int number) {
-  const PicturePoint middle{box.left + box.width / 2, box.top + box.height / 2};
-  const double radius = 0.6 * pen.layout.line();
-  cairo_new_sub_path(pen.cr);
-  cairo_arc(pen.cr, middle.x, middle.y, radius, 0, 2 * std::numbers::pi);
+  const double size = std::round(1.2 * pen.layout.line());
+  const double left = std::round(box.left + (box.width - size) / 2);
+  const double top = std::round(box.top + (box.height - size) / 2);
+  pen.box({left, top, size, size});
   pen.colour(pen.style.colours.card, 0.85);
   cairo_fill(pen.cr);
   pen.colour(pen.style.colours.onCard);
-  pen.text(std::to_string(number), middle);
+  pen.text(std::to_string(number), {left + size / 2, top + size / 2});
 }
 
-/// What shows of `box` in the picture, and a little where nothing does.
+/// What shows of `box` in the picture, and a little where nothing does, in whole pixels.
 PictureBox visible(const Pen& pen, const PictureBox& box) {
   const PictureBox& card = pen.layout.card();
   const double around = 0.9 * pen.layout.line();
   const auto cut = [](double from, double length, double least, double most) {
-    const double start = std::clamp(from, least, most);
-    return std::pair{start, std::clamp(from + length, start, most) - start};
+    const double start = std::round(std::clamp(from, least, most));
+    return std::pair{start, std::round(std::clamp(from + length, start, most)) - start};
   };
   const auto [left, width] = cut(box.left, box.width, card.left - around, card.right() + around);
   const auto [top, height] = cut(box.top, box.height, card.top - around, card.bottom() + around);
   return {left, top, width, height};
 }
 
-void drawShape(const Pen& pen, const CardShape& shape) {
+/// Tiles for areas to exclude.
+struct Hatches {
+  cairo_surface_t* good;
+  cairo_surface_t* wrong;
+};
+
+void drawShape(const Pen& pen, const CardShape& shape, const Hatches& hatches) {
   const bool isWrong = !shape.warnings.empty();
   const bool isChosen = shape.key == pen.style.chosen;
   const PictureBox box = visible(pen, pen.layout.boxOf(shape.place));
@@ -141,11 +154,10 @@ void drawShape(const Pen& pen, const CardShape& shape) {
     cairo_fill(pen.cr);
     pen.colour(colour);
   } else {
-    pen.colour(isWrong ? colour : pen.style.colours.onCard, 0.6);
-    drawHatch(pen, box);
+    drawHatch(pen, box, isWrong ? hatches.wrong : hatches.good);
     pen.colour(isWrong ? colour : pen.style.colours.onCard);
   }
-  outline(pen, box, !shape.include, isChosen ? 3 : 1.5);
+  outline(pen, box, !shape.include, isChosen ? 4 : 2);
   drawNumber(pen, box, shape.number);
 }
 
@@ -153,9 +165,11 @@ void drawShape(const Pen& pen, const CardShape& shape) {
 void drawChosen(const Pen& pen, const CardShape& shape) {
   constexpr double kHandle = 6;
   const PictureBox box = visible(pen, pen.layout.boxOf(shape.place));
-  for (const double x : {box.left, box.left + box.width / 2, box.right()}) {
-    for (const double y : {box.top, box.top + box.height / 2, box.bottom()}) {
-      if (x == box.left + box.width / 2 && y == box.top + box.height / 2) continue;
+  const PicturePoint middle{std::round(box.left + box.width / 2),
+                            std::round(box.top + box.height / 2)};
+  for (const double x : {box.left, middle.x, box.right()}) {
+    for (const double y : {box.top, middle.y, box.bottom()}) {
+      if (x == middle.x && y == middle.y) continue;
       pen.box({x - kHandle / 2, y - kHandle / 2, kHandle, kHandle});
     }
   }
@@ -177,6 +191,54 @@ void drawSigns(const Pen& pen, const CardScene& scene) {
   }
 }
 
+/// The card hides what is below it, all but its corners, which is cheaper than to blend.
+void copyGround(const Pen& pen, cairo_surface_t* ground) {
+  const PictureBox& card = pen.layout.card();
+  const double inset = std::ceil(kCornerRadius * pen.layout.scale());
+  const double left = std::ceil(card.left) + 1;
+  const double top = std::ceil(card.top) + 1;
+  const double right = std::floor(card.right()) - 1;
+  const double bottom = std::floor(card.bottom()) - 1;
+  const std::array opaque{
+      PictureBox{left + inset, top, right - left - 2 * inset, inset},
+      PictureBox{left, top + inset, right - left, bottom - top - 2 * inset},
+      PictureBox{left + inset, bottom - inset, right - left - 2 * inset, inset}};
+  cairo_set_source_surface(pen.cr, ground, 0, 0);
+  cairo_save(pen.cr);
+  cairo_set_fill_rule(pen.cr, CAIRO_FILL_RULE_EVEN_ODD);
+  pen.box({0, 0, pen.layout.width(), pen.layout.height()});
+  for (const PictureBox& each : opaque) pen.box(each);
+  cairo_fill(pen.cr);
+  cairo_restore(pen.cr);
+  cairo_set_operator(pen.cr, CAIRO_OPERATOR_SOURCE);
+  for (const PictureBox& each : opaque) pen.box(each);
+  cairo_fill(pen.cr);
+  cairo_set_operator(pen.cr, CAIRO_OPERATOR_OVER);
+}
+
+void drawAreas(const Pen& pen, const CardScene& scene, const Hatches& hatches) {
+  cairo_select_font_face(pen.cr, pen.style.fontFamily.c_str(), CAIRO_FONT_SLANT_NORMAL,
+                         CAIRO_FONT_WEIGHT_BOLD);
+  cairo_set_font_size(pen.cr, pen.style.fontSize);
+  for (const auto& place : scene.fixed) drawFixed(pen, visible(pen, pen.layout.boxOf(place)));
+  const CardShape* chosen = nullptr;
+  for (const CardShape& shape : scene.shapes) {
+    drawShape(pen, shape, hatches);
+    if (shape.key == pen.style.chosen) chosen = &shape;
+  }
+  if (chosen != nullptr) {
+    drawChosen(pen, *chosen);
+  } else if (pen.style.hasFocus) {
+    const PictureBox& card = pen.layout.card();
+    pen.colour(pen.style.colours.ink);
+    outline(pen,
+            {std::round(card.left) - 2, std::round(card.top) - 2, std::round(card.width) + 4,
+             std::round(card.height) + 4},
+            true, 2);
+  }
+  drawSigns(pen, scene);
+}
+
 }  // namespace
 
 Colour readable(const Colour& colour, const Colour& ink) {
@@ -185,28 +247,32 @@ Colour readable(const Colour& colour, const Colour& ink) {
   return {mixed(colour.red, ink.red), mixed(colour.green, ink.green), mixed(colour.blue, ink.blue)};
 }
 
-void drawCard(cairo_t* cr, const CardScene& scene, const dialog::PictureLayout& layout,
-              const CardStyle& style) {
+void CardDrawing::draw(cairo_t* cr, const CardScene& scene, const dialog::PictureLayout& layout,
+                       const CardStyle& style) {
   if (!scene.card.hasSize()) return;
   cairo_save(cr);
+  const Ground now{scene.card,
+                   layout,
+                   style.colours,
+                   style.fontFamily,
+                   style.fontSize,
+                   style.page,
+                   cairo_get_group_target(cr)};
+  if (!ground_ || now != shown_) {
+    shown_ = now;
+    ground_.reset(cairo_surface_create_similar(now.target, CAIRO_CONTENT_COLOR_ALPHA,
+                                               static_cast<int>(std::ceil(layout.width())),
+                                               static_cast<int>(std::ceil(layout.height()))),
+                  cairo_surface_destroy);
+    const std::shared_ptr<cairo_t> own(cairo_create(ground_.get()), cairo_destroy);
+    const Pen pen{own.get(), layout, style};
+    drawGround(pen, scene);
+    hatch_ = hatchTile(pen, style.colours.onCard);
+    wrongHatch_ = hatchTile(pen, style.colours.error);
+  }
   const Pen pen{cr, layout, style};
-  cairo_select_font_face(cr, style.fontFamily.c_str(), CAIRO_FONT_SLANT_NORMAL,
-                         CAIRO_FONT_WEIGHT_NORMAL);
-  drawGround(pen, scene);
-  for (const auto& place : scene.fixed) drawFixed(pen, visible(pen, layout.boxOf(place)));
-  const CardShape* chosen = nullptr;
-  for (const CardShape& shape : scene.shapes) {
-    drawShape(pen, shape);
-    if (shape.key == style.chosen) chosen = &shape;
-  }
-  if (chosen != nullptr) {
-    drawChosen(pen, *chosen);
-  } else if (style.hasFocus) {
-    const PictureBox& card = layout.card();
-    pen.colour(style.colours.ink);
-    outline(pen, {card.left - 2, card.top - 2, card.width + 4, card.height + 4}, true, 2);
-  }
-  drawSigns(pen, scene);
+  copyGround(pen, ground_.get());
+  drawAreas(pen, scene, {hatch_.get(), wrongHatch_.get()});
   cairo_restore(cr);
 }
 

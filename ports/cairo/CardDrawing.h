@@ -2,6 +2,7 @@
 
 #include <cairo.h>
 
+#include <memory>
 #include <string>
 
 #include "dialog/CardScene.h"
@@ -14,6 +15,7 @@ struct Colour {
   double red = 0;
   double green = 0;
   double blue = 0;
+  bool operator==(const Colour&) const = default;
 };
 
 /// What a port takes from its theme.
@@ -23,6 +25,7 @@ struct CardColours {
   Colour onCard;  // what stands on it, also on a page of the document
   Colour area;
   Colour error;
+  bool operator==(const CardColours&) const = default;
 };
 
 /// A colour of the theme as lines of it are seen on the card: nearer to the `ink`.
@@ -39,10 +42,32 @@ struct CardStyle {
   cairo_surface_t* page = nullptr;
 };
 
-/// Draws `scene` as `layout` has it: the card with its corners and its margin, rulers, the corner
-/// that is 0/0, the size, and the areas. What is wrong with an area has the colour of errors and a
-/// sign. Leaves `cr` as it was.
-void drawCard(cairo_t* cr, const dialog::CardScene& scene, const dialog::PictureLayout& layout,
-              const CardStyle& style);
+/// Draws the picture of one side, and keeps what stays the same while areas change.
+class CardDrawing {
+ public:
+  /// Draws `scene` as `layout` has it: the card with its corners and its margin, rulers, the corner
+  /// that is 0/0, the size, and the areas. What is wrong with an area has the colour of errors and
+  /// a sign. Leaves `cr` as it was.
+  void draw(cairo_t* cr, const dialog::CardScene& scene, const dialog::PictureLayout& layout,
+            const CardStyle& style);
+
+ private:
+  /// What the ground shows.
+  struct Ground {
+    host::CardGeometry card;
+    dialog::PictureLayout layout;
+    CardColours colours;
+    std::string fontFamily;
+    double fontSize = 0;
+    cairo_surface_t* page = nullptr;
+    cairo_surface_t* target = nullptr;
+    bool operator==(const Ground&) const = default;
+  };
+
+  Ground shown_;
+  std::shared_ptr<cairo_surface_t> ground_;
+  std::shared_ptr<cairo_surface_t> hatch_;
+  std::shared_ptr<cairo_surface_t> wrongHatch_;
+};
 
 }  // namespace cardpanels::cairo

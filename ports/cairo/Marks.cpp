@@ -96,18 +96,31 @@ void drawRulers(const Pen& pen) {
   cairo_stroke(pen.cr);
 }
 
-void drawHatch(const Pen& pen, const PictureBox& box) {
-  const double step = 0.5 * pen.layout.line();
-  const double most = box.width + box.height;
-  for (double at = step / 2; at < most; at += step) {
-    // A line from the left or lower edge up to the upper or right one.
-    const double down = std::min(at, box.height);
-    const double across = std::min(at, box.width);
-    cairo_move_to(pen.cr, box.left + at - down, box.top + down);
-    cairo_line_to(pen.cr, box.left + across, box.top + at - across);
+std::shared_ptr<cairo_surface_t> hatchTile(const Pen& pen, const Colour& colour) {
+  constexpr int kLines = 10;
+  const int step = std::max(4, static_cast<int>(std::round(0.5 * pen.layout.line())));
+  const int size = kLines * step;
+  std::shared_ptr<cairo_surface_t> tile(
+      cairo_surface_create_similar(cairo_get_group_target(pen.cr), CAIRO_CONTENT_COLOR_ALPHA, size,
+                                   size),
+      cairo_surface_destroy);
+  const std::shared_ptr<cairo_t> cr(cairo_create(tile.get()), cairo_destroy);
+  for (int corner = 0; corner <= 2 * size; corner += step) {
+    cairo_move_to(cr.get(), corner + 1, -1);
+    cairo_line_to(cr.get(), -1, corner + 1);
   }
-  cairo_set_line_width(pen.cr, 1);
-  cairo_stroke(pen.cr);
+  cairo_set_source_rgba(cr.get(), colour.red, colour.green, colour.blue, 0.6);
+  cairo_set_line_width(cr.get(), 1);
+  cairo_stroke(cr.get());
+  return tile;
+}
+
+void drawHatch(const Pen& pen, const PictureBox& box, cairo_surface_t* tile) {
+  cairo_set_source_surface(pen.cr, tile, box.left, box.top);
+  cairo_pattern_set_extend(cairo_get_source(pen.cr), CAIRO_EXTEND_REPEAT);
+  cairo_pattern_set_filter(cairo_get_source(pen.cr), CAIRO_FILTER_NEAREST);
+  pen.box(box);
+  cairo_fill(pen.cr);
 }
 
 void drawSign(const Pen& pen, PicturePoint corner) {

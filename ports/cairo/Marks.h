@@ -2,6 +2,7 @@
 
 #include <cairo.h>
 
+#include <memory>
 #include <string>
 
 #include "dialog/PictureLayout.h"
@@ -29,8 +30,11 @@ struct Pen {
 /// which they count.
 void drawRulers(const Pen& pen);
 
-/// Lines across `box` in the pen's colour.
-void drawHatch(const Pen& pen, const dialog::PictureBox& box);
+/// A tile of thin lines: to draw them one by one would cost several times as much.
+std::shared_ptr<cairo_surface_t> hatchTile(const Pen& pen, const Colour& colour);
+
+/// Covers `box`, which is whole pixels, with it.
+void drawHatch(const Pen& pen, const dialog::PictureBox& box, cairo_surface_t* tile);
 
 /// A warning triangle whose top right corner is at a place.
 void drawSign(const Pen& pen, dialog::PicturePoint corner);

@@ -65,6 +65,7 @@ class CardView final : public Gtk::DrawingArea {
   std::string cursor_;
   std::function<void()> changed_;
   cairo::CardStyle style_;
+  cairo::CardDrawing drawing_;
   CardGround ground_;
 };
 

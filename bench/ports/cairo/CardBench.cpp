@@ -73,9 +73,10 @@ void redrawOf24Areas(benchmark::State& state) {
   dialog::CardScene scene = sceneOf24();
   const dialog::PictureLayout layout(scene.card, kWidth, kHeight, kLine);
   const cairo::CardStyle look = style();
+  cairo::CardDrawing drawing;
   for (auto _ : state) {
     scene.shapes[4].place.x += 0.01;  // the drag
-    cairo::drawCard(canvas.cr, scene, layout, look);
+    drawing.draw(canvas.cr, scene, layout, look);
     cairo_surface_flush(canvas.surface);
   }
 }
