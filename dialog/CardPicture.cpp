@@ -38,6 +38,7 @@ CardPicture::CardPicture(const host::JobOptions& job, const AreaSide& side, Type
 
 void CardPicture::refresh() {
   scene_ = cardScene(job_, side_, fields_.texts(), fields_.areaBegun());
+  scene_.blank = blank_;
   layout_ = PictureLayout(scene_.card, room_.width, room_.height, room_.line);
   if (drag_ && drag_->hasMoved) {
     chosen_ = drag_->key;
@@ -45,6 +46,11 @@ void CardPicture::refresh() {
     chosen_.clear();
   }
   tell();
+}
+
+void CardPicture::tellBlank(const std::string& why) {
+  blank_ = why;
+  refresh();
 }
 
 void CardPicture::tell() const {

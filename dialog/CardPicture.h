@@ -61,6 +61,9 @@ class CardPicture {
   const CardShape* chosenShape() const;
   void choose(const std::string& key);
 
+  /// Why the document cannot be shown behind the areas, in a sentence; "" when it can.
+  void tellBlank(const std::string& why);
+
   /// How many pixels there are, and how high a line of text is.
   void setRoom(double width, double height, double line);
 
@@ -111,6 +114,7 @@ class CardPicture {
   TypedAreas& fields_;
   std::function<void()> changed_;
   CardScene scene_;
+  std::string blank_;
   PictureLayout layout_;
   struct {
     double width = 0;

@@ -31,6 +31,7 @@ struct CardScene {
   std::vector<CardShape> shapes;     // in the order of the fields
   std::vector<AreaRectangle> fixed;  // where the choice lies, if the PPD tells that
   std::string fixedTitle;            // that choice's
+  std::string blank;                 // why the document is not behind, in a sentence
 
   /// Whether there is a side to scale, and something to show on it.
   bool isShown = false;

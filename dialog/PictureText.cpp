@@ -55,6 +55,7 @@ std::string pictureDescription(const CardScene& scene) {
   for (const AreaRectangle& place : scene.fixed) {
     all.push_back(named(scene.fixedTitle, placeInWords(place, scene.card.countsFromBottom)));
   }
+  if (!scene.blank.empty()) all.push_back(scene.blank);
   return joined(all, "; ");
 }
 

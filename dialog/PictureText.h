@@ -10,7 +10,8 @@ struct CardShape;
 /// What a screen reader says of the picture of a side, such as `Front of the card, 85.6 by 54 mm`.
 std::string pictureName(const CardScene& scene);
 
-/// What else it says of it: where the choice lies, if the PPD tells that; "" for nothing.
+/// What else it says of it: where the choice lies, if the PPD tells that, and why no document is
+/// shown; "" for nothing.
 std::string pictureDescription(const CardScene& scene);
 
 /// What it says of an area: which one it is, where it lies and what is wrong with it, such as

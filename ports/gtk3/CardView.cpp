@@ -135,7 +135,7 @@ void CardView::on_style_updated() {
 bool CardView::on_draw(const Cairo::RefPtr<Cairo::Context>& context) {
   style_.chosen = picture_->chosen();
   style_.hasFocus = has_focus();
-  cairo::drawCard(context->cobj(), picture_->scene(), picture_->layout(), style_);
+  drawing_.draw(context->cobj(), picture_->scene(), picture_->layout(), style_);
   writeWhy(context);
   return true;
 }
@@ -143,12 +143,13 @@ bool CardView::on_draw(const Cairo::RefPtr<Cairo::Context>& context) {
 void CardView::setGround(CardGround ground) {
   ground_ = std::move(ground);
   set_tooltip_text(ground_.why);
+  picture_->tellBlank(ground_.why);
   style_.page = ground_.page.get();
   style_.colours = themeColours(*this, style_.page != nullptr);
   queue_draw();
 }
 
-/// Above the size, in the middle of the blank card.
+/// At the foot of the blank card.
 void CardView::writeWhy(const Cairo::RefPtr<Cairo::Context>& context) {
   if (ground_.why.empty()) return;
   const dialog::PictureBox& card = picture_->layout().card();
@@ -160,7 +161,7 @@ void CardView::writeWhy(const Cairo::RefPtr<Cairo::Context>& context) {
   text->get_pixel_size(width, height);
   const cairo::Colour& ink = style_.colours.ink;
   context->set_source_rgba(ink.red, ink.green, ink.blue, 0.7);
-  context->move_to(card.left + 0.05 * card.width, card.top + (card.height - height) / 2);
+  context->move_to(card.left + 0.05 * card.width, card.bottom() - height - line() / 2);
   text->show_in_cairo_context(context);
 }
 

@@ -140,6 +140,42 @@ class PictureTestCase(unittest.TestCase):
         )
         self.cancel()
 
+    def test_the_picture_stands_beside_the_fields_or_above_them(self):
+        self.start("--ppd", str(PPD))
+        field = self.program.find("text", "Front Resin Area 1, X")
+        keyboard = Keyboard(self.desktop, self.program.window())
+
+        def places():
+            kind = user.Atspi.CoordType.SCREEN
+            nodes = (self.picture, field)
+            return [each.get_component_iface().get_extents(kind) for each in nodes]
+
+        picture, entry = places()
+        self.assertGreater(picture.x, entry.x)
+        self.assertLess(picture.y, entry.y)
+        self.assertGreater(picture.y + picture.height, entry.y)
+        keyboard.resize(720, 600)
+        user.wait_for(
+            lambda: places()[0].y + places()[0].height < places()[1].y,
+            lambda: f"picture and field are at {places()}",
+        )
+        self.cancel()
+
+    def test_the_document_is_read_and_what_is_none_is_told(self):
+        server = PrintServer()
+        server.__enter__()
+        self.addCleanup(server.__exit__, None, None, None)
+        server.add_queue("badges", PPD)
+        note = pathlib.Path(server.root) / "note.txt"
+        note.write_text("Some text.\n", encoding="utf-8")
+        self.start("-d", "badges", str(note), **server.env)
+        why = "The document cannot be shown: it is neither PDF nor an image"
+        user.wait_for(
+            lambda: why in self.program.find("grouping", FRONT).get_description(),
+            lambda: repr(self.picture.get_description()),
+        )
+        self.cancel()
+
 
 if __name__ == "__main__":
     unittest.main()
