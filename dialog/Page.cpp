@@ -91,6 +91,7 @@ void Page::appear() {
   load(*current_);
   shown_ = true;
   driver_.show(sections_[*current_].panel);
+  refreshPictures();
 }
 
 /// A panel that goes stores what its fields show, so one with a wrong text stays.
