@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "dialog/CardPicture.h"
 #include "dialog/CardText.h"
 #include "dialog/PageTexts.h"
 #include "dialog/TypedAreas.h"
@@ -89,6 +90,7 @@ void Page::appear() {
   load(*current_);
   shown_ = true;
   driver_.show(sections_[*current_].panel);
+  refreshPictures();
 }
 
 /// A panel that goes stores what its fields show, so one with a wrong text stays.
@@ -106,6 +108,7 @@ void Page::load(std::size_t section) {
     content.view = driver_.view(sections_[section].panel);
     content.areas = areasOf(section);
     view_.fillSection(section, content.view);
+    addPictures(section);
     readLater();
   } catch (const std::exception& error) {
     view_.fillSectionWithText(section, error.what());
@@ -129,10 +132,28 @@ std::unique_ptr<TypedAreas> Page::areasOf(std::size_t section) {
                       [this] {
                         showNotices();
                         updateStatus();
+                        refreshPictures();
                       },
               });
   areas->setUnitHelp(unitHelp(host::cardGeometry(driver_.job())));
   return areas;
+}
+
+void Page::addPictures(std::size_t section) {
+  Content& content = contents_[section];
+  if (!content.areas) return;
+  const auto& owner = dynamic_cast<platform::NibOwner&>(*sections_[section].panel);
+  for (const AreaSide& side : areaSides()) {
+    const platform::Outlet* const fields = owner.outletNamed(side.fields);
+    if (fields == nullptr || !content.areas->hasFieldsFor(side)) continue;
+    content.pictures.push_back(std::make_shared<CardPicture>(driver_.job(), side, *content.areas));
+    view_.addPicture(section, content.pictures.back(), fields->view(owner));
+  }
+}
+
+void Page::refreshPictures() {
+  if (!current_) return;
+  for (const auto& picture : contents_[*current_].pictures) picture->refresh();
 }
 
 TypedAreas* Page::currentAreas() const {
@@ -182,6 +203,7 @@ void Page::read() {
   if (presets_) presets_->update();
   showNotices();
   updateStatus();
+  refreshPictures();
 }
 
 PageTexts Page::pageTexts() const {

@@ -17,6 +17,7 @@
 
 namespace cardpanels::dialog {
 
+class CardPicture;
 class MeasurementField;
 class TypedAreas;
 
@@ -128,6 +129,7 @@ class Page {
     bool isLoaded = false;
     std::shared_ptr<platform::View> view;
     std::unique_ptr<TypedAreas> areas;  // none for a panel without fields
+    std::vector<std::shared_ptr<CardPicture>> pictures = {};
   };
 
   /// What is told of the user's last action.
@@ -141,6 +143,8 @@ class Page {
   std::unique_ptr<TypedAreas> areasOf(std::size_t section);
   TypedAreas* currentAreas() const;
   bool storesTyped();
+  void addPictures(std::size_t section);
+  void refreshPictures();
   bool hasOnlyGoodTexts();
   void tellUnknown(const std::vector<std::string>& sentences);
   void undo(const std::string& key);

@@ -13,6 +13,8 @@
 
 namespace cardpanels::dialog {
 
+class CardPicture;
+
 /// The widgets of a page "Card", in a toolkit. A section is told by its place among the page's.
 /// All functions are called on the dialog's thread.
 class PageView {
@@ -27,6 +29,10 @@ class PageView {
 
   /// Puts a panel's view into its section, for good.
   virtual void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) = 0;
+
+  /// Shows `picture` with `fields`, a view inside that section's, for as long as the page lives.
+  virtual void addPicture(std::size_t /*section*/, const std::shared_ptr<CardPicture>& /*picture*/,
+                          const std::shared_ptr<platform::View>& /*fields*/) {}
 
   /// Puts `text` there instead.
   virtual void fillSectionWithText(std::size_t section, const std::string& text) = 0;

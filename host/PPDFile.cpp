@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/ChoiceAreas.h"
 #include "host/Error.h"
 #include "host/PPDRecords.h"
 #include "host/PPDText.h"
@@ -174,6 +175,7 @@ ReadPPD readPPD(const std::string& path, const std::string& shownAs) {
   checkStatements(statements, name);
   ppdLocalize(ppd.get());
   RecordChecker(statements, name).check(ppd.get());
+  checkCardLines(statements, ppd.get(), name);
   return {std::move(statements), std::move(ppd)};
 }
 

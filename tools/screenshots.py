@@ -2,7 +2,7 @@
 """screenshots.py [--docs | FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
 (build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
 marked with its tooltip: light, dark and in high contrast, with large text, in the smallest and in a
-large window, in four languages. With --docs, those that docs/ shows are put there.
+large window, in four languages and from right to left; and the card with a document. With --docs, those that docs/ shows are put there.
 CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup installs, and the
 packages xdotool and x11-utils."""
 
@@ -27,6 +27,7 @@ RIBBON, LAMINATE = SECTIONS.index("ribbon"), SECTIONS.index("laminate")
 
 OPTIONS = (
     "frontRibbon=YMCK frontResin=DefinedAreas frontResinInclude1='0.5in 0.25in 1in 0.5in' "
+    "frontResinInclude2='70mm 30mm 20mm 10mm' frontResinExclude1='20mm 15mm 30mm 25mm' "
     "backRibbon=YMCK backResin=DefinedAreas backResinInclude2='12mm 5mm 25.4mm 8mm' "
     "frontPO=DefinedAreas CustomfrontPeelOff1='1in 0.4in 0.55in 0.5in' backPO=DefinedAreas"
 )
@@ -45,6 +46,7 @@ LOOKS = {  # name: language, theme, size
     "german-smallest": ("de_DE.UTF-8", "Adwaita", SMALLEST),
     "french": ("fr_FR.UTF-8", "Adwaita", None),
     "japanese": ("ja_JP.UTF-8", "Adwaita", None),
+    "right-to-left": ("ar_EG.UTF-8", "Adwaita", None),
     "japanese-smallest": ("ja_JP.UTF-8", "Adwaita:dark", SMALLEST),
 }
 
@@ -58,6 +60,7 @@ DOCS = {  # what docs/ calls them
     "jobs": "light-jobs",
     "large-text": "large-text-ribbon",
     "peel-off": "light-peel-off",
+    "picture": "document-ribbon",
     "ribbon": "light-ribbon",
     "smallest": "smallest-ribbon",
     "summary": "light-summary",
@@ -169,6 +172,48 @@ class Photographer:
         return done.stdout
 
 
+CARD = """0.85 0.9 1 rg 0 0 243 153 re f 0.1 0.2 0.5 rg 0 125 243 28 re f 0.6 0.6 0.6 rg 14 40 60 70 re f
+0 g BT /F1 16 Tf 84 95 Td (Ada Lovelace) Tj ET BT /F1 10 Tf 84 78 Td (Visitor 0815) Tj ET
+1 g BT /F1 14 Tf 14 133 Td (EXAMPLE) Tj ET"""
+CARD_OPTIONS = (
+    "frontRibbon=YMCK frontResin=DefinedAreas frontResinInclude1='28mm 14mm 50mm 16mm' "
+    "frontResinInclude2='70mm 42mm 20mm 8mm' frontResinExclude1='4mm 14mm 23mm 27mm' "
+)
+
+
+def card_pdf():
+    font = "/Font<</F1<</Type/Font/Subtype/Type1/BaseFont/Helvetica-Bold>>>>"
+    objects = (
+        "<</Type/Catalog/Pages 2 0 R>>",
+        "<</Type/Pages/Kids[3 0 R]/Count 1>>",
+        f"<</Type/Page/Parent 2 0 R/MediaBox[0 0 243 153]/Resources<<{font}>>/Contents 4 0 R>>",
+        f"<</Length {len(CARD)}>>stream\n{CARD}\nendstream",
+    )
+    numbered = [f"{number} 0 obj{each} endobj" for number, each in enumerate(objects, 1)]
+    return "\n".join(["%PDF-1.4", *numbered, "trailer<</Root 1 0 R>>", "%%EOF", ""])
+
+
+def take_document(desktop, folder):
+    """The areas with a document behind them, the first one chosen."""
+    with PrintServer() as server:
+        server.add_queue("badges", PPD)
+        document = pathlib.Path(server.root) / "card.pdf"
+        document.write_text(card_pdf(), encoding="ascii")
+        program = desktop.start(
+            [str(CARDPRINT), "-d", "badges", "-o", CARD_OPTIONS, str(document)],
+            LANG="de_DE.UTF-8",
+            LANGUAGE="en",
+            GTK_THEME="Adwaita",
+            **server.env,
+        )
+        photographer = Photographer(desktop, program, folder, "document")
+        photographer.put_mouse_away()
+        user.showing(program.window(), "icon")[0].get_component_iface().grab_focus()
+        photographer.picture("ribbon")
+        photographer.leave()
+        program.finish()
+
+
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
     with PrintServer() as server, user.Desktop(theme="Adwaita") as desktop:
@@ -198,6 +243,7 @@ def main(folder):
             photographer.leave()
             if not size:
                 photographed().take_jobs()
+        take_document(desktop, folder)
 
 
 if __name__ == "__main__":

@@ -11,7 +11,10 @@
 #include "dialog/PresetWork.h"
 #include "dialog/PrinterStateText.h"
 #include "dialog/StateWatch.h"
+#include "host/CardGeometry.h"
 #include "host/Error.h"
+#include "host/JobOptions.h"
+#include "host/ServerThread.h"
 #include "host/Submission.h"
 #include "platform/Messages.h"
 #include "ports/gtk3/MainLoop.h"
@@ -45,7 +48,7 @@ CardDialog::CardDialog(DialogJob& job, WindowWaiter& waiter, const std::string& 
       header_({.changePrinter = [this](const std::string& queue) { wantPrinter(queue); },
                .openPrinters = [this] { readPrinters(); },
                .showOtherOptions = [this] { response(kOtherOptions); },
-               .copiesChanged = [this] { page().optionsChanged(); }}),
+               .attributesChanged = [this] { optionsChanged(); }}),
       files_({.wantMore = [this] { response(kAddFiles); },
               .changed = [this] { filesChanged(); },
               .tell = [this](const std::string& message) { page().tell(message); }}) {
@@ -78,6 +81,7 @@ void CardDialog::showJob(DialogJob& job, const std::string& told) {
     options_.reset();
     if (job_ != nullptr) job_->panels().setObserver(nullptr);  // what a page that goes has to tell
     page_.reset();
+    document_ = {};
     job_ = &job;
     set_title(Glib::ustring::compose(_("Print on %1"), job.printerName()));
     page_ = std::make_unique<gtk3::CardPage>(job.panels());
@@ -97,6 +101,25 @@ void CardDialog::showJob(DialogJob& job, const std::string& told) {
   page().keep(told);
   for (const std::string& each : job.leftOut()) page().keep(each);
   if (get_mapped()) readPrinters();
+  showDocument();
+}
+
+/// Draws the first file on a thread, for the card's size as it is now.
+void CardDialog::showDocument() {
+  const auto [path, attributes] = job().firstFile();
+  const host::CardGeometry card = host::cardGeometry(job().panels().job());
+  const CardDocument document{path, card.width, card.height, attributes};
+  if (document == document_) return;
+  document_ = document;
+  if (path.empty() || !card.hasSize()) return;
+  drawing_ = host::startServerThread([this, document, alive = std::weak_ptr<bool>(alive_)](
+                                         host::Abandonment& /*abandonment*/) {
+    const auto pages = drawDocument(document);
+    gtk3::postToMainLoop([this, document, pages, alive] {
+      if (alive.expired() || document != document_) return;
+      page_->showDocument({{{pages[0].surface, pages[0].why}, {pages[1].surface, pages[1].why}}});
+    });
+  });
 }
 
 void CardDialog::watchPrinter() {
@@ -181,6 +204,7 @@ void CardDialog::showOtherOptions() {
 
 void CardDialog::filesChanged() {
   if (job().files() != files_.files()) job().setFiles(files_.files());
+  showDocument();
   print_->set_label(needsFiles() ? _("C_hoose File…") : _("_Print"));
 }
 
@@ -192,6 +216,7 @@ void CardDialog::optionsChanged() {
   page().optionsChanged();
   header_.refresh();
   if (options_) options_->refresh();
+  showDocument();
 }
 
 void CardDialog::tell(const std::string& message, const std::optional<host::Option>& insisted) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/cardprint-dialog/DocumentPages.h"
 #include "apps/cardprint-dialog/FileList.h"
 #include "apps/cardprint-dialog/JobHeader.h"
 #include "apps/cardprint-dialog/OptionsDialog.h"
@@ -65,6 +66,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   bool print();
   bool send();
   bool sendEach();
+  void showDocument();
 
   DialogJob* job_ = nullptr;
   WindowWaiter& waiter_;
@@ -80,6 +82,9 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   std::string wantedPrinter_;
   std::shared_ptr<void> watching_;  // the printer's state
   std::shared_ptr<void> reading_;   // the printers
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+  CardDocument document_;          // behind the areas
+  std::shared_ptr<void> drawing_;  // it
 };
 
 }  // namespace cardpanels::cardprint

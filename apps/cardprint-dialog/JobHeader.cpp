@@ -25,7 +25,9 @@ JobHeader::JobHeader(Actions actions)
     : actions_(std::move(actions)),
       printer_([this](const std::string& queue) { actions_.changePrinter(queue); }),
       size_([this](const std::string& size) { chooseSize(size); }),
-      orientation_([this](const std::string& value) { setOrientation(*job_, value); }),
+      orientation_([this](const std::string& value) {
+        attributeChosen([&] { setOrientation(*job_, value); });
+      }),
       fit_(_("Fit to _whole card"), true),
       others_(_("Ot_her Options…"), true),
       printerLabel_(_("Prin_ter"), true),
@@ -38,10 +40,10 @@ JobHeader::JobHeader(Actions actions)
   copies_.set_range(1, kMostCopies);
   copies_.set_increments(1, 10);
   copies_.set_numeric();
-  copies_.signal_value_changed().connect([this] { chooseCopies(); });
-  fit_.signal_toggled().connect([this] {
-    if (!isShowing_) setFitted(*job_, fit_.get_active());
-  });
+  copies_.signal_value_changed().connect(
+      [this] { attributeChosen([this] { setCopies(*job_, copies_.get_value_as_int()); }); });
+  fit_.signal_toggled().connect(
+      [this] { attributeChosen([this] { setFitted(*job_, fit_.get_active()); }); });
   others_.signal_clicked().connect([this] { actions_.showOtherOptions(); });
   printer_.property_popup_shown().signal_changed().connect([this] {
     if (printer_.property_popup_shown()) actions_.openPrinters();
@@ -96,10 +98,10 @@ void JobHeader::refresh() {
   size_.showItems(sizes, row.chosen ? std::optional(row.items[*row.chosen].choice) : std::nullopt);
 }
 
-void JobHeader::chooseCopies() {
+void JobHeader::attributeChosen(const std::function<void()>& set) {
   if (isShowing_) return;
-  setCopies(*job_, copies_.get_value_as_int());
-  actions_.copiesChanged();
+  set();
+  actions_.attributesChanged();
 }
 
 void JobHeader::chooseSize(const std::string& size) {

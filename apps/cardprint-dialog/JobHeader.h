@@ -25,7 +25,7 @@ class JobHeader : public Gtk::Grid {
     std::function<void(const std::string& queue)> changePrinter;
     std::function<void()> openPrinters;  // the list of printers opens
     std::function<void()> showOtherOptions;
-    std::function<void()> copiesChanged;
+    std::function<void()> attributesChanged;
   };
 
   explicit JobHeader(Actions actions);
@@ -44,7 +44,7 @@ class JobHeader : public Gtk::Grid {
 
  private:
   void addRow(int row, int column, Gtk::Label& label, Gtk::Widget& widget);
-  void chooseCopies();
+  void attributeChosen(const std::function<void()>& set);
   void chooseSize(const std::string& size);
 
   Actions actions_;

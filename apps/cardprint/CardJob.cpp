@@ -86,6 +86,11 @@ void CardJob::usePreset(const std::string& name) {
   queue_.instance = name;
 }
 
+PrintedFile CardJob::firstFile() const {
+  const bool isFile = hasFiles() && files_.front() != kStandardInput;
+  return {isFile ? files_.front() : "", chosen_.attributes};
+}
+
 std::string CardJob::send() {
   if (!hasFiles()) return summary() + optionsLine() + "\n";
   const std::string text = isSilent_ ? "" : summary();

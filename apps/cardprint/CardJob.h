@@ -41,6 +41,8 @@ class CardJob final : public DialogJob {
   host::PanelHost& panels() override { return panels_; }
   const std::vector<std::string>& leftOut() const override { return leftOut_; }
 
+  PrintedFile firstFile() const override;
+
   /// What options of the command line changed besides themselves, in sentences; "" for nothing.
   const std::string& notice() const { return chosen_.notice; }
 

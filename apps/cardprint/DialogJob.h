@@ -3,12 +3,19 @@
 #include <string>
 #include <vector>
 
+#include "host/JobOption.h"
 #include "host/PanelHost.h"
 #include "host/Queue.h"
 #include "host/Submission.h"
 #include "platform/Text.h"
 
 namespace cardpanels::cardprint {
+
+/// The document of a job, and what the job carries besides the printer's options.
+struct PrintedFile {
+  std::string path;  // of the first file; "" for none, and for standard input
+  std::vector<host::Option> attributes;
+};
 
 /// A job as the dialog on it sees it.
 class DialogJob {
@@ -55,6 +62,8 @@ class DialogJob {
 
   /// Those of `submissions` with these numbers were sent: answers what standard output gets.
   virtual std::string sent(const std::vector<int>& ids) = 0;
+
+  virtual PrintedFile firstFile() const = 0;
 
   /// Sends the files, if there are any, and answers what standard output gets. Throws
   /// `host::PPDChanged` when the queue has another PPD by now, `host::Error` and `Cancelled`; then

@@ -63,6 +63,7 @@ CardPage::CardPage(host::PanelDriver& driver)
 }
 
 CardPage::~CardPage() {
+  pictures_.clear();
   page_.reset();
   // The views may live on with their panels.
   for (Gtk::ScrolledWindow* frame : frames_) {
@@ -197,6 +198,22 @@ void CardPage::showSection(std::size_t section) {
 void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
   frames_[section]->add(dynamic_cast<WidgetView&>(*view).widget());
   frames_[section]->show_all();
+}
+
+void CardPage::addPicture(std::size_t /*section*/,
+                          const std::shared_ptr<dialog::CardPicture>& picture,
+                          const std::shared_ptr<platform::View>& fields) {
+  auto& view = dynamic_cast<WidgetView&>(*fields);
+  pictures_.push_back(std::make_unique<PictureFrame>(picture, view.widget()));
+  pictures_.back()->view().setGround(grounds_.at(picture->scene().isBack ? 1 : 0));
+}
+
+void CardPage::showDocument(const std::array<CardGround, 2>& sides) {
+  grounds_ = sides;
+  for (const auto& each : pictures_) {
+    CardView& view = each->view();
+    view.setGround(grounds_.at(view.picture().scene().isBack ? 1 : 0));
+  }
 }
 
 void CardPage::fillSectionWithText(std::size_t section, const std::string& text) {

@@ -18,6 +18,10 @@ class FakePageView final : public dialog::PageView {
   void fillSection(std::size_t section, const std::shared_ptr<platform::View>& /*view*/) override {
     filled[section] = "view";
   }
+  void addPicture(std::size_t section, const std::shared_ptr<dialog::CardPicture>& picture,
+                  const std::shared_ptr<platform::View>& /*fields*/) override {
+    pictures[section].push_back(picture);
+  }
   void fillSectionWithText(std::size_t section, const std::string& text) override {
     filled[section] = text;
   }
@@ -71,6 +75,7 @@ class FakePageView final : public dialog::PageView {
 
   std::size_t shown = 0;
   std::map<std::size_t, std::string> filled;
+  std::map<std::size_t, std::vector<std::shared_ptr<dialog::CardPicture>>> pictures;
   std::map<std::size_t, std::string> marks;
   std::map<std::size_t, std::set<std::string>> bold;
   dialog::Summary summary;
