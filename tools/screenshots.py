@@ -201,14 +201,14 @@ def take_document(desktop, folder):
         document.write_text(card_pdf(), encoding="ascii")
         program = desktop.start(
             [str(CARDPRINT), "-d", "badges", "-o", CARD_OPTIONS, str(document)],
-            LANG="de_DE.UTF-8",
-            LANGUAGE="en",
+            LANG="en_GB.UTF-8",
             GTK_THEME="Adwaita",
             **server.env,
         )
         photographer = Photographer(desktop, program, folder, "document")
         photographer.put_mouse_away()
-        user.showing(program.window(), "icon")[0].get_component_iface().grab_focus()
+        picture = program.find("grouping")
+        user.showing(picture, "icon")[0].get_component_iface().grab_focus()
         photographer.picture("ribbon")
         photographer.leave()
         program.finish()
