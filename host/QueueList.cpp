@@ -19,13 +19,13 @@ namespace {
 
 constexpr int kSecondsElsewhere = 2;  // for another server, while somebody looks at the list
 
-constexpr std::array<const char*, 7> kAttributes{"printer-name",
-                                                 "printer-state",
-                                                 "printer-state-reasons",
-                                                 "printer-state-message",
-                                                 "printer-is-accepting-jobs",
-                                                 "document-format-supported",
-                                                 "device-uri"};
+constexpr std::array<const char*, 7> kListedAttributes{"printer-name",
+                                                       "printer-state",
+                                                       "printer-state-reasons",
+                                                       "printer-state-message",
+                                                       "printer-is-accepting-jobs",
+                                                       "document-format-supported",
+                                                       "device-uri"};
 
 struct FoundQueue {
   ListedQueue queue;
@@ -118,7 +118,7 @@ std::vector<FoundQueue> queuesIn(ipp_t* answer) {
 std::vector<FoundQueue> listed(Talk& talk, const std::vector<std::string>& keywords) {
   const Ipp request = queueRequest(IPP_OP_CUPS_GET_PRINTERS, "");
   ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
-                static_cast<int>(kAttributes.size()), nullptr, kAttributes.data());
+                static_cast<int>(kListedAttributes.size()), nullptr, kListedAttributes.data());
   const Ipp answer = talk.ask(request);
   if (ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND) return {};  // it has none
   if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));

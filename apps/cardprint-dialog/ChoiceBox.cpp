@@ -7,7 +7,7 @@
 namespace cardpanels::cardprint {
 namespace {
 
-constexpr int kWidth = 12;  // characters, where the texts are longer
+constexpr int kBoxWidth = 12;  // characters, where the texts are longer
 
 }  // namespace
 
@@ -17,7 +17,7 @@ ChoiceBox::ChoiceBox(std::function<void(const std::string&)> chosen) : chosen_(s
   set_model(rows_);
   auto* const renderer = Gtk::make_managed<Gtk::CellRendererText>();
   renderer->property_ellipsize() = Pango::ELLIPSIZE_END;
-  renderer->property_width_chars() = kWidth;
+  renderer->property_width_chars() = kBoxWidth;
   pack_start(*renderer, true);
   add_attribute(*renderer, "text", text_);
   set_row_separator_func(

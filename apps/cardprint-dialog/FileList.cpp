@@ -20,8 +20,8 @@ namespace {
 using platform::_;
 using platform::filled;
 
-constexpr int kMargin = 6;
-constexpr int kHeight = 56;
+constexpr int kListMargin = 6;
+constexpr int kListHeight = 56;
 constexpr const char* kAnything = "application/octet-stream";
 
 void addTo(std::string& names, const std::string& name) {
@@ -35,13 +35,13 @@ std::vector<std::string> FileList::captions() {
 }
 
 FileList::FileList(Client client)
-    : Gtk::Box(Gtk::ORIENTATION_VERTICAL, kMargin / 2),
+    : Gtk::Box(Gtk::ORIENTATION_VERTICAL, kListMargin / 2),
       client_(std::move(client)),
       addButton_(_("A_dd Files…"), true),
       removeButton_(_("Remo_ve"), true),
       each_(_("One _job a file"), true),
       stop_(_("Stop at the first fail_ure"), true),
-      checks_(Gtk::ORIENTATION_HORIZONTAL, 2 * kMargin) {
+      checks_(Gtk::ORIENTATION_HORIZONTAL, 2 * kListMargin) {
   columns_.add(name_);
   columns_.add(path_);
   rows_ = Gtk::ListStore::create(columns_);
@@ -61,19 +61,19 @@ FileList::FileList(Client client)
 
   scroller_.add(view_);
   scroller_.set_shadow_type(Gtk::SHADOW_IN);
-  scroller_.set_min_content_height(kHeight);
+  scroller_.set_min_content_height(kListHeight);
   scroller_.set_hexpand();
-  auto* const buttons = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, kMargin / 2);
+  auto* const buttons = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, kListMargin / 2);
   buttons->pack_start(addButton_, Gtk::PACK_SHRINK);
   buttons->pack_start(removeButton_, Gtk::PACK_SHRINK);
-  auto* const row = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_HORIZONTAL, kMargin);
+  auto* const row = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_HORIZONTAL, kListMargin);
   row->pack_start(scroller_, Gtk::PACK_EXPAND_WIDGET);
   row->pack_start(*buttons, Gtk::PACK_SHRINK);
   checks_.pack_start(each_, Gtk::PACK_SHRINK);
   checks_.pack_start(stop_, Gtk::PACK_SHRINK);
   pack_start(*row, Gtk::PACK_SHRINK);
   pack_start(checks_, Gtk::PACK_SHRINK);
-  property_margin() = kMargin;
+  property_margin() = kListMargin;
   set_margin_top(0);
   show_all_children();
   checks_.set_no_show_all();

@@ -12,7 +12,7 @@ namespace {
 
 using platform::_;
 
-constexpr int kMargin = 6;
+constexpr int kHeaderMargin = 6;
 
 }  // namespace
 
@@ -34,9 +34,9 @@ JobHeader::JobHeader(Actions actions)
       sizeLabel_(_("Card si_ze"), true),
       orientationLabel_(_("O_rientation"), true),
       copiesLabel_(_("Cop_ies"), true) {
-  set_row_spacing(kMargin);
-  set_column_spacing(kMargin);
-  property_margin() = kMargin;
+  set_row_spacing(kHeaderMargin);
+  set_column_spacing(kHeaderMargin);
+  property_margin() = kHeaderMargin;
   copies_.set_range(1, kMostCopies);
   copies_.set_increments(1, 10);
   copies_.set_numeric();

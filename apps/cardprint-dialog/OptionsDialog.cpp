@@ -11,17 +11,17 @@ namespace {
 
 using platform::_;
 
-constexpr int kMargin = 12;
-constexpr int kWidth = 480;
-constexpr int kHeight = 360;
+constexpr int kOptionsMargin = 12;
+constexpr int kOptionsWidth = 480;
+constexpr int kOptionsHeight = 360;
 
 }  // namespace
 
 OptionsDialog::OptionsDialog(Gtk::Window& parent, host::PanelHost& panels)
     : Gtk::Dialog(_("Other Options"), parent, true), panels_(panels) {
-  grid_.set_row_spacing(kMargin / 2);
-  grid_.set_column_spacing(kMargin);
-  grid_.property_margin() = kMargin;
+  grid_.set_row_spacing(kOptionsMargin / 2);
+  grid_.set_column_spacing(kOptionsMargin);
+  grid_.property_margin() = kOptionsMargin;
   const auto rows = dialog::otherOptions(panels_.job(), panels_.claimedKeys());
   // Assistive technology reads a grid's last child first.
   for (auto i = static_cast<int>(rows.size()) - 1; i >= 0; --i) {
@@ -47,8 +47,9 @@ OptionsDialog::OptionsDialog(Gtk::Window& parent, host::PanelHost& panels)
   get_content_area()->pack_start(noticeBar_, Gtk::PACK_SHRINK);
   get_content_area()->pack_start(*scroller, Gtk::PACK_EXPAND_WIDGET);
   scroller->show_all();
-  add_button(_("_Close"), Gtk::RESPONSE_CLOSE)->get_parent()->property_margin() = kMargin / 2;
-  set_default_size(kWidth, kHeight);
+  add_button(_("_Close"), Gtk::RESPONSE_CLOSE)->get_parent()->property_margin() =
+      kOptionsMargin / 2;
+  set_default_size(kOptionsWidth, kOptionsHeight);
 }
 
 void OptionsDialog::refresh() {

@@ -21,12 +21,12 @@ using platform::_;
 using platform::filled;
 using State = dialog::BatchJob::State;
 
-constexpr int kMargin = 12;
-constexpr int kWidth = 600;
-constexpr int kHeight = 400;
-constexpr int kFileWidth = 24;      // characters
-constexpr int kAgain = 1;           // a response
-constexpr unsigned kFarewell = 12;  // seconds, longer than a job takes to be cancelled
+constexpr int kSendingMargin = 12;
+constexpr int kSendingWidth = 600;
+constexpr int kSendingHeight = 400;
+constexpr int kFileWidth = 24;             // characters
+constexpr int kAgain = 1;                  // a response
+constexpr unsigned kSendingFarewell = 12;  // seconds, longer than a job takes to be cancelled
 
 void addColumn(Gtk::TreeView& view, const char* title,
                const Gtk::TreeModelColumn<Glib::ustring>& column, int characters) {
@@ -74,8 +74,8 @@ SendingDialog::SendingDialog(Gtk::Window& parent, DialogJob& job, WindowWaiter& 
     label->set_line_wrap();
   }
   auto& content = *get_content_area();
-  content.set_border_width(kMargin);
-  content.set_spacing(kMargin / 2);
+  content.set_border_width(kSendingMargin);
+  content.set_spacing(kSendingMargin / 2);
   content.pack_start(text_, Gtk::PACK_SHRINK);
   content.pack_start(bar_, Gtk::PACK_SHRINK);
   content.pack_start(printer_, Gtk::PACK_SHRINK);
@@ -84,7 +84,7 @@ SendingDialog::SendingDialog(Gtk::Window& parent, DialogJob& job, WindowWaiter& 
   cancel_ = add_button(_("_Cancel"), Gtk::RESPONSE_CANCEL);
   again_ = add_button(_("Try _Again"), kAgain);
   close_ = add_button(_("_Close"), Gtk::RESPONSE_CLOSE);
-  set_default_size(kWidth, kHeight);
+  set_default_size(kSendingWidth, kSendingHeight);
   waiter_.setParent(this);
 }
 
@@ -125,7 +125,7 @@ void SendingDialog::on_response(int response) {
           batch_.giveUp();
           return false;
         },
-        kFarewell);
+        kSendingFarewell);
   } else if (response == kAgain) {
     start();
   } else {

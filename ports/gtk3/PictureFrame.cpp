@@ -7,7 +7,7 @@
 namespace cardpanels::gtk3 {
 namespace {
 
-constexpr int kSpacing = 12;
+constexpr int kPictureSpacing = 12;
 
 /// Puts `other` where `widget` stands in its grid. Assistive technology reads a grid's children by
 /// when they came, the last one first, so those that are read before come again.
@@ -91,7 +91,7 @@ void BesideOrAbove::forall_vfunc(gboolean /*includesInternals*/, GtkCallback cal
 }
 
 int BesideOrAbove::widthBeside(int width) const {
-  const int room = width - kSpacing - naturalWidth(*first_);
+  const int room = width - kPictureSpacing - naturalWidth(*first_);
   return room >= leastWidth(*second_) ? std::min(room, naturalWidth(*second_)) : 0;
 }
 
@@ -104,7 +104,7 @@ void BesideOrAbove::get_preferred_width_vfunc(int& least, int& natural) const {
   for (const Gtk::Widget* const each : {first_, second_}) {
     if (each == nullptr || !each->get_visible()) continue;
     least = std::max(least, leastWidth(*each));
-    natural += naturalWidth(*each) + (natural > 0 ? kSpacing : 0);
+    natural += naturalWidth(*each) + (natural > 0 ? kPictureSpacing : 0);
   }
 }
 
@@ -115,9 +115,10 @@ void BesideOrAbove::get_preferred_height_for_width_vfunc(int width, int& least,
   if (!first_->get_visible()) {
     natural = heightOf(*second_, width);
   } else if (const int beside = widthBeside(width)) {
-    natural = std::max(heightOf(*first_, width - kSpacing - beside), heightOf(*second_, beside));
+    natural =
+        std::max(heightOf(*first_, width - kPictureSpacing - beside), heightOf(*second_, beside));
   } else {
-    natural = heightOf(*second_, width) + kSpacing + heightOf(*first_, width);
+    natural = heightOf(*second_, width) + kPictureSpacing + heightOf(*first_, width);
   }
   least = natural;
 }
@@ -137,15 +138,15 @@ void BesideOrAbove::on_size_allocate(Gtk::Allocation& allocation) {
   if (first_->get_visible()) {
     if (const int beside = widthBeside(allocation.get_width())) {
       const bool isRightToLeft = get_direction() == Gtk::TEXT_DIR_RTL;
-      const int wide = allocation.get_width() - kSpacing - beside;
+      const int wide = allocation.get_width() - kPictureSpacing - beside;
       one.set_width(wide);
       other.set_width(beside);
       (isRightToLeft ? one : other)
-          .set_x(allocation.get_x() + kSpacing + (isRightToLeft ? beside : wide));
+          .set_x(allocation.get_x() + kPictureSpacing + (isRightToLeft ? beside : wide));
     } else {
       other.set_height(heightOf(*second_, allocation.get_width()));
-      one.set_y(allocation.get_y() + other.get_height() + kSpacing);
-      one.set_height(std::max(1, allocation.get_height() - other.get_height() - kSpacing));
+      one.set_y(allocation.get_y() + other.get_height() + kPictureSpacing);
+      one.set_height(std::max(1, allocation.get_height() - other.get_height() - kPictureSpacing));
     }
     first_->size_allocate(one);
   }

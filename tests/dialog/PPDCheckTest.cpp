@@ -73,7 +73,7 @@ TEST(PPDCheck, FindsNothingWrongInTheSample) { EXPECT_THAT(wrong(sample("", ""))
 
 TEST(PPDCheck, TellsThePanelsThatThePlugInMakes) {
   const test::RecordedLog log;
-  for (const char* key : kCardKeys) {
+  for (const char* key : host::kCardKeys) {
     const test::TemporaryFolder folder;
     const std::string path =
         folder.write("card.ppd", test::testPPD({test::testOption(key, key, 20)}));
