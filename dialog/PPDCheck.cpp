@@ -118,7 +118,7 @@ std::vector<std::string_view> words(std::string_view text) {
 std::vector<Finding> checkPPD(const std::string& path) {
   CheckedPPD ppd(path);
   for (const auto& check : {checkKeywords, checkPositions, checkAreas, checkConstraints,
-                            checkOwnAttributes, checkDefaults, checkTranslations}) {
+                            checkDefaults, checkTranslations}) {
     check(ppd);
   }
   std::vector<Finding> found = std::move(ppd.findings());

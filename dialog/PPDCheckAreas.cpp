@@ -77,33 +77,6 @@ void checkConstraint(CheckedPPD& ppd, const host::PPDStatement& statement) {
   }
 }
 
-void checkOrigin(CheckedPPD& ppd, const host::PPDStatement& statement) {
-  const std::string_view corner = withoutQuotes(statement.value);
-  if (corner == "TopLeft" || corner == "BottomLeft") return;
-  ppd.tell(
-      statement.line, Gravity::warning,
-      filled(_("*cardpanelsOrigin is TopLeft or BottomLeft, not “{value}”."), {{"value", corner}}));
-}
-
-/// `*cardpanelsArea frontPO.Chip: "10mm 19mm 13mm 12mm"`.
-void checkFixedArea(CheckedPPD& ppd, const host::PPDStatement& statement) {
-  const std::string& name = statement.option;
-  const std::size_t point = std::min(name.find('.'), name.size());
-  const auto* const option = ppd.option(name.substr(0, point));
-  const std::string_view choice = std::string_view(name).substr(std::min(point + 1, name.size()));
-  if (option == nullptr || host::listedChoice(*option, choice) == nullptr) {
-    ppd.tell(statement.line, Gravity::warning,
-             filled(_("*cardpanelsArea names an option and a choice of the PPD, with a point "
-                      "between them, not “{value}”."),
-                    {{"value", name}}));
-  }
-  const std::string_view area = withoutQuotes(statement.value);
-  if (!areaTexts(area).front().empty()) return;
-  ppd.tell(statement.line, Gravity::warning,
-           filled(_("*cardpanelsArea is four measurements, X, Y, width and height, not “{value}”."),
-                  {{"value", area}}));
-}
-
 }  // namespace
 
 void checkAreas(CheckedPPD& ppd) {
@@ -116,13 +89,6 @@ void checkConstraints(CheckedPPD& ppd) {
         each.keyword == "cupsUIConstraints") {
       checkConstraint(ppd, each);
     }
-  }
-}
-
-void checkOwnAttributes(CheckedPPD& ppd) {
-  for (const host::PPDStatement& each : ppd.statements()) {
-    if (each.keyword == "cardpanelsOrigin") checkOrigin(ppd, each);
-    if (each.keyword == "cardpanelsArea") checkFixedArea(ppd, each);
   }
 }
 

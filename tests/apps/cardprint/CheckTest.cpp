@@ -34,20 +34,31 @@ TEST_F(Check, FindsNothingWrongInTheSamples) {
   }
 }
 
+constexpr const char* kNearly =
+    "*OpenUI *backRibon/Ribbon: PickOne\n*DefaultbackRibon: A\n*backRibon A/A: \"\"\n"
+    "*CloseUI: *backRibon\n";
+
 TEST_F(Check, AnswersWarningsByFileAndLine) {
-  const std::string path = ppd("*cardpanelsOrigin: Middle\n");
+  const std::string path = ppd(kNearly);
   const auto done = test::runCommand(kCheck + path);
   EXPECT_EQ(done.status, 1) << done.output;
-  EXPECT_THAT(done.output, HasSubstr("\n" + path + ":34: warning: *cardpanelsOrigin is "));
+  EXPECT_THAT(done.output, HasSubstr("\n" + path + ":34: warning: backRibon is "));
 }
 
 TEST_F(Check, AnswersErrorsOfAnyFile) {
-  const std::string path = folder.write("bad.ppd", test::testPPD({}, "*cardpanelsOrigin: Nose\n"));
+  const std::string path = folder.write("bad.ppd", test::testPPD({}, kNearly));
   const auto done = test::runCommand(kCheck + path + " " + test::duplexPPD());
   EXPECT_EQ(done.status, 2);
   EXPECT_THAT(done.output, HasSubstr(path + ": error: No panel appears"));
   EXPECT_THAT(done.output, HasSubstr(path + ": Errors: 1, warnings: 1.\n"));
   EXPECT_THAT(done.output, HasSubstr(test::duplexPPD() + ": Errors: 0, warnings: 0.\n"));
+}
+
+TEST_F(Check, TellsALineOfOursThatIsWrong) {
+  const std::string path = ppd("*cardpanelsOrigin: Nose\n");
+  const auto done = test::runCommand(kCheck + path);
+  EXPECT_EQ(done.status, 2);
+  EXPECT_THAT(done.errors, StartsWith("cardprint: " + path + ":34: *cardpanelsOrigin is "));
 }
 
 TEST_F(Check, TellsAFileThatIsNoPPDAndGoesOn) {
