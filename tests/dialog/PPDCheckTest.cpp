@@ -284,13 +284,12 @@ TEST(PPDCheck, TellsThatCupsOwnTestIsMissing) {
 
 TEST(PPDCheck, FindsWhatStandsInTheOrderOfLines) {
   std::string ppd = sample("*DefaultfrontRibbon: YMCK\n", "");
-  ppd +=
-      "*OpenUI *backRibon/Ribbon: PickOne\n*DefaultbackRibon: A\n*backRibon A/A: \"\"\n"
-      "*CloseUI: *backRibon\n";
+  const std::string flip = "*DefaultentryCardFlip: ";
+  ppd.replace(ppd.find(flip), flip.size(), flip + "No");
   ppd.insert(ppd.find("*cupsUIConstraints"),
              "*cupsUIConstraints: \"*frontRibbon K *frontPO X *backResinExclude1\"\n");
   EXPECT_THAT(wrong(ppd), ElementsAre(HasSubstr("backResinExclude1"), HasSubstr("frontRibbon"),
-                                      HasSubstr("backRibon")));
+                                      HasSubstr("entryCardFlip")));
 }
 
 }  // namespace
