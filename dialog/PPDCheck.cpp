@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "dialog/CardAreas.h"
 #include "dialog/PPDCheckRules.h"
@@ -129,7 +130,7 @@ std::vector<Finding> checkPPD(const std::string& path) {
   auto& all = ppd.findings();
   std::move(found.begin(), found.end(), std::back_inserter(all));
   askCups(ppd, path);
-  return std::move(all);
+  return std::exchange(all, {});
 }
 
 }  // namespace cardpanels::dialog

@@ -67,7 +67,8 @@ void checkKeywords(CheckedPPD& ppd);
 void checkPositions(CheckedPPD& ppd);
 /// What areas need, and constraints that take one for set.
 void checkAreas(CheckedPPD& ppd);
-void checkConstraints(CheckedPPD& ppd);void checkDefaults(CheckedPPD& ppd);
+void checkConstraints(CheckedPPD& ppd);
+void checkDefaults(CheckedPPD& ppd);
 void checkTranslations(CheckedPPD& ppd);
 
 }  // namespace cardpanels::dialog

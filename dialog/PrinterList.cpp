@@ -45,9 +45,7 @@ std::string firstPrinter(const Queues& queues) {
   return queues.empty() ? "" : queues.front().name;
 }
 
-Queues readPrinters(const host::Terms& terms) {
-  return host::listedQueues(host::kCardKeys, terms);
-}
+Queues readPrinters(const host::Terms& terms) { return host::listedQueues(host::kCardKeys, terms); }
 
 std::shared_ptr<void> readPrintersOnThread(std::function<void(const Queues& queues)> done,
                                            const Post& post) {

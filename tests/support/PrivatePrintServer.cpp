@@ -148,15 +148,15 @@ void PrivatePrintServer::writeConfiguration(int port) const {
                                        "ServerBin /usr/lib/cups\nFileDevice Yes\n"
                                        "SystemGroup root\n" +
                                        (getuid() == 0 ? "" : "User " + userName() + "\n"));
-  folder_.write(
-      "cupsd.conf",
-      "Listen " + address_ + (port == 0 ? "" : "\nListen 127.0.0.1:" + std::to_string(port)) +
-          "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nMaxLogSize 0\nMaxJobs 0\nWebInterface No\n"
-          "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
-          "Allow all\n</Location>\n<Policy default>\n"
-          "JobPrivateValues none\nSubscriptionPrivateValues none\n"
-          "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
-          "</Policy>\n");
+  folder_.write("cupsd.conf", "Listen " + address_ +
+                                  (port == 0 ? "" : "\nListen 127.0.0.1:" + std::to_string(port)) +
+                                  "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nMaxLogSize "
+                                  "0\nMaxJobs 0\nWebInterface No\n"
+                                  "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
+                                  "Allow all\n</Location>\n<Policy default>\n"
+                                  "JobPrivateValues none\nSubscriptionPrivateValues none\n"
+                                  "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
+                                  "</Policy>\n");
 }
 
 void PrivatePrintServer::start() {

@@ -280,8 +280,7 @@ TEST_F(WaitingForAServer, EscapeEndsSendingBeforeItClosesTheWindow) {
   for (int id = 1; id <= server_.jobCount(); ++id) {
     const bool isSent = std::find(ids.begin(), ids.end(), id) != ids.end();
     auto found = server_.job(id);
-    const bool canPrint =
-        found["job-state"] != "canceled" && found["number-of-documents"] == "1";
+    const bool canPrint = found["job-state"] != "canceled" && found["number-of-documents"] == "1";
     EXPECT_EQ(canPrint, isSent) << id;
   }
 }

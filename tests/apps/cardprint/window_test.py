@@ -207,8 +207,15 @@ class WindowTestCase(unittest.TestCase):
         keyboard = Keyboard(self.desktop, self.window(program, "Add Files"))
         keyboard.press("ctrl+l")
         keyboard.type(path)
-        keyboard.press("Return")
-        program.find("table cell", "ada.txt")
+
+        def is_added():
+            """The chooser takes no Return while it reads the folder."""
+            listed = user.showing(program.find("table", "Files"), "table cell")
+            if not listed:
+                keyboard.press("Return")
+            return listed
+
+        user.wait_for(is_added, "the file is not in the list")
         self.press(program, "Print")
         status, out, err = program.finish()
         self.assertEqual((status, out.splitlines()[-1]), (0, "request id is card-1 (1 file(s))"), err)
