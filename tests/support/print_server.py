@@ -20,6 +20,7 @@ LIMIT_SECONDS = 20
 CONFIGURATION = """\
 Listen {root}/cups.sock
 Browsing Off
+MaxJobs 0
 LogLevel debug
 WebInterface No
 DefaultAuthType None
