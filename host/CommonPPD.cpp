@@ -165,7 +165,7 @@ class Writer {
   }
 
   std::string rewritten(const PPDStatement& statement) const {
-    const std::string text(first().textOf(statement));
+    std::string text(first().textOf(statement));
     if (isConstraint(statement)) return constraint(statement, text);
     constexpr std::string_view kDefault = "Default";
     if (!statement.keyword.starts_with(kDefault)) return text;

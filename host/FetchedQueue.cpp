@@ -195,6 +195,7 @@ FetchedQueue fetchQueue(const QueueName& name, const Terms& terms) {
     return {std::move(destination), std::move(records), std::move(ppd.text), {}};
   }
   std::vector<NamedPPD> texts;
+  texts.reserve(ppds.size());
   for (OpenedPPD& each : ppds) texts.push_back(std::move(each.ppd));
   CommonPPD common = commonPPD(texts);
   OpenedPPD all = opened({placeOf(queue), std::move(common.text)});

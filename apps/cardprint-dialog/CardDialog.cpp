@@ -24,7 +24,6 @@ namespace cardpanels::cardprint {
 namespace {
 
 using platform::_;
-using platform::filled;
 
 constexpr int kWidth = 720;
 constexpr int kHeight = 480;  // of the panels

@@ -184,8 +184,8 @@ void FileList::removeSelected() {
   Gtk::TreeViewColumn* column = nullptr;
   view_.get_cursor(cursor, column);
   if (selected.empty() && !cursor.empty()) selected.push_back(cursor);
-  for (auto row = selected.rbegin(); row != selected.rend(); ++row)
-    files_.erase(files_.begin() + (*row)[0]);
+  std::reverse(selected.begin(), selected.end());
+  for (const Gtk::TreePath& row : selected) files_.erase(files_.begin() + row[0]);
   showFiles();
   client_.changed();
 }

@@ -111,6 +111,7 @@ void JobHeader::chooseSize(const std::string& size) {
 
 void JobHeader::showPrinters(const std::vector<dialog::PrinterRow>& rows) {
   std::vector<ChoiceBox::Item> items;
+  items.reserve(rows.size());
   for (const auto& each : rows) items.push_back({each.queue, each.text});
   printer_.showItems(items, job_->printerName());
 }

@@ -5,8 +5,10 @@
 #include <memory>
 #include <string>
 
+// The library's own names. NOLINTBEGIN(bugprone-reserved-identifier)
 struct _PopplerDocument;
 struct _PopplerPage;
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace cardpanels::cardprint {
 
