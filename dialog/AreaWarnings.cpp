@@ -8,8 +8,8 @@
 #include <optional>
 #include <utility>
 
+#include "dialog/AreaRectangle.h"
 #include "dialog/CardText.h"
-#include "dialog/Measurement.h"
 #include "host/CardGeometry.h"
 #include "host/JobOptions.h"
 #include "platform/Messages.h"
@@ -38,14 +38,6 @@ struct Axis {
         dotsPerInch(resolution) {}
 
   double tolerance() const { return std::max(0.5 * 72 / dotsPerInch, 0.1 * 72 / 25.4); }
-
-  /// Nothing when a text is no measurement. The empty text is 0.
-  std::optional<Extent> extent(const std::string& start, const std::string& length) const {
-    const auto from = start.empty() ? 0 : pointsIn(start, dotsPerInch);
-    const auto by = length.empty() ? 0 : pointsIn(length, dotsPerInch);
-    if (!from || !by) return std::nullopt;
-    return Extent{*from, *by};
-  }
 
   /// How much of `extent` is off the card, 0 within the tolerance.
   double outside(const Extent& extent) const {
@@ -96,12 +88,12 @@ class Judge {
 
  private:
   using Column = AreaColumn;
+  using Kind = AreaWarning::Kind;
 
   std::optional<Rectangle> measured(const CardArea& area) const {
-    const auto across = across_.extent(area.text(Column::x), area.text(Column::width));
-    const auto down = down_.extent(area.text(Column::y), area.text(Column::height));
-    if (area.isEmpty() || !across || !down) return std::nullopt;
-    return Rectangle{*across, *down};
+    const auto place = rectangleOf(area.texts, card_);
+    if (!place) return std::nullopt;
+    return Rectangle{{place->x, place->width}, {place->y, place->height}};
   }
 
   void judge(const CardArea& area, const Rectangle& rectangle) {
@@ -118,9 +110,10 @@ class Judge {
   void tellNoArea() {
     const auto& [option, index] = side_.definedAreas;
     const ppd_choice_t& choice = ppdFindOption(job_.ppd(), option)->choices[index];
-    warnings_.push_back({option, filled(_("“{option}” is “{choice}”, but there is no area."),
-                                        {{"option", job_.optionTitle(option)},
-                                         {"choice", job_.choiceTitle(option, choice.choice)}})});
+    warnings_.push_back({Kind::noArea, option,
+                         filled(_("“{option}” is “{choice}”, but there is no area."),
+                                {{"option", job_.optionTitle(option)},
+                                 {"choice", job_.choiceTitle(option, choice.choice)}})});
   }
 
   void tellNothing(const CardArea& area, const Rectangle& rectangle) {
@@ -129,39 +122,42 @@ class Judge {
     const bool isWidthZero = !isWidthMissing && rectangle.across.length <= 0;
     const bool isHeightZero = !isHeightMissing && rectangle.down.length <= 0;
     if (isWidthMissing && isHeightMissing) {
-      return tell(area, _("“{area}” has no width and no height."), {Column::width, Column::height});
-    }
-    if (isWidthZero && isHeightZero) {
-      return tell(area, _("The width and the height of “{area}” are zero."),
+      return tell(area, Kind::noSize, _("“{area}” has no width and no height."),
                   {Column::width, Column::height});
     }
-    if (isWidthMissing) tell(area, _("“{area}” has no width."), {Column::width});
-    if (isWidthZero) tell(area, _("The width of “{area}” is zero."), {Column::width});
-    if (isHeightMissing) tell(area, _("“{area}” has no height."), {Column::height});
-    if (isHeightZero) tell(area, _("The height of “{area}” is zero."), {Column::height});
+    if (isWidthZero && isHeightZero) {
+      return tell(area, Kind::noSize, _("The width and the height of “{area}” are zero."),
+                  {Column::width, Column::height});
+    }
+    if (isWidthMissing) tell(area, Kind::noSize, _("“{area}” has no width."), {Column::width});
+    if (isWidthZero) tell(area, Kind::noSize, _("The width of “{area}” is zero."), {Column::width});
+    if (isHeightMissing) tell(area, Kind::noSize, _("“{area}” has no height."), {Column::height});
+    if (isHeightZero)
+      tell(area, Kind::noSize, _("The height of “{area}” is zero."), {Column::height});
   }
 
   void tellWhollyOutside(const CardArea& area, const Rectangle& rectangle) {
     std::vector<Column> columns;
     if (across_.isWhollyOutside(rectangle.across)) columns.push_back(Column::x);
     if (down_.isWhollyOutside(rectangle.down)) columns.push_back(Column::y);
-    tell(area, _("“{area}” is wholly outside the card, which is {size}."), std::move(columns));
+    tell(area, Kind::whollyOutside, _("“{area}” is wholly outside the card, which is {size}."),
+         std::move(columns));
   }
 
   void tellPartlyOutside(const CardArea& area, const Rectangle& rectangle) {
     const double across = across_.outside(rectangle.across);
     const double down = down_.outside(rectangle.down);
     if (across > 0 && down > 0) {
-      tell(area,
+      tell(area, Kind::partlyOutside,
            card_.countsFromBottom
                ? _("“{area}” is outside the card: {across} on the right and {down} at the top.")
                : _("“{area}” is outside the card: {across} on the right and {down} at the bottom."),
            {Column::x, Column::y, Column::width, Column::height}, across, down);
     } else if (across > 0) {
-      tell(area, _("“{area}” is {across} outside the card on the right."),
+      tell(area, Kind::partlyOutside, _("“{area}” is {across} outside the card on the right."),
            {Column::x, Column::width}, across, down);
     } else if (down > 0) {
-      tell(area,
+      tell(area, Kind::partlyOutside,
            card_.countsFromBottom ? _("“{area}” is {down} outside the card at the top.")
                                   : _("“{area}” is {down} outside the card at the bottom."),
            {Column::y, Column::height}, across, down);
@@ -177,20 +173,21 @@ class Judge {
     const auto cover = std::find_if(areas_.begin(), areas_.end(), covers);
     if (cover == areas_.end()) return;
     warnings_.push_back(
-        {area.key,
+        {Kind::covered,
+         area.key,
          filled(_("“{other}” covers “{area}” wholly, so nothing is left of it."),
                 {{"other", job_.optionTitle(cover->key)}, {"area", job_.optionTitle(area.key)}}),
          {Column::x, Column::y, Column::width, Column::height}});
   }
 
-  void tell(const CardArea& area, const char* sentence, std::vector<Column> columns,
+  void tell(const CardArea& area, Kind kind, const char* sentence, std::vector<Column> columns,
             double across = 0, double down = 0) {
-    warnings_.push_back({area.key,
+    warnings_.push_back({kind, area.key,
                          filled(sentence, {{"area", job_.optionTitle(area.key)},
                                            {"size", cardSizeText(card_)},
                                            {"across", lengthText(across)},
                                            {"down", lengthText(down)}}),
-                         std::move(columns)});
+                         std::move(columns), across, down});
   }
 
   const host::JobOptions& job_;

@@ -14,9 +14,14 @@ namespace cardpanels::dialog {
 
 /// Why something about an area cannot be what the user wants. It can be printed all the same.
 struct AreaWarning {
+  enum class Kind { noArea, noSize, partlyOutside, whollyOutside, covered };
+
+  Kind kind;
   std::string key;  // of the area's option; of the side's where an area is missing
   std::string sentence;
   std::vector<AreaColumn> columns = {};  // where to type something else
+  double across = 0;                     // how much is off the card, in points
+  double down = 0;
 };
 
 /// What is wrong with `areas` of `side` on this card, in their order: all are empty; no width or

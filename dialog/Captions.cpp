@@ -33,7 +33,8 @@ Captions captionsOf(const host::JobOptions& job, std::vector<std::string> button
     return title;
   };
   captions.besides = std::move(buttons);
-  for (const char* text : {_("Change An_yway"), _("Cl_ose")}) captions.besides.emplace_back(text);
+  for (const char* text : {_("Change An_yway"), _("Cl_ose"), _("Pr_eset")})
+    captions.besides.emplace_back(text);
   return captions;
 }
 

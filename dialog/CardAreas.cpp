@@ -23,31 +23,27 @@ constexpr std::array<AreaSide, 4> kSides{{
     {.definedAreas = {"frontResin", 11},
      .ribbon = {"frontRibbon", 3},
      .include = {"frontResinInclude", "frontResinIncludeField"},
-     .exclude = {"frontResinExclude", "frontResinExcludeField"}},
+     .exclude = {"frontResinExclude", "frontResinExcludeField"},
+     .fields = "frontResinTab"},
     {.definedAreas = {"backResin", 11},
      .ribbon = {"backRibbon", 3},
      .include = {"backResinInclude", "backResinIncludeField"},
-     .exclude = {"backResinExclude", "backResinExcludeField"}},
+     .exclude = {"backResinExclude", "backResinExcludeField"},
+     .fields = "backResinTab"},
     {.definedAreas = {"frontPO", 12},
      .ribbon = {},
      .include = {"CustomfrontPeelOff", "frontPeelOffField"},
-     .exclude = {"CustomfrontNonPeelOff", "frontNonPeelOffField"}},
+     .exclude = {"CustomfrontNonPeelOff", "frontNonPeelOffField"},
+     .fields = "frontPeelOffArea"},
     {.definedAreas = {"backPO", 12},
      .ribbon = {},
      .include = {"CustombackPeelOff", "backPeelOffField"},
-     .exclude = {"CustombackNonPeelOff", "backNonPeelOffField"}},
+     .exclude = {"CustombackNonPeelOff", "backNonPeelOffField"},
+     .fields = "backPeelOffArea"},
 }};
 
 /// The ends of outlets' names, by column.
 constexpr std::array<std::string_view, 4> kColumns{"_X", "_Y", "_Width", "_Height"};
-
-bool isChosen(const host::JobOptions& job, const AreaSide::Choice& wanted) {
-  ppd_option_t* const option = ppdFindOption(job.ppd(), wanted.option);
-  if (option == nullptr) return false;
-  const ppd_choice_t* choice = ppdFindMarkedChoice(job.ppd(), wanted.option);
-  if (choice == nullptr) choice = ppdFindChoice(option, option->defchoice);
-  return choice != nullptr && choice - option->choices == wanted.index;
-}
 
 void skip(std::string_view& text, std::string_view characters) {
   text.remove_prefix(std::min(text.find_first_not_of(characters), text.size()));
@@ -119,6 +115,24 @@ std::optional<AreaField> fieldOfKind(const AreaKind& kind, std::string_view outl
 
 std::span<const AreaSide> areaSides() { return kSides; }
 
+std::vector<std::string> areaKeys(const AreaSide& side) {
+  std::vector<std::string> keys;
+  for (const AreaKind& kind : {side.include, side.exclude}) {
+    for (int number = 1; number <= kAreasOfAKind; ++number) {
+      keys.push_back(std::string(kind.key) + std::to_string(number));
+    }
+  }
+  return keys;
+}
+
+bool isChosen(const host::JobOptions& job, const AreaSide::Choice& wanted) {
+  ppd_option_t* const option = ppdFindOption(job.ppd(), wanted.option);
+  if (option == nullptr) return false;
+  const ppd_choice_t* choice = ppdFindMarkedChoice(job.ppd(), wanted.option);
+  if (choice == nullptr) choice = ppdFindChoice(option, option->defchoice);
+  return choice != nullptr && choice - option->choices == wanted.index;
+}
+
 bool hasDefinedAreas(const host::JobOptions& job, const AreaSide& side) {
   return isChosen(job, side.definedAreas) &&
          (side.ribbon.option == nullptr || isChosen(job, side.ribbon));
@@ -140,6 +154,16 @@ std::vector<CardArea> areasOf(const host::JobOptions& job, const AreaSide& side)
   std::vector<CardArea> areas;
   addAreas(areas, job, side.include, true);
   addAreas(areas, job, side.exclude, false);
+  return areas;
+}
+
+std::vector<CardArea> areasOf(const host::JobOptions& job, const AreaSide& side,
+                              const TypedTexts& typed) {
+  auto areas = areasOf(job, side);
+  for (CardArea& area : areas) {
+    const auto texts = typed.find(area.key);
+    if (texts != typed.end()) area.texts = texts->second;
+  }
   return areas;
 }
 

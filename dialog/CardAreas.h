@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -40,6 +41,10 @@ struct AreaSide {
   Choice ribbon;
   AreaKind include;
   AreaKind exclude;
+  /// The outlet of the view in which the fields are.
+  std::string_view fields;
+
+  bool isBack() const { return std::string_view(definedAreas.option).starts_with("back"); }
 };
 
 /// One area of a side.
@@ -67,6 +72,12 @@ struct AreaField {
 /// All sides with areas: resin of front and back, peel-off of front and back.
 std::span<const AreaSide> areaSides();
 
+/// The options of the areas of `side`: those to include, then those to exclude, by number.
+std::vector<std::string> areaKeys(const AreaSide& side);
+
+/// Whether that choice is marked; where nothing is, whether it is the default.
+bool isChosen(const host::JobOptions& job, const AreaSide::Choice& wanted);
+
 /// Whether `job` is marked so that the areas of `side` count, and their fields show. An option of
 /// which nothing is marked counts as its default.
 bool hasDefinedAreas(const host::JobOptions& job, const AreaSide& side);
@@ -78,6 +89,13 @@ AreaTexts areaTexts(std::string_view value);
 /// The areas of `side` that `job` has options for, empty ones too: those to include, then those to
 /// exclude, by number.
 std::vector<CardArea> areasOf(const host::JobOptions& job, const AreaSide& side);
+
+/// The measurements of areas as fields show them, by the option's keyword.
+using TypedTexts = std::map<std::string, AreaTexts>;
+
+/// The same with `typed` in place of what the job has.
+std::vector<CardArea> areasOf(const host::JobOptions& job, const AreaSide& side,
+                              const TypedTexts& typed);
 
 /// What a panel's text field of this outlet holds; nothing for every other outlet.
 std::optional<AreaField> areaFieldOf(std::string_view outlet);

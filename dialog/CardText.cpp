@@ -20,23 +20,12 @@ using platform::filled;
 constexpr double kPointsPerInch = 72;
 constexpr double kPointsPerMillimeter = 72 / 25.4;
 
-bool measuresInInches() {
-  constexpr char kUnitedStates = 2;
-  return *nl_langinfo(_NL_MEASUREMENT_MEASUREMENT) == kUnitedStates;
-}
-
-/// `number` rounded to so many decimals, without zeros at the end.
+/// The same with the locale's decimal point.
 std::string numberText(double number, int decimals) {
-  std::array<char, std::numeric_limits<double>::max_exponent10 + 16> digits{};
-  char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
-                                  std::chars_format::fixed, decimals)
-                        .ptr;
-  std::string text(digits.data(), end);
+  std::string text = decimalText(number, decimals);
   const std::size_t point = text.find('.');
-  if (point == std::string::npos) return text;
-  text.erase(text.find_last_not_of('0') + 1);
-  if (text.size() == point + 1) return text.substr(0, point);
-  return text.replace(point, 1, std::localeconv()->decimal_point);
+  if (point != std::string::npos) text.replace(point, 1, std::localeconv()->decimal_point);
+  return text;
 }
 
 /// A length as a number of the unit that the locale measures in, to 0.1 mm or 0.001 in, or finer.
@@ -56,12 +45,35 @@ std::string dotText(double dotsPerInch) {
 
 }  // namespace
 
+bool measuresInInches() {
+  constexpr char kUnitedStates = 2;
+  return *nl_langinfo(_NL_MEASUREMENT_MEASUREMENT) == kUnitedStates;
+}
+
+std::string decimalText(double number, int decimals) {
+  std::array<char, std::numeric_limits<double>::max_exponent10 + 16> digits{};
+  char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                  std::chars_format::fixed, decimals)
+                        .ptr;
+  std::string text(digits.data(), end);
+  const std::size_t point = text.find('.');
+  if (point == std::string::npos) return text;
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.size() == point + 1) text.pop_back();
+  return text;
+}
+
 std::string lengthText(double points) { return withUnit(numberOfUnits(points)); }
 
 std::string cardSizeText(const host::CardGeometry& card) {
   if (!card.hasSize()) return {};
   return filled(measuresInInches() ? _("{width} × {height} in") : _("{width} × {height} mm"),
                 {{"width", numberOfUnits(card.width)}, {"height", numberOfUnits(card.height)}});
+}
+
+std::string sizeInWords(double width, double height) {
+  return filled(measuresInInches() ? _("{width} by {height} in") : _("{width} by {height} mm"),
+                {{"width", numberOfUnits(width)}, {"height", numberOfUnits(height)}});
 }
 
 std::string unitHelp(const host::CardGeometry& card) {

@@ -20,11 +20,12 @@ using platform::_;
 }  // namespace
 
 DialogSession::DialogSession(PrintDialog& dialog, ReadQueue readQueue, WatchState watchState,
-                             MakePanels makePanels)
+                             MakePanels makePanels, WorkOnPresets presets)
     : dialog_(dialog),
       readQueue_(std::move(readQueue)),
       watchState_(std::move(watchState)),
-      makePanels_(std::move(makePanels)) {}
+      makePanels_(std::move(makePanels)),
+      workOnPresets_(std::move(presets)) {}
 
 DialogSession::~DialogSession() { leave(); }
 
@@ -85,11 +86,35 @@ void DialogSession::startPanels(QueueRead read) {
   page_ = &dialog_.showPanels(*panels_);
   page_->setStatusChanged([this] { dialog_.showStatus(page_->status()); });
   dialog_.showStatus(page_->status());
+  if (!read.differences.empty()) page_->keep(read.differences);
   for (const std::string& each : leftOut) page_->keep(each);
   tellCarriedOver(read.savedOptions);
   bringToDialog();
+  offerPresets(std::move(read.serverOptions));
   watching_ = watchState_(
       queue_, [this](const StateRead& state) { page_->tellState(stateLine(state, job_->ppd())); });
+}
+
+void DialogSession::offerPresets(std::vector<Option> serverOptions) {
+  page_->offerPresets({
+      .queue = {queue_, ""},
+      .serverOptions = std::move(serverOptions),
+      .work = workOnPresets_,
+      .copies = [this] { return dialog_.copies(); },
+      .follow = [this](const std::string& copies) { bringPreset(copies); },
+  });
+}
+
+/// What the dialog has controls of its own for; options are there already.
+void DialogSession::bringPreset(const std::string& copies) {
+  dialog_.setCopies(copies);
+  if (!job_->hasOption(kPageSize)) return;
+  const Option wanted{kPageSize, job_->marked(kPageSize).value_or("")};
+  if (dialog_.pageSize() != wanted.value) dialog_.setPageSize(wanted.value);
+  const Option kept{kPageSize, dialog_.pageSize()};
+  if (kept.value == wanted.value) return;
+  if (!isTyped(kept)) job_->mark(kept.key, kept.value);
+  page_->keep(cannotBe(wanted));
 }
 
 /// A program's dialog starts with what was set at its last print, which another document may not
@@ -201,9 +226,13 @@ std::string DialogSession::setBack(const Option& kept) {
   following_ = false;
   outcome_.clear();
   insisted_.reset();
-  return platform::filled(
-      _("“{option}” cannot be “{choice}” in this dialog."),
-      {{"option", job_->optionTitle(kept.key)}, {"choice", job_->choiceTitle(kept.key, wanted)}});
+  return cannotBe({kept.key, wanted});
+}
+
+std::string DialogSession::cannotBe(const Option& wanted) const {
+  return platform::filled(_("“{option}” cannot be “{choice}” in this dialog."),
+                          {{"option", job_->optionTitle(wanted.key)},
+                           {"choice", job_->choiceTitle(wanted.key, wanted.value)}});
 }
 
 void DialogSession::tell(const std::string& message, const std::optional<Option>& insisted) {

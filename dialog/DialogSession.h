@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "dialog/PresetWork.h"
 #include "dialog/PrintDialog.h"
 #include "dialog/StateWatch.h"
 #include "host/JobOptions.h"
@@ -20,6 +21,8 @@ struct QueueRead {
   host::PPDFile ppd;
   std::string error;
   std::vector<host::Option> savedOptions = {};
+  std::vector<host::Option> serverOptions = {};  // what the server adds to jobs without them
+  std::string differences = {};                  // of a class's printers, a sentence; "" for none
 };
 
 /// Begins to read a queue's PPD, and calls back once, later and on the caller's thread, unless what
@@ -35,7 +38,7 @@ class DialogSession : private host::PanelObserver {
  public:
   /// `dialog` must outlive this.
   DialogSession(PrintDialog& dialog, ReadQueue readQueue, WatchState watchState,
-                MakePanels makePanels);
+                MakePanels makePanels, WorkOnPresets presets);
   ~DialogSession() override;
 
   /// The dialog shows the options of `queue` from now on, which has card options; empty for none.
@@ -56,6 +59,7 @@ class DialogSession : private host::PanelObserver {
   void forget();
   void queueRead(QueueRead read);
   void startPanels(QueueRead read);
+  void offerPresets(std::vector<host::Option> serverOptions);
   void tellCarriedOver(const std::vector<host::Option>& saved);
   bool isMarked(const host::Option& option) const;
   bool isTyped(const host::Option& option) const;
@@ -64,7 +68,9 @@ class DialogSession : private host::PanelObserver {
   void follow(const host::Option& option);
   void followPageSize();
   void bringToDialog();
+  void bringPreset(const std::string& copies);
   std::string setBack(const host::Option& kept);
+  std::string cannotBe(const host::Option& wanted) const;
   void optionsChanged() override;
   void tell(const std::string& message, const std::optional<host::Option>& insisted) override;
   void tellOutcome();
@@ -73,6 +79,7 @@ class DialogSession : private host::PanelObserver {
   ReadQueue readQueue_;
   WatchState watchState_;
   MakePanels makePanels_;
+  WorkOnPresets workOnPresets_;
   std::string queue_;
   std::shared_ptr<void> reading_;
   std::shared_ptr<void> watching_;  // the printer's state

@@ -25,29 +25,43 @@ std::string textOf(const std::string& reason) {
       {"unsupported-document-format", _("Document is of an unknown kind")},
       {"job-completed-with-errors", ""},
       {"job-printing", ""},
+      {"job-incoming", ""},
+      {"job-queued", ""},
+      {"printer-stopped", _("Printer stopped")},
       {"processing-to-stop-point", ""},
   };
   const auto found = known.find(reason);
   return found == known.end() ? wordsOf(reason) : found->second;
 }
 
-const char* endText(ipp_jstate_t state) {
+const char* stateText(ipp_jstate_t state) {
   switch (state) {
+    case IPP_JSTATE_PENDING: return _("Waiting");
+    case IPP_JSTATE_HELD: return _("Held");
+    case IPP_JSTATE_PROCESSING: return _("Printing");
+    case IPP_JSTATE_COMPLETED: return _("Printed");
     case IPP_JSTATE_CANCELED: return _("Job cancelled");
     case IPP_JSTATE_STOPPED: return _("Job stopped");
     default: return _("Job aborted");
   }
 }
 
-}  // namespace
-
-std::string lossLine(const host::JobState& state) {
-  if (state.state == IPP_JSTATE_COMPLETED) return "";
-  std::vector<std::string> texts{endText(state.state)};
+std::string line(const host::JobState& state) {
+  std::vector<std::string> texts{stateText(state.state)};
   for (const std::string& reason : state.reasons) texts.push_back(textOf(reason));
   texts.push_back(state.message);
   std::erase(texts, "");
   return joined(texts, " · ");
+}
+
+}  // namespace
+
+std::string lossLine(const host::JobState& state) {
+  return state.state == IPP_JSTATE_COMPLETED ? "" : line(state);
+}
+
+std::string jobLine(const host::JobState& state) {
+  return state.state == IPP_JSTATE_COMPLETED ? stateText(state.state) : line(state);
 }
 
 }  // namespace cardpanels::dialog

@@ -10,4 +10,7 @@ namespace cardpanels::dialog {
 /// By its owner`. Empty for a job that was printed.
 std::string lossLine(const host::JobState& state);
 
+/// How far a job is, and why no farther, in one line, such as `Waiting · Printer stopped`.
+std::string jobLine(const host::JobState& state);
+
 }  // namespace cardpanels::dialog

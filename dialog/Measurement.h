@@ -1,22 +1,20 @@
 #pragma once
 
-#include <optional>
+#include <algorithm>
 #include <string>
-#include <string_view>
+
+#include "host/Measurement.h"
 
 namespace cardpanels::dialog {
 
-/// Whether `text` is a measurement: a decimal number without sign, with at most one point and with
-/// or without a unit behind it (`in`, `cm`, `mm` or `px` in any case, or the inch mark `"`). Spaces
-/// may stand around both.
-bool isMeasurement(std::string_view text);
-
-/// The measurement `text` in points (1/72 inch). `px`, as well as a number without a unit, counts
-/// dots of the printer. Nothing for what is no measurement, or is too large for a `double`.
-std::optional<double> pointsIn(std::string_view text, double dotsPerInch);
+using host::isMeasurement;
+using host::pointsIn;
 
 /// What a user means who types a decimal comma: `text` with a point for each comma, `1.5cm` for
 /// `1,5cm`. `1,000,5` becomes `1.000.5`, which is no measurement either.
-std::string withDecimalPoint(std::string text);
+inline std::string withDecimalPoint(std::string text) {
+  std::replace(text.begin(), text.end(), ',', '.');
+  return text;
+}
 
 }  // namespace cardpanels::dialog

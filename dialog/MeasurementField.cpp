@@ -34,6 +34,12 @@ void MeasurementField::judge() {
   mark(why);
 }
 
+void MeasurementField::type(const std::string& text) {
+  setText(text);
+  edited_ = true;
+  judge();
+}
+
 void MeasurementField::textChanged(bool byUser) {
   edited_ = byUser;
   judge();

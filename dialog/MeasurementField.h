@@ -56,6 +56,9 @@ class MeasurementField {
   /// Marks the field, whatever its text, and tells `why`, until it is judged again.
   void reject(const std::string& why) { mark(why); }
 
+  /// Does what the user would who types `text`, without telling the watcher.
+  void type(const std::string& text);
+
   /// What else a field's tooltip tells, in a sentence: how large a number without a unit is.
   void setUnitHelp(const std::string& help);
 

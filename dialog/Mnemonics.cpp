@@ -47,7 +47,7 @@ std::size_t find(std::string_view text, char letter) {
   for (std::size_t i = text.size(); i-- > 0;) {
     if (platform::lowered(text[i]) != letter) continue;
     const bool startsWord = i == 0 || !isLetter(text[i - 1]);
-    const bool foundStart = first < text.size() && (first == 0 || !isLetter(text[first - 1]));
+    const bool foundStart = first < text.size() && !isLetter(text[first - 1]);
     if (startsWord || !foundStart) first = i;
   }
   return first;

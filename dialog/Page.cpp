@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "dialog/CardPicture.h"
 #include "dialog/CardText.h"
 #include "dialog/PageTexts.h"
 #include "dialog/TypedAreas.h"
@@ -50,8 +51,7 @@ void Page::start() {
 
 void Page::select(std::size_t section) {
   if (section == current_) return;
-  if (TypedAreas* const areas = currentAreas()) areas->storeEdits();
-  if (!hasOnlyGoodTexts()) {
+  if (!storesTyped()) {
     view_.showSection(*current_);
     return;
   }
@@ -97,6 +97,7 @@ void Page::appear() {
   load(*current_);
   shown_ = true;
   driver_.show(sections_[*current_].panel);
+  refreshPictures();
 }
 
 /// A panel that goes stores what its fields show, so one with a wrong text stays.
@@ -114,6 +115,7 @@ void Page::load(std::size_t section) {
     content.view = driver_.view(sections_[section].panel);
     content.areas = areasOf(section);
     view_.fillSection(section, content.view);
+    addPictures(section);
     readLater();
   } catch (const std::exception& error) {
     view_.fillSectionWithText(section, error.what());
@@ -137,14 +139,37 @@ std::unique_ptr<TypedAreas> Page::areasOf(std::size_t section) {
                       [this] {
                         showNotices();
                         updateStatus();
+                        refreshPictures();
                       },
               });
   areas->setUnitHelp(unitHelp(host::cardGeometry(driver_.job())));
   return areas;
 }
 
+void Page::addPictures(std::size_t section) {
+  Content& content = contents_[section];
+  if (!content.areas) return;
+  const auto& owner = dynamic_cast<platform::NibOwner&>(*sections_[section].panel);
+  for (const AreaSide& side : areaSides()) {
+    const platform::Outlet* const fields = owner.outletNamed(side.fields);
+    if (fields == nullptr || !content.areas->hasFieldsFor(side)) continue;
+    content.pictures.push_back(std::make_shared<CardPicture>(driver_.job(), side, *content.areas));
+    view_.addPicture(section, content.pictures.back(), fields->view(owner));
+  }
+}
+
+void Page::refreshPictures() {
+  if (!current_) return;
+  for (const auto& picture : contents_[*current_].pictures) picture->refresh();
+}
+
 TypedAreas* Page::currentAreas() const {
   return current_ ? contents_[*current_].areas.get() : nullptr;
+}
+
+bool Page::storesTyped() {
+  if (TypedAreas* const areas = currentAreas()) areas->storeEdits();
+  return hasOnlyGoodTexts();
 }
 
 bool Page::hasOnlyGoodTexts() {
@@ -182,8 +207,10 @@ void Page::read() {
   }
   view_.allowReset(texts.differsAnywhere());
   view_.showSummary(texts.summary());
+  if (presets_) presets_->update();
   showNotices();
   updateStatus();
+  refreshPictures();
 }
 
 PageTexts Page::pageTexts() const {
@@ -194,12 +221,18 @@ PageTexts Page::pageTexts() const {
 }
 
 void Page::tell(const std::string& message, const std::function<void()>& insist) {
-  outcome_ = {message, false, insist};
+  outcome_ = {message, Notice::Kind::warning, {}};
+  if (insist) outcome_.answer = {_("Change An_yway"), insist};
   showNotices();
 }
 
 void Page::tellError(const std::string& message) {
-  outcome_ = {message, true, {}};
+  outcome_ = {message, Notice::Kind::error, {}};
+  showNotices();
+}
+
+void Page::tellDone(const std::string& message, const Notice::Answer& undo) {
+  outcome_ = {message, Notice::Kind::information, undo};
   showNotices();
 }
 
@@ -224,12 +257,11 @@ Notices Page::notices() {
     return Notice::Answer{_("Cl_ose"), std::move(perform)};
   };
   if (!outcome_.text.empty()) {
-    Notice notice{
-        outcome_.isError ? Notice::Kind::error : Notice::Kind::warning, outcome_.text, {}};
-    if (outcome_.insist) {
-      notice.answers.push_back({_("Change An_yway"), [this, insist = outcome_.insist] {
+    Notice notice{outcome_.kind, outcome_.text, {}};
+    if (outcome_.answer) {
+      notice.answers.push_back({outcome_.answer->label, [this, perform = outcome_.answer->perform] {
                                   tell({});
-                                  insist();
+                                  perform();
                                 }});
     }
     notice.answers.push_back(close([this] { tell({}); }));
@@ -285,6 +317,26 @@ void Page::closeNotices() {
 void Page::reset() {
   outcome_ = {};
   driver_.reset();
+}
+
+void Page::offerPresets(Presets::Job job) {
+  presets_ = std::make_unique<Presets>(
+      driver_, std::move(job),
+      Presets::Client{
+          .show = [this](const PresetRow& row) { view_.showPresets(row); },
+          .storeTyped = [this] { return storesTyped(); },
+          .tellUnknown = [this](const auto& sentences) { tellUnknown(sentences); },
+          .tellError = [this](const std::string& message) { tellError(message); },
+          .tellDone = [this](const std::string& message,
+                             const Notice::Answer& undo) { tellDone(message, undo); },
+      });
+}
+
+/// What was told of the preset before, and of the user's last action, is no longer so.
+void Page::tellUnknown(const std::vector<std::string>& sentences) {
+  outcome_ = {};
+  for (const std::string& each : std::exchange(unknown_, sentences)) std::erase(kept_, each);
+  for (const std::string& each : unknown_) keep(each);
 }
 
 void Page::updateStatus() {

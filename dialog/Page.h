@@ -11,11 +11,13 @@
 #include "dialog/PageTexts.h"
 #include "dialog/PageView.h"
 #include "dialog/PanelHelp.h"
+#include "dialog/Presets.h"
 #include "host/PanelDriver.h"
 #include "platform/View.h"
 
 namespace cardpanels::dialog {
 
+class CardPicture;
 class MeasurementField;
 class TypedAreas;
 
@@ -98,6 +100,9 @@ class Page {
   /// The same for an error.
   void tellError(const std::string& message);
 
+  /// Tells `message` of what was done, with what undoes it.
+  void tellDone(const std::string& message, const Notice::Answer& undo);
+
   /// Tells `message` until the user closes it.
   void keep(const std::string& message);
 
@@ -109,6 +114,13 @@ class Page {
 
   /// The user asks for the printer's defaults.
   void reset();
+
+  /// Lets the user choose among the presets of `job`, and save it as one. To be called once, when
+  /// the page has started.
+  void offerPresets(Presets::Job job);
+
+  /// Null while none are offered.
+  Presets* presets() const { return presets_.get(); }
 
   /// Who learns that what `status` answers has changed; empty for nobody.
   void setStatusChanged(std::function<void()> changed) { statusChanged_ = std::move(changed); }
@@ -125,19 +137,24 @@ class Page {
     bool isLoaded = false;
     std::shared_ptr<platform::View> view;
     std::unique_ptr<TypedAreas> areas;  // none for a panel without fields
+    std::vector<std::shared_ptr<CardPicture>> pictures = {};
   };
 
   /// What is told of the user's last action.
   struct Outcome {
     std::string text;
-    bool isError = false;
-    std::function<void()> insist;
+    Notice::Kind kind = Notice::Kind::warning;
+    std::optional<Notice::Answer> answer;
   };
 
   void load(std::size_t section);
   std::unique_ptr<TypedAreas> areasOf(std::size_t section);
   TypedAreas* currentAreas() const;
+  bool storesTyped();
+  void addPictures(std::size_t section);
+  void refreshPictures();
   bool hasOnlyGoodTexts();
+  void tellUnknown(const std::vector<std::string>& sentences);
   void undo(const std::string& key);
   void readLater();
   void read();
@@ -156,10 +173,12 @@ class Page {
   bool readsSoon_ = false;
   Outcome outcome_;
   std::vector<std::string> kept_;
+  std::vector<std::string> unknown_;   // those of them that the chosen preset has brought
   std::vector<std::string> accepted_;  // concerns that the user prints with anyway
   std::function<void()> printAnyway_;  // offered in the bar while there are concerns
   PageStatus status_;
   std::function<void()> statusChanged_;
+  std::unique_ptr<Presets> presets_;
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // what is left for later asks
 };
 

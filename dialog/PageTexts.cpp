@@ -62,20 +62,11 @@ bool PageTexts::differsAnywhere() const {
                      [this](const Panel& panel) { return !differing(panel).empty(); });
 }
 
-std::vector<CardArea> PageTexts::areasOf(const AreaSide& side) const {
-  auto areas = dialog::areasOf(job_, side);
-  for (CardArea& area : areas) {
-    const auto typed = typed_.find(area.key);
-    if (typed != typed_.end()) area.texts = typed->second;
-  }
-  return areas;
-}
-
 std::vector<std::string> PageTexts::concerns() const {
   std::vector<std::string> all = job_.conflicts();
   const host::CardGeometry card = host::cardGeometry(job_);
   for (const AreaSide& side : areaSides()) {
-    for (AreaWarning& warning : areaWarnings(job_, side, areasOf(side), card)) {
+    for (AreaWarning& warning : areaWarnings(job_, side, areasOf(job_, side, typed_), card)) {
       if (warning.key != begun_) all.push_back(std::move(warning.sentence));
     }
   }
@@ -123,7 +114,7 @@ SummaryGroup PageTexts::panelGroup(const Panel& panel) const {
   }
   for (const AreaSide& side : areaSides()) {
     if (!hasDefinedAreas(job_, side)) continue;
-    for (const CardArea& area : areasOf(side)) {
+    for (const CardArea& area : areasOf(job_, side, typed_)) {
       const auto& own = driver_.keys(panel);
       if (area.isEmpty() || std::find(own.begin(), own.end(), area.key) == own.end()) continue;
       group.entries.push_back({.title = job_.optionTitle(area.key),

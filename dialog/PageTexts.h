@@ -49,8 +49,6 @@ class PageTexts {
   SummaryGroup cardGroup() const;
   SummaryGroup panelGroup(const Panel& panel) const;
 
-  std::vector<CardArea> areasOf(const AreaSide& side) const;
-
   host::PanelDriver& driver_;
   const host::JobOptions& job_;
   TypedTexts typed_;

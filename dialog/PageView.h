@@ -7,10 +7,13 @@
 #include <string>
 
 #include "dialog/Notice.h"
+#include "dialog/PresetRow.h"
 #include "dialog/Summary.h"
 #include "platform/View.h"
 
 namespace cardpanels::dialog {
+
+class CardPicture;
 
 /// The widgets of a page "Card", in a toolkit. A section is told by its place among the page's.
 /// All functions are called on the dialog's thread.
@@ -27,6 +30,10 @@ class PageView {
   /// Puts a panel's view into its section, for good.
   virtual void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) = 0;
 
+  /// Shows `picture` with `fields`, a view inside that section's, for as long as the page lives.
+  virtual void addPicture(std::size_t /*section*/, const std::shared_ptr<CardPicture>& /*picture*/,
+                          const std::shared_ptr<platform::View>& /*fields*/) {}
+
   /// Puts `text` there instead.
   virtual void fillSectionWithText(std::size_t section, const std::string& text) = 0;
 
@@ -42,6 +49,9 @@ class PageView {
 
   /// Shows `notices` in the bar in place of those before; there is no bar without any.
   virtual void showNotices(const Notices& notices) = 0;
+
+  /// Shows the row of presets as `row` is; none without entries.
+  virtual void showPresets(const PresetRow& row) = 0;
 
   /// Whether the user may put all back to the printer's defaults.
   virtual void allowReset(bool allowed) = 0;

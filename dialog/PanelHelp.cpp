@@ -1,10 +1,10 @@
 #include "dialog/PanelHelp.h"
 
-#include <cstring>
 #include <initializer_list>
 #include <span>
 #include <string_view>
 
+#include "platform/ASCII.h"
 #include "platform/Messages.h"
 
 namespace cardpanels::dialog {
@@ -37,7 +37,7 @@ bool measuresFromBottom(ppd_file_t* ppd) {
   const ppd_attr_t* const origin =
       ppd != nullptr ? ppdFindAttr(ppd, "cardpanelsOrigin", nullptr) : nullptr;
   return origin != nullptr && origin->value != nullptr &&
-         std::strcmp(origin->value, "BottomLeft") == 0;
+         platform::equalIgnoringCase(origin->value, "BottomLeft");
 }
 
 void addMeasuring(Paragraphs& text, ppd_file_t* ppd) {
@@ -48,6 +48,11 @@ void addMeasuring(Paragraphs& text, ppd_file_t* ppd) {
   text.emplace_back(measuresFromBottom(ppd)
                         ? _("X 0 and Y 0 is the bottom left corner of the card.")
                         : _("X 0 and Y 0 is the top left corner of the card."));
+  text.emplace_back(_(
+      "In the picture of the card, draw an area with the mouse, drag it or one of its edges. With "
+      "the keyboard, arrows choose an area and move it by 1 mm, with Ctrl by 0.1 mm, and with "
+      "Shift they change its size; Delete clears it, Insert makes a new one, Enter goes to its "
+      "fields."));
 }
 
 Paragraphs ribbonHelp(ppd_file_t* ppd) {

@@ -26,6 +26,14 @@ class PrintDialog {
   /// The PPD's keyword of the chosen page size; empty when there is none.
   virtual std::string pageSize() const = 0;
 
+  /// Chooses the page size of that keyword, as the user would. The dialog may not have it:
+  /// `pageSize` tells.
+  virtual void setPageSize(const std::string& size) = 0;
+
+  /// How many copies are chosen, as a job carries it; "1" where the dialog does not ask for them.
+  virtual std::string copies() const = 0;
+  virtual void setCopies(const std::string& copies) = 0;
+
   /// Sets an option. The dialog may ignore it: `options` tells.
   virtual void set(const host::Option& option) = 0;
 

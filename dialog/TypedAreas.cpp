@@ -64,6 +64,18 @@ TypedAreas::Row& TypedAreas::rowOf(const MeasurementField& field) {
   });
 }
 
+TypedAreas::Row* TypedAreas::rowOf(const std::string& key) {
+  const auto row =
+      std::find_if(rows_.begin(), rows_.end(), [&key](const Row& each) { return each.key == key; });
+  return key.empty() || row == rows_.end() ? nullptr : &*row;
+}
+
+bool TypedAreas::hasFieldsFor(const AreaSide& side) const {
+  return std::any_of(rows_.begin(), rows_.end(), [&side](const Row& row) {
+    return row.key.starts_with(side.include.key) || row.key.starts_with(side.exclude.key);
+  });
+}
+
 MeasurementField* TypedAreas::firstWrong() const {
   for (const Row& row : rows_) {
     for (MeasurementField* field : row.fields) {
@@ -153,12 +165,28 @@ void TypedAreas::setUnitHelp(const std::string& help) {
   }
 }
 
+void TypedAreas::takeRefusalAway(Row& row) {
+  if (std::exchange(row.refusal, {}).empty()) return;
+  for (MeasurementField* each : row.fields) each->judge();
+}
+
 void TypedAreas::typed(MeasurementField& field) {
-  Row& row = rowOf(field);
-  if (!std::exchange(row.refusal, {}).empty()) {
-    for (MeasurementField* each : row.fields) each->judge();
+  takeRefusalAway(rowOf(field));
+  client_.changed();
+}
+
+void TypedAreas::type(const std::string& key, const AreaTexts& texts) {
+  Row* const row = rowOf(key);
+  if (row == nullptr) return;
+  takeRefusalAway(*row);
+  for (std::size_t i = 0; i < std::min(texts.size(), row->fields.size()); ++i) {
+    if (row->fields[i]->text() != texts.at(i)) row->fields[i]->type(texts.at(i));
   }
   client_.changed();
+}
+
+void TypedAreas::edit(const std::string& key) {
+  if (const Row* const row = rowOf(key)) row->fields.front()->takeFocus();
 }
 
 void TypedAreas::left(MeasurementField& field) {

@@ -13,9 +13,6 @@
 
 namespace cardpanels::dialog {
 
-/// The measurements of areas as fields show them, by the option's keyword.
-using TypedTexts = std::map<std::string, AreaTexts>;
-
 /// The fields of one panel, in rows: four measurements that are stored together, as one area. A row
 /// is stored when the focus leaves it or the user presses Enter in it, unless some text is no
 /// measurement. An area that the host refuses stays in its row as it was typed, marked, until the
@@ -59,6 +56,16 @@ class TypedAreas final : private FieldWatcher {
   /// Stores what was typed, if anything was. Nothing happens while a text is wrong.
   void storeEdits();
 
+  /// Types `texts` into the fields of an area, which are those of the option `key`, as one change.
+  /// Nothing without such fields.
+  void type(const std::string& key, const AreaTexts& texts);
+
+  /// The user wants to type into that area: its first field takes the focus.
+  void edit(const std::string& key);
+
+  /// Whether there are fields for areas of `side`.
+  bool hasFieldsFor(const AreaSide& side) const;
+
   /// What the fields show now.
   TypedTexts texts() const;
 
@@ -81,7 +88,9 @@ class TypedAreas final : private FieldWatcher {
   void entered(MeasurementField& field) override;
 
   Row& rowOf(const MeasurementField& field);
+  Row* rowOf(const std::string& key);
   const Row* firstRefusedRow() const;
+  static void takeRefusalAway(Row& row);
   void store();
 
   Client client_;

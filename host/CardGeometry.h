@@ -32,6 +32,8 @@ struct CardGeometry {
 
   /// Whether the PPD tells the size; without it, width and height are 0.
   bool hasSize() const { return width > 0 && height > 0; }
+
+  bool operator==(const CardGeometry&) const = default;
 };
 
 /// The card as `job` is marked now. Its size is that of the marked page size, which may be a custom

@@ -19,8 +19,8 @@ using platform::_;
 using platform::filled;
 
 /// Of the defaults only those that libcups asks for, too: `lp` leaves the others to the server.
-constexpr std::array<const char*, 4> kAttributes{"printer-name", "printer-defaults",
-                                                 "job-sheets-default", "member-names"};
+constexpr std::array<const char*, 5> kAttributes{
+    "printer-name", "printer-defaults", "job-sheets-default", "member-names", "device-uri"};
 constexpr std::string_view kDefaultEnding = "-default";
 
 /// Get-Printer-Attributes, or CUPS-Get-Default when `queue` is empty. Nothing when there is no
@@ -118,8 +118,10 @@ Destination destinationOf(Talk& talk, const QueueName& name) {
                         {"instance", platform::onOneLine(wanted.instance)}}));
   }
   Destination destination{std::move(wanted), defaultsIn(attributes.get()),
-                          textsIn(attributes.get(), "member-names")};
+                          textsIn(attributes.get(), "member-names"),
+                          textIn(attributes.get(), "device-uri")};
   destination.media = destination.options.value("media");
+  destination.serverOptions = destination.options.options();
   if (saved) {
     for (const Option& each : saved->options()) destination.options.set(each);
   }

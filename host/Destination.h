@@ -16,8 +16,10 @@ struct Destination {
   /// The server's defaults of the queue, and over them what the user and the administrator have
   /// saved.
   OptionList options;
-  std::vector<std::string> members;  // the queues of a class
-  platform::Text media = {};         // what the server adds to jobs that have none
+  std::vector<std::string> members;        // the queues of a class
+  std::string device;                      // where the server sends its jobs; "" for a class
+  platform::Text media = {};               // what the server adds to jobs that have none
+  std::vector<Option> serverOptions = {};  // all of that
 };
 
 /// Asks for `name`; when its queue is empty, for the default, whatever its instance. Throws `Error`

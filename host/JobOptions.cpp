@@ -254,6 +254,22 @@ std::vector<Option> JobOptions::reset(const std::set<std::string>& keys) {
     set_.insert(&option);
   }
   ppdConflicts(ppd());
+  return changesSince(before);
+}
+
+JobOptions::Replaced JobOptions::replace(const std::set<std::string>& keys,
+                                         const std::vector<Option>& options) {
+  const Marks::OwnNames names(marks_);
+  const Marks::Snapshot before = marks_.snapshot();
+  reset(keys);
+  Replaced replaced{.leftOut = markSaved(options)};
+  for (const Option& each : options) ruleChanges_.close(each.key);
+  ppdConflicts(ppd());
+  replaced.changes = changesSince(before);
+  return replaced;
+}
+
+std::vector<Option> JobOptions::changesSince(const Marks::Snapshot& before) const {
   std::vector<Option> changes;
   for (const MarkChange& each : marks_.changesSince(before)) {
     changes.push_back({each.option->keyword, each.to.value_or(kNothingMarked)});

@@ -108,6 +108,16 @@ class JobOptions {
   /// carries them, whatever is saved. Answers what has changed.
   std::vector<Option> reset(const std::set<std::string>& keys);
 
+  /// What `replace` has done.
+  struct Replaced {
+    std::vector<Option> changes = {};       // as of a change request
+    std::vector<std::string> leftOut = {};  // as `markSaved` answers it
+  };
+
+  /// Puts the options `keys` back as `reset` does, and marks what is saved over them as `markSaved`
+  /// does. What rules have changed of all these is no longer told.
+  Replaced replace(const std::set<std::string>& keys, const std::vector<Option>& options);
+
   /// How all stands now. Of use only while this lives.
   State state() const { return {marks_.snapshot(), set_, ruleChanges_}; }
 
@@ -129,6 +139,7 @@ class JobOptions {
   void markOne(const Option& option, const std::vector<Option>& all);
   ChangeResult change(const std::vector<Choice>& choices, Losing losing);
   bool isDefault(const ppd_option_t& option) const;
+  std::vector<Option> changesSince(const Marks::Snapshot& before) const;
 
   Marks marks_;
   std::set<const ppd_option_t*> set_;  // what the job or the saved options set

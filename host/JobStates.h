@@ -2,6 +2,8 @@
 
 #include <cups/ipp.h>
 
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +21,7 @@ struct JobState {
   /// Whether nothing comes of it any more: cupsd lets a job stand stopped when its filters have
   /// failed, until a person starts it again.
   bool hasEnded() const { return state >= IPP_JSTATE_STOPPED; }
+  bool operator==(const JobState&) const = default;
 };
 
 /// A job, and the printer that it waits for.
@@ -30,5 +33,18 @@ struct JobProgress {
 /// Asks the print server how far the job `id` of `queue` is, and waits for that as long as `terms`
 /// say. Throws `Error`, also for a job that the server does not know any more.
 JobProgress jobProgress(const std::string& queue, int id, const Terms& terms = {});
+
+/// Several jobs of a queue, and its printer.
+struct JobsProgress {
+  /// By number; nothing for a job that the server does not know any more.
+  std::map<int, std::optional<JobState>> jobs = {};
+  PrinterState printer = {};
+  bool operator==(const JobsProgress&) const = default;
+};
+
+/// Asks how far the jobs `ids` of `queue` are: with one question for all that have not ended, and
+/// one more for each that has. Throws `Error`.
+JobsProgress jobsProgress(const std::string& queue, const std::vector<int>& ids,
+                          const Terms& terms = {});
 
 }  // namespace cardpanels::host

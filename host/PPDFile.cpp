@@ -11,8 +11,10 @@
 #include <set>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
+#include "host/ChoiceAreas.h"
 #include "host/Error.h"
 #include "host/PPDRecords.h"
 #include "host/PPDText.h"
@@ -162,14 +164,19 @@ class RecordChecker {
 }  // namespace
 
 PPDFile openPPD(const std::string& path, const std::string& shownAs) {
+  return readPPD(path, shownAs).ppd;
+}
+
+ReadPPD readPPD(const std::string& path, const std::string& shownAs) {
   const std::string& name = shownAs.empty() ? path : shownAs;
   const CupsFile file = opened(path, name);
-  const auto statements = ppdStatements(readAll(file.get(), path, name), name);
+  auto statements = ppdStatements(readAll(file.get(), path, name), name);
   PPDFile ppd = loaded(file.get(), name);
   checkStatements(statements, name);
   ppdLocalize(ppd.get());
   RecordChecker(statements, name).check(ppd.get());
-  return ppd;
+  checkCardLines(statements, ppd.get(), name);
+  return {std::move(statements), std::move(ppd)};
 }
 
 }  // namespace cardpanels::host

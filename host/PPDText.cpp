@@ -43,17 +43,21 @@ std::string optionKeyword(const std::string& name) { return name.substr(name[0] 
 /// Takes a PPD file apart by the rules of libcups' own reader.
 class Reader {
  public:
-  Reader(std::string_view bytes, const std::string& name) : rest_(bytes), name_(name) {}
+  Reader(std::string_view bytes, const std::string& name)
+      : size_(bytes.size()), rest_(bytes), name_(name) {}
 
   std::vector<PPDStatement> statements() {
     std::vector<PPDStatement> all;
     while (!rest_.empty()) {
-      const int start = line_;
+      const int line = line_;
+      const std::size_t start = size_ - rest_.size();
       const std::string text = readStatementText();
       if (text.size() < 2 || text[0] != '*' || text[1] == '%') continue;
-      PPDStatement statement = parsed(text, start);
+      PPDStatement statement = parsed(text);
+      statement.line = line;
+      statement.start = start;
       if (!lastLineEnds_ && !isWhole(statement)) {
-        fail(name_, start, _("The file ends inside this line."));
+        fail(name_, line, _("The file ends inside this line."));
       }
       if (opensOption(statement)) openOption_ = openedOption(statement);
       if (statement.keyword != "End") all.push_back(std::move(statement));
@@ -104,9 +108,8 @@ class Reader {
     return statement.keyword == "End" || trimmed(statement.value).ends_with('"');
   }
 
-  static PPDStatement parsed(const std::string& line, int number) {
+  static PPDStatement parsed(const std::string& line) {
     PPDStatement statement;
-    statement.line = number;
     std::string_view rest = std::string_view(line).substr(1);
     statement.keyword = takeUntil(rest, [](char c) { return c == ':' || isBlank(c); });
     rest = skipBlanks(rest);
@@ -165,6 +168,7 @@ class Reader {
     return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
   }
 
+  const std::size_t size_;
   std::string_view rest_;
   const std::string& name_;
   int line_ = 1;

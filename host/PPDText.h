@@ -8,7 +8,8 @@ namespace cardpanels::host {
 
 /// One statement of a PPD file: `*keyword option/text: value`. The value may span lines.
 struct PPDStatement {
-  int line = 0;  // where it starts, from 1
+  int line = 0;           // where it starts, from 1
+  std::size_t start = 0;  // its first byte in the file
   std::string keyword;
   std::string option;
   std::string text;  // with `<…>` hex decoded, in the file's encoding

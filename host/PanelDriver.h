@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,7 @@ namespace cardpanels::host {
 
 class JobOptions;
 struct ChangeResult;
+struct Option;
 
 /// What a page needs of whoever drives its panels.
 class PanelDriver {
@@ -59,6 +61,12 @@ class PanelDriver {
 
   /// Puts all options that panels claim back to the printer's defaults; panels are told and follow.
   virtual void reset() = 0;
+
+  /// Puts the options `keys` to the printer's defaults and over them what was saved, `options`,
+  /// without asking the constraints; panels are told and follow. Answers what was left out because
+  /// the printer does not know it, a sentence each.
+  virtual std::vector<std::string> replace(const std::set<std::string>& keys,
+                                           const std::vector<Option>& options) = 0;
 
   /// Why the last request for an option was refused, by its keyword; a granted one takes it away.
   virtual const std::map<std::string, std::string>& refusals() const = 0;

@@ -171,7 +171,20 @@ const std::vector<std::string>& PanelHost::keys(const Panel& panel) const {
 
 void PanelHost::reset() {
   const Telling telling(*this);
-  callback_->tellPanels(job_.reset(claimedKeys_));
+  follow(job_.reset(claimedKeys_));
+}
+
+std::vector<std::string> PanelHost::replace(const std::set<std::string>& keys,
+                                            const std::vector<Option>& options) {
+  const Telling telling(*this);
+  auto replaced = job_.replace(keys, options);
+  follow(replaced.changes);
+  return std::move(replaced.leftOut);
+}
+
+/// Has panels and dialog follow changes that none of them asked for.
+void PanelHost::follow(const std::vector<Option>& changes) {
+  callback_->tellPanels(changes);
   refusals_.clear();
   if (shown_) shown_->updateUI();
   if (observer_ != nullptr) observer_->optionsChanged();

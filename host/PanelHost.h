@@ -56,6 +56,8 @@ class PanelHost final : public PanelDriver {
   std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override;
   const std::vector<std::string>& keys(const Panel& panel) const override;
   void reset() override;
+  std::vector<std::string> replace(const std::set<std::string>& keys,
+                                   const std::vector<Option>& options) override;
   const std::map<std::string, std::string>& refusals() const override { return refusals_; }
   JobOptions& job() override { return job_; }
 
@@ -74,6 +76,7 @@ class PanelHost final : public PanelDriver {
   class Telling;
 
   ChangeResult change(const Option& option, Losing losing);
+  void follow(const std::vector<Option>& changes);
   void requested(const Option& option, const ChangeResult& result);
   void fill(const Panel& panel);
   void deliverLongValues(const Panel& panel);

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "host/Error.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 
@@ -17,6 +16,14 @@ void useServer(const ServerChoice& choice) {
   if (choice.isEncrypted) cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
 }
 
+void ServerSettings::apply() const {
+  if (*this == ServerSettings()) return;
+  cupsSetServer(server.c_str());
+  ippSetPort(port);
+  cupsSetUser(user.c_str());
+  cupsSetEncryption(encryption);
+}
+
 std::string serverName() {
   std::string server = cupsServer();
   if (server.substr(0, 1) == "/") return server;
@@ -25,8 +32,8 @@ std::string serverName() {
 }
 
 void failAtServer(const std::string& reason) {
-  throw Error(filled(_("The print server {server} cannot be asked: {reason}"),
-                     {{"server", serverName()}, {"reason", platform::onOneLine(reason)}}));
+  throw ServerError(filled(_("The print server {server} cannot be asked: {reason}"),
+                           {{"server", serverName()}, {"reason", platform::onOneLine(reason)}}));
 }
 
 void failWithoutQueue(const std::string& queue) {
@@ -60,21 +67,27 @@ std::string statusText(ipp_t* answer) {
   return text.empty() ? ippErrorString(ippGetStatusCode(answer)) : text;
 }
 
-std::string textIn(ipp_t* answer, const char* attribute) {
-  const char* const text =
-      ippGetString(ippFindAttribute(answer, attribute, IPP_TAG_ZERO), 0, nullptr);
+std::string textOf(ipp_attribute_t* attribute) {
+  const char* const text = ippGetString(attribute, 0, nullptr);
   return text == nullptr ? "" : platform::onOneLine(text);
 }
 
-std::vector<std::string> reasonsIn(ipp_t* answer, const char* attribute) {
+std::string textIn(ipp_t* answer, const char* attribute) {
+  return textOf(ippFindAttribute(answer, attribute, IPP_TAG_ZERO));
+}
+
+std::vector<std::string> reasonsOf(ipp_attribute_t* attribute) {
   std::vector<std::string> reasons;
-  ipp_attribute_t* const found = ippFindAttribute(answer, attribute, IPP_TAG_ZERO);
-  for (int i = 0; i < ippGetCount(found); ++i) {
-    const char* const reason = ippGetString(found, i, nullptr);
+  for (int i = 0; i < ippGetCount(attribute); ++i) {
+    const char* const reason = ippGetString(attribute, i, nullptr);
     if (reason != nullptr && std::string_view(reason) != "none")
       reasons.push_back(platform::onOneLine(reason));
   }
   return reasons;
+}
+
+std::vector<std::string> reasonsIn(ipp_t* answer, const char* attribute) {
+  return reasonsOf(ippFindAttribute(answer, attribute, IPP_TAG_ZERO));
 }
 
 }  // namespace cardpanels::host

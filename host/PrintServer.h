@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "host/Error.h"
+
 /// What is said to and about the print server that libcups' settings name (`CUPS_SERVER` and the
 /// rest).
 namespace cardpanels::host {
@@ -30,10 +32,42 @@ struct ServerChoice {
 /// Makes `choice` this thread's, and that of the threads that it starts.
 void useServer(const ServerChoice& choice);
 
+/// libcups' settings, which are each thread's own.
+struct ServerSettings {
+  std::string server = cupsServer();
+  int port = ippPort();
+  std::string user = cupsUser();
+  http_encryption_t encryption = cupsEncryption();
+
+  bool operator==(const ServerSettings&) const = default;
+
+  /// Makes them this thread's. What the user's files and variables set stays as it is: that has
+  /// parts which nobody can ask for, such as the version to speak.
+  void apply() const;
+};
+
+/// Has this thread, and those that it starts, use another server as long as this lives.
+class OtherServer {
+ public:
+  explicit OtherServer(const ServerChoice& choice) { useServer(choice); }
+  ~OtherServer() { before_.apply(); }
+  OtherServer(const OtherServer&) = delete;
+  OtherServer& operator=(const OtherServer&) = delete;
+
+ private:
+  ServerSettings before_;
+};
+
 /// The server and its port, or its socket.
 std::string serverName();
 
-/// Throws the `Error` that the server cannot be asked.
+/// The server cannot be asked: it is not there, or does not answer as one.
+class ServerError : public Error {
+ public:
+  using Error::Error;
+};
+
+/// Throws the `ServerError` that the server cannot be asked.
 [[noreturn]] void failAtServer(const std::string& reason);
 
 /// Throws the `Error` that it has no such queue.
@@ -52,9 +86,11 @@ bool isGranted(ipp_t* answer);
 std::string statusText(ipp_t* answer);
 
 /// A text of an answer, on one line; "" for none.
+std::string textOf(ipp_attribute_t* attribute);
 std::string textIn(ipp_t* answer, const char* attribute);
 
 /// IPP's keywords for a state, each on one line, without `none`.
+std::vector<std::string> reasonsOf(ipp_attribute_t* attribute);
 std::vector<std::string> reasonsIn(ipp_t* answer, const char* attribute);
 
 }  // namespace cardpanels::host

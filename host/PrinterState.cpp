@@ -1,6 +1,7 @@
 #include "host/PrinterState.h"
 
 #include <array>
+#include <string_view>
 
 #include "host/PrintServer.h"
 #include "host/Question.h"
@@ -22,19 +23,29 @@ Ipp asked(Talk& talk, const std::string& queue) {
 }
 
 PrinterState stateIn(ipp_t* answer) {
-  const auto attribute = [&](const char* name) {
-    return ippFindAttribute(answer, name, IPP_TAG_ZERO);
-  };
   PrinterState state;
-  state.isStopped = ippGetInteger(attribute("printer-state"), 0) == IPP_PSTATE_STOPPED;
-  ipp_attribute_t* const accepting = attribute("printer-is-accepting-jobs");
-  state.isAccepting = accepting == nullptr || ippGetBoolean(accepting, 0) != 0;
-  state.reasons = reasonsIn(answer, "printer-state-reasons");
-  state.message = textIn(answer, "printer-state-message");
+  for (ipp_attribute_t* each = ippFirstAttribute(answer); each != nullptr;
+       each = ippNextAttribute(answer)) {
+    takeState(state, each);
+  }
   return state;
 }
 
 }  // namespace
+
+void takeState(PrinterState& state, ipp_attribute_t* attribute) {
+  const char* const given = ippGetName(attribute);
+  const std::string_view name = given == nullptr ? "" : given;
+  if (name == "printer-state") {
+    state.isStopped = ippGetInteger(attribute, 0) == IPP_PSTATE_STOPPED;
+  } else if (name == "printer-is-accepting-jobs") {
+    state.isAccepting = ippGetBoolean(attribute, 0) != 0;
+  } else if (name == "printer-state-reasons") {
+    state.reasons = reasonsOf(attribute);
+  } else if (name == "printer-state-message") {
+    state.message = textOf(attribute);
+  }
+}
 
 PrinterState printerState(const std::string& queue, const Terms& terms) {
   return answerOfServer<PrinterState>(terms,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cups/ipp.h>
+
 #include <string>
 #include <vector>
 
@@ -17,6 +19,9 @@ struct PrinterState {
   std::string message = {};               // the server's or the printer's, in any language
   bool operator==(const PrinterState&) const = default;
 };
+
+/// Puts what `attribute` tells of a printer's state into `state`; others leave it as it is.
+void takeState(PrinterState& state, ipp_attribute_t* attribute);
 
 /// Asks the print server for the state of `queue`, and waits for that as long as `terms` say.
 /// Throws `Error`.

@@ -1,14 +1,14 @@
 #include "host/Queue.h"
 
-#include <system_error>
+#include <algorithm>
 #include <utility>
 
 #include "host/Destination.h"
 #include "host/Error.h"
-#include "host/FetchedPPD.h"
+#include "host/FetchedQueue.h"
 #include "host/MediaOption.h"
+#include "host/Presets.h"
 #include "host/Question.h"
-#include "host/SavedOptions.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 
@@ -18,16 +18,16 @@ namespace {
 using platform::_;
 using platform::filled;
 
-Queue queueOver(Talk& talk, const QueueName& name) {
-  const Destination destination = destinationOf(talk, name);
-  const FetchedPPD ppd(talk, destination);
-  PPDFile records = ppd.open();
-  JobBasis basis = basisOf(destination, records.get());
-  Queue queue{destination.name, {}, std::move(records), ppd.text(), std::move(basis)};
-  for (Option& each : destination.options.options()) {
-    if (isOfPPD(queue.ppd.get(), each.key)) queue.savedOptions.push_back(std::move(each));
-  }
-  return queue;
+constexpr std::size_t kMostTold = 12;
+
+std::string differencesIn(const FetchedQueue& queue) {
+  if (queue.leftOut.empty()) return {};
+  std::string titles;
+  for (std::size_t i = 0; i < std::min(queue.leftOut.size(), kMostTold); ++i)
+    titles += (i == 0 ? "" : ", ") + platform::onOneLine(queue.leftOut[i]);
+  if (queue.leftOut.size() > kMostTold) titles += ", …";
+  return filled(_("Not all printers of the class {queue} have these, which are left out: {titles}"),
+                {{"queue", platform::onOneLine(queue.destination.name.queue)}, {"titles", titles}});
 }
 
 }  // namespace
@@ -41,7 +41,16 @@ QueueName QueueName::parse(const std::string& text) {
 std::string QueueName::text() const { return instance.empty() ? queue : queue + "/" + instance; }
 
 Queue openQueue(const QueueName& name, const Terms& terms) {
-  return answerOfServer<Queue>(terms, [name](Talk& talk) { return queueOver(talk, name); });
+  FetchedQueue fetched = fetchQueue(name, terms);
+  JobBasis basis = basisOf(fetched.destination, fetched.ppd.get());
+  Queue queue{fetched.destination.name, {},
+              std::move(fetched.ppd),   std::move(fetched.ppdText),
+              std::move(basis),         fetched.destination.serverOptions,
+              differencesIn(fetched)};
+  for (Option& each : fetched.destination.options.options()) {
+    if (isOfPPD(queue.ppd.get(), each.key)) queue.savedOptions.push_back(std::move(each));
+  }
+  return queue;
 }
 
 void saveOptions(const QueueName& name, const std::vector<Option>& options, const Terms& terms) {
@@ -49,13 +58,7 @@ void saveOptions(const QueueName& name, const std::vector<Option>& options, cons
     return destinationOf(talk, {name.queue, ""}).name;
   });
   known.instance = name.instance;
-  try {
-    saveUnder(known, options);
-  } catch (const std::system_error& error) {
-    throw Error(
-        filled(_("The options of the queue {queue} cannot be saved: {reason}"),
-               {{"queue", platform::onOneLine(known.text())}, {"reason", error.code().message()}}));
-  }
+  savePreset(known, options);
 }
 
 }  // namespace cardpanels::host

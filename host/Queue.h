@@ -39,11 +39,14 @@ struct Queue {
   PPDFile ppd;
   std::string ppdText;  // byte by byte, to know the PPD again
   JobBasis basis;
+  std::vector<Option> serverOptions = {};  // what the server adds to jobs without them
+  std::string differences = {};  // what the printers of a class differ in, a sentence; "" for none
 };
 
 /// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default
-/// queue when its queue is empty, and waits for that as long as `terms` say. Throws `Error` with
-/// the queue's or the server's name, `PasswordNeeded` for a server that wants another login.
+/// queue when its queue is empty, and waits for that as long as `terms` say. The PPD may be that of
+/// another server, or what a class's queues have in common (`fetchQueue`). Throws `Error` with the
+/// queue's or the server's name, `PasswordNeeded` for a server that wants another login.
 Queue openQueue(const QueueName& name, const Terms& terms = {});
 
 /// Saves `options` under the queue's instance in the user's own settings, as `lpoptions` does,

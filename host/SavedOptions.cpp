@@ -1,111 +1,65 @@
 #include "host/SavedOptions.h"
 
-#include <cups/file.h>
-#include <pwd.h>
-#include <strings.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <string_view>
+#include <functional>
 #include <system_error>
+#include <utility>
+
+#include "host/SavedLines.h"
+#include "host/SharedFile.h"
+#include "host/Variable.h"
 
 namespace cardpanels::host {
 namespace {
 
-/// A line of an `lpoptions` file.
-struct Entry {
+/// None of a file that cannot be read, as with libcups.
+std::vector<SavedLine> linesOf(const std::string& path) {
+  try {
+    return savedLines(readFile(path));
+  } catch (const std::system_error&) {
+    return {};
+  }
+}
+
+/// Has `change` work on the lines of the user's file.
+void changeLines(const std::function<void(std::vector<SavedLine>& lines)>& change) {
+  const std::string path = usersFile();
+  if (path.empty()) throw std::system_error(ENOENT, std::generic_category());
+  changeFile(path, [&](const std::string& content) {
+    auto lines = savedLines(content);
+    if (!lines.empty() && lines.back().text.back() != '\n') lines.back().text += '\n';
+    change(lines);
+    std::string changed;
+    for (const SavedLine& each : lines) changed += each.text;
+    return changed;
+  });
+}
+
+/// What lines for one name say together.
+struct Taken {
   bool isDefault = false;
-  QueueName name;
-  std::string options;
+  OptionList options = {};
+  std::size_t at = 0;  // where the first one was, or the end
 };
 
-struct FileCloser {
-  void operator()(cups_file_t* file) const { cupsFileClose(file); }
-};
-
-std::vector<Entry> entriesIn(const std::string& path) {
-  const std::unique_ptr<cups_file_t, FileCloser> file(cupsFileOpen(path.c_str(), "r"));
-  std::vector<Entry> entries;
-  if (!file) return entries;
-  std::array<char, 1UL << 16U> line{};
-  char* value = nullptr;
-  int number = 0;
-  while (cupsFileGetConf(file.get(), line.data(), line.size(), &value, &number) != nullptr) {
-    const bool isDefault = strcasecmp(line.data(), "default") == 0;
-    if (value == nullptr || (!isDefault && strcasecmp(line.data(), "dest") != 0)) continue;
-    const std::string_view text = value;
-    const std::size_t end = std::min(text.find_first_of(" \t"), text.size());
-    entries.push_back({isDefault, QueueName::parse(std::string(text.substr(0, end))),
-                       std::string(text.substr(end))});
+/// Takes the lines for `name` out.
+Taken taken(std::vector<SavedLine>& lines, const QueueName& name) {
+  Taken all{.at = lines.size()};
+  for (std::size_t i = lines.size(); i-- > 0;) {
+    if (lines[i].isFor(name)) all.at = i;
   }
-  return entries;
-}
-
-std::string variable(const char* name) {
-  const char* const value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
-std::string administratorsFile() {
-  const std::string folder = variable("CUPS_SERVERROOT");
-  return (folder.empty() ? "/etc/cups" : folder) + "/lpoptions";
-}
-
-/// Empty when the user has no home.
-std::string usersFile() {
-  std::string home = variable("HOME");
-  if (home.empty()) {
-    const passwd* const user = getpwuid(getuid());
-    if (user != nullptr) home = user->pw_dir;
+  for (const SavedLine& each : lines) {
+    if (!each.isFor(name)) continue;
+    all.isDefault = all.isDefault || each.isDefault;
+    all.options.count =
+        cupsParseOptions(each.options.c_str(), all.options.count, &all.options.list);
   }
-  return home.empty() ? "" : home + "/.cups/lpoptions";
+  std::erase_if(lines, [&](const SavedLine& each) { return each.isFor(name); });
+  return all;
 }
 
-bool isSame(const QueueName& a, const QueueName& b) {
-  return strcasecmp(a.queue.c_str(), b.queue.c_str()) == 0 &&
-         strcasecmp(a.instance.c_str(), b.instance.c_str()) == 0;
-}
-
-/// As `cupsFileGetConf` and `cupsParseOptions` read it back.
-std::string quotedValue(const std::string& value) {
-  std::string quoted = "\"";
-  for (const char c : value) {
-    if (c == '\n') throw std::system_error(EINVAL, std::generic_category());
-    if (c == '"' || c == '\'' || c == '\\' || c == '#') quoted += '\\';
-    quoted += c;
-  }
-  return quoted + "\"";
-}
-
-std::string lineOf(const Entry& entry, const OptionList& options) {
-  std::string line = (entry.isDefault ? "Default " : "Dest ") + entry.name.text();
-  for (const Option& each : options.options())
-    line += " " + each.key + "=" + quotedValue(each.value);
-  return line + "\n";
-}
-
-/// Puts `text` in the place of the file at `path`, whole or not at all.
-void replaceFile(const std::string& path, const std::string& text) {
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-  std::string target = std::filesystem::weakly_canonical(path).string();
-  std::string fresh = target + ".XXXXXX";
-  const int file = mkstemp(fresh.data());
-  if (file < 0) throw std::system_error(errno, std::generic_category());
-  const bool isWritten =
-      write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size()) &&
-      fsync(file) == 0;
-  const int number = errno;
-  close(file);
-  if (isWritten && rename(fresh.c_str(), target.c_str()) == 0) return;
-  const std::error_code failure(isWritten ? errno : number, std::generic_category());
-  unlink(fresh.c_str());
-  throw std::system_error(failure);
+void put(std::vector<SavedLine>& lines, std::size_t at, SavedLine line) {
+  lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), std::move(line));
 }
 
 }  // namespace
@@ -116,7 +70,7 @@ QueueName userDefault() {
   const bool isUsual = name == "lp" && variable("LPDEST").empty();  // many have that from of old
   if (!name.empty() && !isUsual) return QueueName::parse(name);
   for (const std::string& path : {usersFile(), administratorsFile()}) {
-    for (const Entry& each : entriesIn(path)) {
+    for (const SavedLine& each : linesOf(path)) {
       if (each.isDefault) return each.name;
     }
   }
@@ -126,8 +80,8 @@ QueueName userDefault() {
 std::optional<OptionList> savedUnder(const QueueName& name) {
   std::optional<OptionList> saved;
   for (const std::string& path : {administratorsFile(), usersFile()}) {
-    for (const Entry& each : entriesIn(path)) {
-      if (!isSame(each.name, name)) continue;
+    for (const SavedLine& each : linesOf(path)) {
+      if (!each.isFor(name)) continue;
       if (!saved) saved.emplace();
       saved->count = cupsParseOptions(each.options.c_str(), saved->count, &saved->list);
     }
@@ -135,23 +89,24 @@ std::optional<OptionList> savedUnder(const QueueName& name) {
   return saved;
 }
 
-void saveUnder(const QueueName& name, const std::vector<Option>& options) {
-  const std::string path = usersFile();
-  if (path.empty()) throw std::system_error(ENOENT, std::generic_category());
-  std::string text;
-  Entry kept{false, name, {}};
-  OptionList all;
-  for (const Entry& each : entriesIn(path)) {
-    const OptionList saved = OptionList::parsed(each.options);
-    if (!isSame(each.name, name)) {
-      text += lineOf(each, saved);
-      continue;
-    }
-    kept.isDefault = kept.isDefault || each.isDefault;
-    for (const Option& option : saved.options()) all.set(option);
-  }
-  for (const Option& each : options) all.set(each);
-  replaceFile(path, text + lineOf(kept, all));
+void saveUnder(const QueueName& name, const std::vector<Option>& options,
+               const std::vector<std::string>& dropped) {
+  changeLines([&](std::vector<SavedLine>& lines) {
+    Taken all = taken(lines, name);
+    for (const std::string& each : dropped) all.options.remove(each);
+    for (const Option& each : options) all.options.set(each);
+    put(lines, all.at, savedLine(all.isDefault, name, all.options));
+  });
+}
+
+void forgetUnder(const QueueName& name) {
+  changeLines([&](std::vector<SavedLine>& lines) {
+    const Taken gone = taken(lines, name);
+    if (!gone.isDefault || name.instance.empty()) return;
+    const QueueName queue{name.queue, ""};
+    const Taken rest = taken(lines, queue);
+    put(lines, rest.at, savedLine(true, queue, rest.options));
+  });
 }
 
 }  // namespace cardpanels::host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "host/JobOption.h"
@@ -18,8 +19,14 @@ QueueName userDefault();
 /// is no such entry.
 std::optional<OptionList> savedUnder(const QueueName& name);
 
-/// Adds `options` to what the user has saved under `name`, in place of earlier ones; everything
-/// else stays as it is. Throws `std::system_error`.
-void saveUnder(const QueueName& name, const std::vector<Option>& options);
+/// Adds `options` to what the user has saved under `name`, in place of earlier ones, and takes
+/// those of the names `dropped` out; everything else stays byte by byte. Waits for others that do
+/// so. Throws `std::system_error`; then all is as it was.
+void saveUnder(const QueueName& name, const std::vector<Option>& options,
+               const std::vector<std::string>& dropped = {});
+
+/// Takes what the user has saved under `name` away. An instance that is their default hands that on
+/// to its queue. Throws the same.
+void forgetUnder(const QueueName& name);
 
 }  // namespace cardpanels::host

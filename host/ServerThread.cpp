@@ -1,22 +1,30 @@
 #include "host/ServerThread.h"
 
-#include <cups/cups.h>
 #include <pthread.h>
 
 #include <csignal>
 #include <cstdlib>
 #include <set>
-#include <string>
 #include <system_error>
 #include <thread>
 #include <utility>
+#include <vector>
+
+#include "host/PrintServer.h"
 
 namespace cardpanels::host {
 namespace {
 
 constexpr auto kFarewell = std::chrono::milliseconds(500);
 
-/// The threads that run, by how they are abandoned.
+struct Thread {
+  std::function<void(Abandonment&)> work;
+  ServerSettings settings;
+  Abandonment abandonment;
+  std::thread handle;
+};
+
+/// The threads that run, and those that have done their work and are about to be gone.
 class Running {
  public:
   static Running& all() {
@@ -25,14 +33,18 @@ class Running {
     return *running;
   }
 
-  void add(Abandonment& thread) {
+  void start(const std::shared_ptr<Thread>& thread, void (*run)(const std::shared_ptr<Thread>&)) {
+    joinDone();
     const std::lock_guard lock(mutex_);
-    threads_.insert(&thread);
+    thread->handle = std::thread(run, thread);
+    threads_.insert(thread.get());
   }
 
-  void remove(Abandonment& thread) {
+  /// For the thread itself, as its last step.
+  void remove(Thread& thread) {
     const std::lock_guard lock(mutex_);
     threads_.erase(&thread);
+    done_.push_back(std::move(thread.handle));
     changed_.notify_all();
   }
 
@@ -42,14 +54,27 @@ class Running {
   }
 
   void end() {
-    std::unique_lock lock(mutex_);
-    for (Abandonment* each : threads_) each->declare();
-    changed_.wait_for(lock, kFarewell, [this] { return threads_.empty(); });
+    {
+      std::unique_lock lock(mutex_);
+      for (Thread* each : threads_) each->abandonment.declare();
+      changed_.wait_for(lock, kFarewell, [this] { return threads_.empty(); });
+    }
+    joinDone();
+  }
+
+  void joinDone() {
+    std::vector<std::thread> done;
+    {
+      const std::lock_guard lock(mutex_);
+      done.swap(done_);
+    }
+    for (std::thread& each : done) each.join();
   }
 
   std::mutex mutex_;
   std::condition_variable changed_;
-  std::set<Abandonment*> threads_;
+  std::set<Thread*> threads_;
+  std::vector<std::thread> done_;
 };
 
 /// The program's signals are none of the new thread's business.
@@ -68,36 +93,10 @@ class BlockedSignals {
   sigset_t before_{};
 };
 
-/// libcups' settings, which are each thread's own.
-struct Settings {
-  std::string server = cupsServer();
-  int port = ippPort();
-  std::string user = cupsUser();
-  http_encryption_t encryption = cupsEncryption();
-
-  bool operator==(const Settings&) const = default;
-
-  /// Makes them this thread's. What the user's files and variables set stays as it is: that has
-  /// parts which nobody can ask for, such as the version to speak.
-  void apply() const {
-    if (*this == Settings()) return;
-    cupsSetServer(server.c_str());
-    ippSetPort(port);
-    cupsSetUser(user.c_str());
-    cupsSetEncryption(encryption);
-  }
-};
-
-struct Thread {
-  std::function<void(Abandonment&)> work;
-  Settings settings;
-  Abandonment abandonment;
-};
-
 void run(const std::shared_ptr<Thread>& thread) {
   thread->settings.apply();
   std::exchange(thread->work, nullptr)(thread->abandonment);
-  Running::all().remove(thread->abandonment);
+  Running::all().remove(*thread);
 }
 
 }  // namespace
@@ -116,14 +115,8 @@ bool Abandonment::wait(std::chrono::milliseconds time) {
 std::shared_ptr<void> startServerThread(std::function<void(Abandonment&)> work) {
   auto thread = std::make_shared<Thread>();
   thread->work = std::move(work);
-  Running::all().add(thread->abandonment);
   const BlockedSignals blocked;
-  try {
-    std::thread(run, thread).detach();
-  } catch (const std::system_error&) {
-    Running::all().remove(thread->abandonment);
-    throw;
-  }
+  Running::all().start(thread, run);
   return {thread.get(), [thread](Thread* each) { each->abandonment.declare(); }};
 }
 

@@ -14,8 +14,8 @@
 #include <system_error>
 #include <utility>
 
-#include "host/Destination.h"
-#include "host/FetchedPPD.h"
+#include "host/FetchedQueue.h"
+#include "host/KeptConnection.h"
 #include "host/PPDRecords.h"
 #include "host/PrintServer.h"
 #include "host/Question.h"
@@ -110,12 +110,24 @@ void sendDocument(Talk& talk, const std::string& queue, int id, OpenDocument& do
   if (!isGranted(answer.get())) failAtJob(queue, statusText(answer.get()));
 }
 
+void cancelJob(Talk& talk, const std::string& queue, int id) {
+  const Ipp answer = talk.ask(jobRequest(IPP_OP_CANCEL_JOB, queue, id), "/printers/" + queue);
+  if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
+}
+
 /// Cancels the job `id` over a connection of its own. Throws `Error` when that cannot be done.
 void cancelJob(const std::string& queue, int id, const Terms& terms) {
-  askServer(terms, [queue, id](Talk& talk) {
-    const Ipp answer = talk.ask(jobRequest(IPP_OP_CANCEL_JOB, queue, id), "/printers/" + queue);
-    if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
-  });
+  askServer(terms, [queue, id](Talk& talk) { cancelJob(talk, queue, id); });
+}
+
+/// Whether the server has all `documents` of the job, and nobody has cancelled it.
+bool isWhole(ipp_t* job, int documents) {
+  const auto number = [job](const char* name) {
+    return ippGetInteger(ippFindAttribute(job, name, IPP_TAG_ZERO), 0);
+  };
+  const int state = number("job-state");
+  return state != IPP_JSTATE_CANCELED && state != IPP_JSTATE_ABORTED &&
+         number("number-of-documents") >= documents;
 }
 
 /// How far a job is that one thread makes and another waits for.
@@ -174,26 +186,12 @@ std::vector<Option> withMedia(const std::vector<Option>& options, bool addsMedia
   return all;
 }
 
-/// Reads the queue. Throws `PPDChanged`.
-JobBasis basisNow(Talk& talk, const Submission& job) {
-  const Destination destination = destinationOf(talk, job.queue);
-  const FetchedPPD ppd(talk, destination);
-  if (job.ppdText && *job.ppdText != ppd.text()) {
-    throw PPDChanged(
-        filled(_("The options of the queue {queue} have changed meanwhile. Nothing was "
-                 "printed."),
-               {{"queue", platform::onOneLine(destination.name.queue)}}));
-  }
-  return basisOf(destination, ppd.open().get());
-}
-
 bool isNew(const std::optional<JobBasis>& basis) {
   return basis && std::chrono::steady_clock::now() - basis->read < kNew;
 }
 
-int made(Talk& talk, const Submission& job, std::vector<OpenDocument>& documents, NewJob& progress,
-         const Terms& cancelling) {
-  const JobBasis basis = isNew(job.basis) ? *job.basis : basisNow(talk, job);
+int made(Talk& talk, const Submission& job, const JobBasis& basis,
+         std::vector<OpenDocument>& documents, NewJob& progress, const Terms& cancelling) {
   const std::string& queue = basis.queue;
   const OptionList attributes = attributesOf(job, basis);
   const std::string format = formatOf(attributes);
@@ -210,19 +208,45 @@ int made(Talk& talk, const Submission& job, std::vector<OpenDocument>& documents
   return id;
 }
 
-/// Cancels the job that has failed with `error`. Throws `Error` with both when that cannot be done.
+/// Cancels the job that has failed with `error`. Throws `JobLeft` when that cannot be done.
 void cancelAfter(const Error& error, const std::string& queue, int id, const Terms& terms) {
   try {
     cancelJob(queue, id, terms);
   } catch (const Error& failure) {
-    throw Error(error.what() +
-                (" " + filled(_("The job {job} could not be cancelled: {reason}"),
-                              {{"job", platform::onOneLine(queue) + "-" + std::to_string(id)},
-                               {"reason", failure.what()}})));
+    throw JobLeft(error.what() +
+                      (" " + filled(_("The job {job} could not be cancelled: {reason}"),
+                                    {{"job", platform::onOneLine(queue) + "-" + std::to_string(id)},
+                                     {"reason", failure.what()}})),
+                  id);
   }
 }
 
 }  // namespace
+
+JobBasis currentBasis(const Submission& job, const Terms& terms) {
+  if (isNew(job.basis)) return *job.basis;
+  const FetchedQueue now = fetchQueue(job.queue, terms);
+  if (job.ppdText && *job.ppdText != now.ppdText) {
+    throw PPDChanged(
+        filled(_("The options of the queue {queue} have changed meanwhile. Nothing was "
+                 "printed."),
+               {{"queue", platform::onOneLine(now.destination.name.queue)}}));
+  }
+  return basisOf(now.destination, now.ppd.get());
+}
+
+bool isWholeElseCancelled(const Submission& job, int id, const Terms& terms) {
+  const auto documents = static_cast<int>(job.files.size() + (job.document ? 1 : 0));
+  return answerOfServer<bool>(terms, [queue = job.queue.queue, id, documents](Talk& talk) {
+    const Ipp answer = talk.ask(jobRequest(IPP_OP_GET_JOB_ATTRIBUTES, queue, id));
+    if (ippGetStatusCode(answer.get()) == IPP_STATUS_ERROR_NOT_FOUND) return false;
+    if (!isGranted(answer.get())) failAtServer(statusText(answer.get()));
+    if (isWhole(answer.get(), documents)) return true;
+    const int state = ippGetInteger(ippFindAttribute(answer.get(), "job-state", IPP_TAG_ENUM), 0);
+    if (state < IPP_JSTATE_CANCELED) cancelJob(talk, queue, id);
+    return false;
+  });
+}
 
 int submitJob(const Submission& job, const Terms& terms) {
   const auto documents = std::make_shared<std::vector<OpenDocument>>(opened(job));
@@ -230,11 +254,15 @@ int submitJob(const Submission& job, const Terms& terms) {
   Terms cancelling = terms;
   cancelling.abandoned = nullptr;
   cancelling.kept = nullptr;
+  Terms onOneConnection = terms;
+  if (!terms.kept) onOneConnection.kept = std::make_shared<KeptConnection>();
   const auto isAbandoned = [&terms] { return terms.abandoned != nullptr && *terms.abandoned; };
   try {
-    const int id = answerOfServer<int>(terms, [job, documents, progress, cancelling](Talk& talk) {
-      return made(talk, job, *documents, *progress, cancelling);
-    });
+    const JobBasis basis = currentBasis(job, onOneConnection);
+    const int id = answerOfServer<int>(
+        onOneConnection, [job, basis, documents, progress, cancelling](Talk& talk) {
+          return made(talk, job, basis, *documents, *progress, cancelling);
+        });
     if (isAbandoned()) throw Error(_("Nothing was printed."));
     return id;
   } catch (const Error& error) {

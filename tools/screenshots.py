@@ -2,7 +2,7 @@
 """screenshots.py [--docs | FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
 (build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
 marked with its tooltip: light, dark and in high contrast, with large text, in the smallest and in a
-large window, in four languages. With --docs, those that docs/ shows are put there.
+large window, in four languages and from right to left; and the card with a document. With --docs, those that docs/ shows are put there.
 CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup installs, and the
 packages xdotool and x11-utils."""
 
@@ -16,6 +16,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "support"))
 import atspi_driver as user  # noqa: E402 (found by the path)
+from print_server import PrintServer  # noqa: E402
 
 BUILD = pathlib.Path(os.environ.get("CARDPANELS_BUILD_DIR", ROOT / "build"))
 CARDPRINT = BUILD / "bin" / "cardprint"
@@ -26,9 +27,12 @@ RIBBON, LAMINATE = SECTIONS.index("ribbon"), SECTIONS.index("laminate")
 
 OPTIONS = (
     "frontRibbon=YMCK frontResin=DefinedAreas frontResinInclude1='0.5in 0.25in 1in 0.5in' "
+    "frontResinInclude2='70mm 30mm 20mm 10mm' frontResinExclude1='20mm 15mm 30mm 25mm' "
     "backRibbon=YMCK backResin=DefinedAreas backResinInclude2='12mm 5mm 25.4mm 8mm' "
     "frontPO=DefinedAreas CustomfrontPeelOff1='1in 0.4in 0.55in 0.5in' backPO=DefinedAreas"
 )
+
+PRESETS = "Dest Badges/visitors copies=1\n"
 
 SMALLEST, LARGE = "smallest", "1200x900"
 LOOKS = {  # name: language, theme, size
@@ -42,6 +46,7 @@ LOOKS = {  # name: language, theme, size
     "german-smallest": ("de_DE.UTF-8", "Adwaita", SMALLEST),
     "french": ("fr_FR.UTF-8", "Adwaita", None),
     "japanese": ("ja_JP.UTF-8", "Adwaita", None),
+    "right-to-left": ("ar_EG.UTF-8", "Adwaita", None),
     "japanese-smallest": ("ja_JP.UTF-8", "Adwaita:dark", SMALLEST),
 }
 
@@ -52,8 +57,10 @@ DOCS = {  # what docs/ calls them
     "dark": "dark-marked-field",
     "german": "german-conflict",
     "japanese": "japanese-peel-off",
+    "jobs": "light-jobs",
     "large-text": "large-text-ribbon",
     "peel-off": "light-peel-off",
+    "picture": "document-ribbon",
     "ribbon": "light-ribbon",
     "smallest": "smallest-ribbon",
     "summary": "light-summary",
@@ -79,10 +86,25 @@ class Photographer:
             self.select(index)
             self.picture(section)
         self.select(LAMINATE)
-        user.press(self.all("combo box")[0])
+        user.press(self.all("combo box")[-1])
         user.press(user.wait_for(lambda: self.all("menu item"), "the pop-up stays closed")[1])
         user.wait_for(lambda: self.all("info bar"), "no conflict is told")
         self.picture("conflict")
+
+    def take_jobs(self):
+        """Prints, and takes the list of what becomes of it."""
+        user.press(self.all("push button")[-1])
+        sending = user.wait_for(self.sending, "no list of jobs shows")
+        cells = user.wait_for(lambda: user.showing(sending, "table cell"), "no job is listed")
+        user.wait_for(lambda: len({each.get_name() for each in cells[2::3]}) == 1, "no end is seen")
+        self.picture("jobs", sending)
+        user.press(user.showing(sending, "push button")[-1])
+        self._program.finish()
+
+    def sending(self):
+        root = self._program.root
+        windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
+        return next((each for each in windows if user.showing(each, "progress bar")), None)
 
     def take_marked_field(self):
         self.select(RIBBON)
@@ -136,10 +158,11 @@ class Photographer:
 
     def leave(self):
         user.press(self.all("push button")[-2])  # Cancel
+        self._program.finish()
 
-    def picture(self, name):
+    def picture(self, name, window=None):
         path = self._folder / f"{self._look}-{name}.png"
-        self._desktop.picture(str(path), self._window)
+        self._desktop.picture(str(path), window or self._window)
         print(path)
 
     def _run(self, *command):
@@ -149,25 +172,78 @@ class Photographer:
         return done.stdout
 
 
+CARD = """0.85 0.9 1 rg 0 0 243 153 re f 0.1 0.2 0.5 rg 0 125 243 28 re f 0.6 0.6 0.6 rg 14 40 60 70 re f
+0 g BT /F1 16 Tf 84 95 Td (Ada Lovelace) Tj ET BT /F1 10 Tf 84 78 Td (Visitor 0815) Tj ET
+1 g BT /F1 14 Tf 14 133 Td (EXAMPLE) Tj ET"""
+CARD_OPTIONS = (
+    "frontRibbon=YMCK frontResin=DefinedAreas frontResinInclude1='28mm 14mm 50mm 16mm' "
+    "frontResinInclude2='70mm 42mm 20mm 8mm' frontResinExclude1='4mm 14mm 23mm 27mm' "
+)
+
+
+def card_pdf():
+    font = "/Font<</F1<</Type/Font/Subtype/Type1/BaseFont/Helvetica-Bold>>>>"
+    objects = (
+        "<</Type/Catalog/Pages 2 0 R>>",
+        "<</Type/Pages/Kids[3 0 R]/Count 1>>",
+        f"<</Type/Page/Parent 2 0 R/MediaBox[0 0 243 153]/Resources<<{font}>>/Contents 4 0 R>>",
+        f"<</Length {len(CARD)}>>stream\n{CARD}\nendstream",
+    )
+    numbered = [f"{number} 0 obj{each} endobj" for number, each in enumerate(objects, 1)]
+    return "\n".join(["%PDF-1.4", *numbered, "trailer<</Root 1 0 R>>", "%%EOF", ""])
+
+
+def take_document(desktop, folder):
+    """The areas with a document behind them, the first one chosen."""
+    with PrintServer() as server:
+        server.add_queue("badges", PPD)
+        document = pathlib.Path(server.root) / "card.pdf"
+        document.write_text(card_pdf(), encoding="ascii")
+        program = desktop.start(
+            [str(CARDPRINT), "-d", "badges", "-o", CARD_OPTIONS, str(document)],
+            LANG="en_GB.UTF-8",
+            GTK_THEME="Adwaita",
+            **server.env,
+        )
+        photographer = Photographer(desktop, program, folder, "document")
+        photographer.put_mouse_away()
+        picture = program.find("grouping")
+        user.showing(picture, "icon")[0].get_component_iface().grab_focus()
+        photographer.picture("ribbon")
+        photographer.leave()
+        program.finish()
+
+
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
-    with user.Desktop(theme="Adwaita") as desktop:
+    with PrintServer() as server, user.Desktop(theme="Adwaita") as desktop:
+        server.add_queue("Badges", PPD)
+        server.add_queue("office", None)
+        files = [pathlib.Path(desktop.home, name) for name in ("ada.txt", "grace.txt", "joan.txt")]
+        for each in files:
+            each.write_text("Visitor\n", encoding="utf-8")
+        saved = pathlib.Path(desktop.home, ".cups", "lpoptions")
+        saved.parent.mkdir()
+        saved.write_text(PRESETS, encoding="utf-8")
         for look, (language, theme, size) in LOOKS.items():
-            scale = "1.5" if look == "large-text" else "1"
-            program = desktop.start(
-                [str(CARDPRINT), "--ppd", str(PPD), "-o", OPTIONS],
-                LANG=language,
-                GTK_THEME=theme,
-                GDK_DPI_SCALE=scale,
-            )
-            photographer = Photographer(desktop, program, folder, look)
+            environment = {"LANG": language, "GTK_THEME": theme, **server.env}
+            environment["GDK_DPI_SCALE"] = "1.5" if look == "large-text" else "1"
+
+            def photographed(*options):
+                command = [str(CARDPRINT), "-d", "Badges/visitors", *options, *map(str, files)]
+                program = desktop.start(command, **environment)
+                return Photographer(desktop, program, folder, look)
+
+            photographer = photographed("-o", OPTIONS)
             if size:
                 photographer.resize(size)
             photographer.take_all()
             if not size:
                 photographer.take_marked_field()
             photographer.leave()
-            program.finish()
+            if not size:
+                photographed().take_jobs()
+        take_document(desktop, folder)
 
 
 if __name__ == "__main__":

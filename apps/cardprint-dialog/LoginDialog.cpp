@@ -12,7 +12,7 @@ namespace {
 
 using platform::_;
 
-constexpr int kMargin = 12;
+constexpr int kLoginMargin = 12;
 constexpr int kTextWidth = 48;  // characters
 
 class LoginDialog : public Gtk::Dialog {
@@ -25,14 +25,14 @@ class LoginDialog : public Gtk::Dialog {
     user_.set_text(needed.user());
     password_.set_visibility(false);
     password_.set_input_purpose(Gtk::INPUT_PURPOSE_PASSWORD);
-    grid_.set_row_spacing(kMargin / 2);
-    grid_.set_column_spacing(kMargin);
+    grid_.set_row_spacing(kLoginMargin / 2);
+    grid_.set_column_spacing(kLoginMargin);
     // Assistive technology reads a grid's last child first.
     addRow(2, passwordLabel_, password_);
     addRow(1, userLabel_, user_);
     grid_.attach(text_, 0, 0, 2, 1);
-    get_content_area()->set_border_width(kMargin);
-    get_content_area()->set_spacing(kMargin);
+    get_content_area()->set_border_width(kLoginMargin);
+    get_content_area()->set_spacing(kLoginMargin);
     get_content_area()->pack_start(grid_);
     get_content_area()->show_all();
     add_button(_("_Cancel"), Gtk::RESPONSE_CANCEL);

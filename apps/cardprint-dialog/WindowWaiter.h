@@ -17,6 +17,10 @@ class WindowWaiter final : public Waiter {
   /// The window that has to wait too, from now on; null for none.
   void setParent(Gtk::Window* parent) { parent_ = parent; }
 
+  /// What the user has logged in with.
+  const std::optional<host::Login>& login() const { return login_; }
+  void setLogin(const host::Login& login) { login_ = login; }
+
  private:
   void waitOnce(const std::string& what, const Work& work);
 

@@ -7,8 +7,10 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <sstream>
 #include <system_error>
 
+#include "apps/cardprint/Follower.h"
 #include "apps/cardprint/LpLetters.h"
 #include "apps/cardprint/OptionArgument.h"
 #include "apps/cardprint/StandardInput.h"
@@ -23,19 +25,43 @@ using host::UsageError;
 using platform::_;
 using platform::filled;
 
-enum LongOption { ppd = 256, each, list, stop, wait, noDialog, strict, trace, help, version };
+enum LongOption {
+  ppd = 256,
+  check,
+  each,
+  list,
+  stop,
+  wait,
+  follow,
+  noDialog,
+  strict,
+  trace,
+  help,
+  version
+};
 
-constexpr option kLongOptions[] = {{"ppd", required_argument, nullptr, ppd},
-                                   {"each", no_argument, nullptr, each},
-                                   {"list", required_argument, nullptr, list},
-                                   {"stop", no_argument, nullptr, stop},
-                                   {"wait", no_argument, nullptr, wait},
-                                   {"no-dialog", no_argument, nullptr, noDialog},
-                                   {"strict", no_argument, nullptr, strict},
-                                   {"trace", no_argument, nullptr, trace},
-                                   {"help", no_argument, nullptr, help},
-                                   {"version", no_argument, nullptr, version},
-                                   {}};
+constexpr option kLongOptions[] = {
+    {"ppd", required_argument, nullptr, ppd},
+    {"check", no_argument, nullptr, check},
+    {"each", no_argument, nullptr, each},
+    {"list", required_argument, nullptr, list},
+    {"stop", no_argument, nullptr, stop},
+    {"wait", no_argument, nullptr, wait},
+    {kFollow, required_argument, nullptr, follow},
+    {"no-dialog", no_argument, nullptr, noDialog},
+    {"strict", no_argument, nullptr, strict},
+    {"trace", no_argument, nullptr, trace},
+    {"help", no_argument, nullptr, help},
+    {"version", no_argument, nullptr, version},
+    {},
+};
+
+std::vector<int> numbers(const std::string& text) {
+  std::vector<int> all;
+  std::istringstream words(text);
+  for (int number = 0; words >> number;) all.push_back(number);
+  return all;
+}
 
 std::string nonEmpty(const char* value, const std::string& name) {
   if (*value == '\0') {
@@ -70,10 +96,12 @@ void take(int option, Arguments& arguments) {
     case 'E': arguments.server.isEncrypted = true; break;
     case 's': arguments.silent = true; break;
     case ppd: arguments.ppd = nonEmpty(optarg, "--ppd"); break;
+    case check: arguments.check = true; break;
     case each: arguments.each = true; break;
     case list: arguments.list = nonEmpty(optarg, "--list"); break;
     case stop: arguments.stop = true; break;
     case wait: arguments.wait = true; break;
+    case follow: arguments.follow = numbers(optarg); break;
     case noDialog: arguments.dialog = false; break;
     case strict: arguments.strict = true; break;
     case trace: arguments.trace = true; break;
@@ -81,6 +109,15 @@ void take(int option, Arguments& arguments) {
     case version: arguments.version = true; break;
     default: break;
   }
+}
+
+/// What is checked is not printed.
+void checkCheck(const Arguments& arguments) {
+  const bool prints = !arguments.ppd.empty() || !arguments.queue.queue.empty() ||
+                      !arguments.options.empty() || !arguments.list.empty() || arguments.each ||
+                      arguments.wait || !arguments.dialog;
+  if (prints || arguments.files.empty())
+    throw UsageError(_("--check takes PPD files, and nothing that is for printing."));
 }
 
 void checkFiles(Arguments& arguments) {
@@ -127,6 +164,10 @@ Arguments parseArguments(int argc, char** argv) {
     if (arguments.help || arguments.version) return arguments;
   }
   arguments.files.assign(argv + optind, argv + argc);
+  if (arguments.check) {
+    checkCheck(arguments);
+    return arguments;
+  }
   checkTogether(arguments);
   checkFiles(arguments);
   return arguments;

@@ -17,9 +17,11 @@ struct Arguments {
   std::vector<host::Option> options;
   std::vector<std::string> files;  // or only `kStandardInput`
   std::string list;                // of jobs, a file or `kStandardInput`; empty for none
+  std::vector<int> follow;         // only tell what becomes of these jobs
   bool each = false;               // file is a job of its own
   bool stop = false;               // at the first job that cannot be sent
   bool wait = false;
+  bool check = false;  // files are PPDs to check
   bool dialog = true;
   bool silent = false;
   bool strict = false;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "apps/cardprint/Layout.h"
 #include "apps/cardprint/StandardInput.h"
 #include "dialog/TextBundle.h"
 #include "host/Error.h"
@@ -34,14 +35,16 @@ CardJob::CardJob(const Arguments& arguments, Waiter& waiter, Windows* windows, P
     : waiter_(waiter),
       windows_(windows),
       isSilent_(arguments.silent),
-      files_(arguments.files),
+      files_(before == nullptr ? arguments.files : before->files_),
       input_(before == nullptr ? nullptr : before->input_),
       queue_(printer.queue),
       printerName_(printer.name),
       ppdText_(std::move(printer.ppdText)),
-      basis_(windows == nullptr ? std::move(printer.basis) : std::nullopt),
+      serverOptions_(std::move(printer.serverOptions)),
+      basis_(windows == nullptr ? printer.basis : std::nullopt),
+      savedAttributes_(printer.basis ? printer.basis->options : std::vector<host::Option>()),
       options_(std::move(printer.ppd)),
-      leftOut_(markedFirst(printer.savedOptions, before)),
+      leftOut_(markedFirst(printer, before)),
       chosen_(before == nullptr ? chosen(arguments.options) : before->chosen_),
       panels_(host::defaultBundlePath(), bundle(), options_) {}
 
@@ -52,15 +55,22 @@ std::shared_ptr<platform::Bundle> CardJob::bundle() {
 }
 
 /// Marks what is saved, or what `before` had chosen, and answers what was left out.
-std::vector<std::string> CardJob::markedFirst(const std::vector<host::Option>& saved,
-                                              const CardJob* before) {
-  if (before == nullptr) return options_.markSaved(saved);
+std::vector<std::string> CardJob::markedFirst(const Printer& printer, const CardJob* before) {
+  std::vector<std::string> leftOut;
+  if (!printer.differences.empty()) leftOut.push_back(printer.differences);
+  const auto mark = [&](const std::vector<host::Option>& options) {
+    for (std::string& each : options_.markSaved(options)) leftOut.push_back(std::move(each));
+  };
+  if (before == nullptr) {
+    mark(printer.savedOptions);
+    return leftOut;
+  }
   const auto chosen = before->options_.options();
   const host::OptionList chosenKeys(chosen);
   std::vector<host::Option> others;
-  std::copy_if(saved.begin(), saved.end(), std::back_inserter(others),
+  std::copy_if(printer.savedOptions.begin(), printer.savedOptions.end(), std::back_inserter(others),
                [&](const host::Option& each) { return !chosenKeys.value(each.key); });
-  auto leftOut = options_.markSaved(others);
+  mark(others);
   for (std::string& each : options_.markChosen(chosen)) leftOut.push_back(std::move(each));
   return leftOut;
 }
@@ -70,11 +80,22 @@ ChosenOptions CardJob::chosen(const std::vector<host::Option>& options) {
   return choose(options_, options, keys);
 }
 
+void CardJob::usePreset(const std::string& name) {
+  // Which may have been those of the instance before.
+  setAttribute({kCopies, attribute(kCopies).value_or("1")});
+  queue_.instance = name;
+}
+
+PrintedFile CardJob::firstFile() const {
+  const bool isFile = hasFiles() && files_.front() != kStandardInput;
+  return {isFile ? files_.front() : "", chosen_.attributes};
+}
+
 std::string CardJob::send() {
   if (!hasFiles()) return summary() + optionsLine() + "\n";
   const std::string text = isSilent_ ? "" : summary();
   const std::string line = requestLine();
-  return isSilent_ ? "" : text + line + "\n";
+  return isSilent_ ? "" : text + line;
 }
 
 std::string CardJob::summary() {
@@ -104,22 +125,63 @@ std::string CardJob::requestLine() {
           return std::make_shared<const std::string>(readStandardInput());
         });
   }
-  const auto files = isInput ? std::vector<std::string>() : files_;
-  const std::string name =
-      isInput ? kStandardInputName : std::filesystem::path(files.front()).filename().string();
-  const host::Submission submission{.queue = queue_,
-                                    .title = chosen_.title.value_or(name),
-                                    .files = files,
-                                    .options = options_.options(),
-                                    .ppdText = ppdText_,
-                                    .basis = basis_,
-                                    .attributes = chosen_.attributes,
-                                    .document = input_};
-  id_ = waitedFor<int>(waiter_, _("Sending the job…"), [submission](const host::Terms& terms) {
-    return host::submitJob(submission, terms);
-  });
-  return "request id is " + queue_.queue + "-" + std::to_string(id_) + " (" +
-         std::to_string(files.size()) + " file(s))";
+  host::Submission job = submission(isInput ? kStandardInputName : files_.front());
+  if (!isInput) job.files = files_;
+  job.options = options_.options();
+  job.ppdText = ppdText_;
+  job.basis = basis_;
+  job.document = input_;
+  ids_.push_back(waitedFor<int>(waiter_, _("Sending the job…"), [job](const host::Terms& terms) {
+    return host::submitJob(job, terms);
+  }));
+  return requestLine(ids_.back(), job.files.size());
+}
+
+std::string CardJob::requestLine(int id, std::size_t files) const {
+  return "request id is " + queue_.queue + "-" + std::to_string(id) + " (" + std::to_string(files) +
+         " file(s))\n";
+}
+
+host::Submission CardJob::submission(const std::string& name) const {
+  return {.queue = queue_,
+          .title = chosen_.title.value_or(std::filesystem::path(name).filename().string()),
+          .files = {},
+          .options = {},
+          .attributes = chosen_.attributes};
+}
+
+std::vector<host::Submission> CardJob::submissions() const {
+  std::vector<host::Submission> all;
+  const auto options = options_.options();  // once: there may be many files
+  for (const std::string& file : files_) {
+    all.push_back(submission(file));
+    all.back().files = {file};
+    all.back().options = options;
+  }
+  return all;
+}
+
+std::string CardJob::sent(const std::vector<int>& ids) {
+  ids_.insert(ids_.end(), ids.begin(), ids.end());
+  if (isSilent_) return "";
+  std::string text = summary();
+  for (const int id : ids) text += requestLine(id, 1);
+  return text;
+}
+
+platform::Text CardJob::attribute(const std::string& key) const {
+  const auto own = host::OptionList(chosen_.attributes).value(key);
+  return own ? own : savedAttributes_.value(key);
+}
+
+void CardJob::setAttribute(const host::Option& attribute) {
+  host::OptionList attributes(chosen_.attributes);
+  if (attribute.value.empty()) {
+    attributes.remove(attribute.key);
+  } else {
+    attributes.set(attribute);
+  }
+  chosen_.attributes = attributes.options();
 }
 
 }  // namespace cardpanels::cardprint

@@ -18,6 +18,10 @@ std::string help() {
                  [--trace] [FILE]...
 Shows the options of a card printer, and prints FILEs with what is chosen.
 )help"),
+      _(R"help(       cardprint --check PPD...
+Tells what the panels make of a printer's PPD, by file and line.
+Exit status: 0 when nothing is wrong, 1 for warnings, 2 for errors.
+)help"),
       _(R"help(  -d QUEUE[/INSTANCE]  the queue to print on, with the options saved for it or
                        for that instance of it; the default queue otherwise
   --ppd FILE           the printer's PPD; needs no print server and prints

@@ -65,6 +65,7 @@ class Jobs {
         basis_(std::move(printer.basis)),
         options_(std::move(printer.ppd)),
         keys_(queue_.queue, waiter) {
+    if (!printer.differences.empty()) host::tellError(printer.differences);
     for (const std::string& each : options_.markSaved(printer.savedOptions)) host::tellError(each);
     saved_ = options_.state();
     for (const host::Option& each : arguments.options) checkOption(options_, each, keys_);
@@ -142,14 +143,19 @@ class Jobs {
             .files = {line.file},
             .options = options_.options(),
             .ppdText = ppdText_,
-            .basis = basis_,
             .attributes = std::move(chosen.attributes)};
   }
 
-  int sent(const host::Submission& submission) {
-    return waitedFor<int>(waiter_, _("Sending the job…"), [submission](const host::Terms& terms) {
-      return host::submitJob(submission, terms);
-    });
+  /// The queue is read again now and then, not for each job.
+  int sent(host::Submission submission) {
+    submission.basis = basis_;
+    const auto [id, basis] = waitedFor<std::pair<int, host::JobBasis>>(
+        waiter_, _("Sending the job…"), [submission](const host::Terms& terms) mutable {
+          submission.basis = host::currentBasis(submission, terms);
+          return std::pair(host::submitJob(submission, terms), *submission.basis);
+        });
+    basis_ = basis;
+    return id;
   }
 
   std::string lineOf(const JobLine& line, int id) const {
@@ -169,7 +175,7 @@ class Jobs {
   Waiter& waiter_;
   const host::QueueName queue_;
   const platform::Text ppdText_;
-  const std::optional<host::JobBasis> basis_;
+  std::optional<host::JobBasis> basis_;
   host::JobOptions options_;
   AttributeKeys keys_;
   host::JobOptions::State saved_;

@@ -18,8 +18,10 @@ struct Printer {
   host::QueueName queue;  // empty for a PPD file alone
   std::vector<host::Option> savedOptions;
   host::PPDFile ppd;
-  platform::Text ppdText;               // as the queue had it
-  std::optional<host::JobBasis> basis;  // of the queue
+  platform::Text ppdText;                        // as the queue had it
+  std::optional<host::JobBasis> basis;           // of the queue
+  std::vector<host::Option> serverOptions = {};  // what the server adds to jobs without them
+  std::string differences = {};                  // of a class's printers, a sentence; "" for none
 };
 
 /// Opens the PPD or the queue of the command line. Throws `host::Error`, and `Cancelled`.

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "apps/cardprint/DialogJob.h"
 #include "apps/cardprint/Waiter.h"
@@ -14,7 +15,8 @@ namespace cardpanels::cardprint {
 /// What a dialog came to.
 struct Choice {
   std::optional<std::string> output;  // for standard output; nothing when the user cancelled
-  std::string error;                  // why the last attempt to send the job failed; "" else
+  std::string error;                  // why the last attempt to send failed; "" else
+  std::string printer = {};           // the queue that the user wants instead; "" for none
 };
 
 /// The program's windows, from the library that brings their toolkit. What they throw is
@@ -33,9 +35,19 @@ class Windows {
   virtual std::shared_ptr<platform::Bundle> bundle(const std::string& path,
                                                    const host::JobOptions& job) = 0;
 
-  /// Lets the user choose in a dialog, which tells `told` at first, until `job` is sent or they
-  /// cancel. A job that cannot be sent is told there; but throws `host::PPDChanged`.
+  /// Lets the user choose in a dialog, which tells `told` at first, until `job` is sent, they
+  /// cancel or want another printer. A job that cannot be sent is told there; but throws
+  /// `host::PPDChanged`. For that and for another printer the dialog stays for the next call, and
+  /// `job` must live until that, or until this ends.
   virtual Choice choose(DialogJob& job, const std::string& told) = 0;
+
+  /// Shows `message` in a window until the user closes that.
+  virtual void tellError(const std::string& message) = 0;
+
+  /// Follows the jobs `ids` of `queue` until they have ended, and notifies the user on their
+  /// desktop when the printer stops and of what became of the jobs. Returns at once where the
+  /// desktop takes no notifications.
+  virtual void follow(const std::string& queue, const std::vector<int>& ids) = 0;
 };
 
 /// The shared object with the windows, beside the platform library.

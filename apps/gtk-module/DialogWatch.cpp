@@ -8,7 +8,7 @@
 
 #include "apps/gtk-module/PageLibrary.h"
 #include "apps/gtk-module/PrinterOptions.h"
-#include "dialog/CardKeys.h"
+#include "host/CardKeys.h"
 
 namespace cardpanels::gtkmodule {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 bool isCardKey(const char* name) {
   if (name == nullptr || !g_str_has_prefix(name, kOptionPrefix)) return false;
   const char* const keyword = name + std::strlen(kOptionPrefix);
-  return std::any_of(std::begin(dialog::kCardKeys), std::end(dialog::kCardKeys),
+  return std::any_of(std::begin(host::kCardKeys), std::end(host::kCardKeys),
                      [keyword](const char* key) { return std::strcmp(keyword, key) == 0; });
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "apps/gtk-module/PaperSizes.h"
 #include "apps/gtk-module/PrinterOptions.h"
 
 namespace cardpanels::gtkmodule {
@@ -60,6 +61,12 @@ GtkWidget* childNamed(GtkWidget* dialog, const char* name) {
     if (own != nullptr && std::strcmp(own, name) == 0) found = each;
   });
   return found;
+}
+
+/// The PPD's keyword; "" for none.
+std::string pageSizeOf(GtkPageSetup* setup) {
+  const char* const name = gtk_paper_size_get_ppd_name(gtk_page_setup_get_paper_size(setup));
+  return name == nullptr ? "" : name;
 }
 
 void hideWithLabels(GtkWidget* widget) {
@@ -134,8 +141,9 @@ UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
     : dialog_(dialog),
       conflictSign_(childNamed(GTK_WIDGET(dialog), "conflicts_widget")),
       paperSizes_(childNamed(GTK_WIDGET(dialog), "paper_size_combo")),
+      copies_(childNamed(GTK_WIDGET(dialog), "copies_spin")),
       guard_(dialog) {
-  for (GtkWidget* each : {conflictSign_, paperSizes_}) {
+  for (GtkWidget* each : {conflictSign_, paperSizes_, copies_}) {
     if (each != nullptr) g_object_ref(each);
   }
   if (conflictSign_ != nullptr) {
@@ -143,16 +151,17 @@ UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
                              G_CALLBACK(+[](UnixPrintDialog* shown) { shown->denyConflict(); }),
                              this);
   }
-  if (paperSizes_ != nullptr) {
-    const bool isComboBox = g_signal_lookup("changed", G_OBJECT_TYPE(paperSizes_)) != 0;
-    g_signal_connect_swapped(paperSizes_, isComboBox ? "changed" : "notify::selected",
-                             G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }),
-                             this);
+  for (const auto& [widget, signal] : {std::pair(paperSizes_, selectionSignal(paperSizes_)),
+                                       std::pair(copies_, "value-changed")}) {
+    if (widget == nullptr) continue;
+    g_signal_connect_swapped(
+        widget, signal, G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }),
+        this);
   }
 }
 
 UnixPrintDialog::~UnixPrintDialog() {
-  for (GtkWidget* each : {conflictSign_, paperSizes_}) {
+  for (GtkWidget* each : {conflictSign_, paperSizes_, copies_}) {
     if (each == nullptr) continue;
     g_signal_handlers_disconnect_by_data(each, this);
     g_object_unref(each);
@@ -207,9 +216,22 @@ std::vector<Option> UnixPrintDialog::options() const {
 
 std::string UnixPrintDialog::pageSize() const {
   GtkPageSetup* const setup = gtk_print_unix_dialog_get_page_setup(dialog_);
-  if (setup == nullptr) return {};
-  const char* const name = gtk_paper_size_get_ppd_name(gtk_page_setup_get_paper_size(setup));
-  return name == nullptr ? "" : name;
+  return setup == nullptr ? "" : pageSizeOf(setup);
+}
+
+void UnixPrintDialog::setPageSize(const std::string& size) {
+  if (paperSizes_ == nullptr) return;
+  selectPageSetup(paperSizes_, [&size](GtkPageSetup* setup) { return pageSizeOf(setup) == size; });
+}
+
+std::string UnixPrintDialog::copies() const {
+  if (copies_ == nullptr || !GTK_IS_SPIN_BUTTON(copies_)) return "1";
+  return std::to_string(gtk_spin_button_get_value_as_int(GTK_SPIN_BUTTON(copies_)));
+}
+
+void UnixPrintDialog::setCopies(const std::string& copies) {
+  if (copies_ == nullptr || !GTK_IS_SPIN_BUTTON(copies_)) return;
+  gtk_spin_button_set_value(GTK_SPIN_BUTTON(copies_), g_ascii_strtod(copies.c_str(), nullptr));
 }
 
 void UnixPrintDialog::set(const Option& option) {

@@ -21,7 +21,7 @@ class UnixPrintDialog : public dialog::PrintDialog {
   explicit UnixPrintDialog(GtkPrintUnixDialog* dialog);
   ~UnixPrintDialog() override;
 
-  /// Called from the main loop, some time after options or the page size have changed.
+  /// Called from the main loop, some time after options, the page size or the copies have changed.
   void setChanged(std::function<void()> changed) { changed_ = std::move(changed); }
 
   /// Whether GTK's own sign that options conflict is wrong, asked when it appears.
@@ -32,6 +32,9 @@ class UnixPrintDialog : public dialog::PrintDialog {
 
   std::vector<host::Option> options() const override;
   std::string pageSize() const override;
+  void setPageSize(const std::string& size) override;
+  std::string copies() const override;
+  void setCopies(const std::string& copies) override;
   void set(const host::Option& option) override;
   void showStatus(const dialog::PageStatus& status) override;
 
@@ -57,8 +60,10 @@ class UnixPrintDialog : public dialog::PrintDialog {
 
   GtkPrintUnixDialog* dialog_;
   std::vector<std::unique_ptr<Control>> controls_;
-  GtkWidget* conflictSign_;  // null where GTK calls it otherwise
-  GtkWidget* paperSizes_;    // null where GTK calls them otherwise
+  // Null where GTK calls them otherwise.
+  GtkWidget* conflictSign_;
+  GtkWidget* paperSizes_;
+  GtkWidget* copies_;
   PrintGuard guard_;
   dialog::PageStatus status_;
   std::function<void()> changed_;

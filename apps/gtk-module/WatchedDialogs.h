@@ -12,6 +12,7 @@
 
 #include "dialog/Captions.h"
 #include "dialog/DialogSession.h"
+#include "dialog/PresetWork.h"
 #include "dialog/QueueReading.h"
 #include "host/Error.h"
 #include "host/PlugInLibrary.h"
@@ -79,7 +80,8 @@ class WatchedDialogs {
     explicit WatchedDialog(GtkPrintUnixDialog* dialog)
         : dialog_(dialog),
           session_(dialog_, dialog::readQueueOnThread(gtk::postToMainLoop),
-                   dialog::watchStateOnThread(gtk::postToMainLoop), makePanels) {
+                   dialog::watchStateOnThread(gtk::postToMainLoop), makePanels,
+                   dialog::workOnPresetsOnThread(gtk::postToMainLoop)) {
       dialog_.setChanged([this] { session_.dialogChanged(); });
       dialog_.setConflictDenied([this] { return session_.knowsNoConflict(); });
     }

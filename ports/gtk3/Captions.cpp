@@ -42,24 +42,6 @@ void collect(Gtk::Widget& widget, const Place& place, const dialog::Captions& ca
   }
 }
 
-void setName(Gtk::Widget& control, const std::string& name) {
-  control.get_accessible()->set_name(name);
-  if (!GTK_IS_COMBO_BOX(control.gobj())) return;
-  // The focus is on the button inside, which is what is told then.
-  gtk_container_forall(
-      GTK_CONTAINER(control.gobj()),
-      [](GtkWidget* part, gpointer text) {
-        const auto nameButton = [](GtkWidget* each, gpointer given) {
-          if (GTK_IS_TOGGLE_BUTTON(each)) {
-            atk_object_set_name(gtk_widget_get_accessible(each), static_cast<const char*>(given));
-          }
-        };
-        nameButton(part, text);
-        if (GTK_IS_CONTAINER(part)) gtk_container_forall(GTK_CONTAINER(part), nameButton, text);
-      },
-      const_cast<char*>(name.c_str()));
-}
-
 /// A pop-up goes by its caption; a field, whose row has one for four, by its own name.
 void nameControls(Gtk::Widget& widget, const dialog::Captions& captions) {
   if (GTK_IS_COMBO_BOX(widget.gobj()) || GTK_IS_ENTRY(widget.gobj())) {
@@ -70,7 +52,10 @@ void nameControls(Gtk::Widget& widget, const dialog::Captions& captions) {
       if (!title) title = dialog::titleByName(captions, label->get_name().raw());
       if (!title && widget.get_accessible()->get_name().empty()) title = label->get_text().raw();
     }
-    if (title) setName(widget, *title);
+    if (title) {
+      forEachAccessible(widget,
+                        [&](AtkObject* each) { atk_object_set_name(each, title->c_str()); });
+    }
   }
   auto* const container = dynamic_cast<Gtk::Container*>(&widget);
   if (container == nullptr) return;
@@ -78,6 +63,22 @@ void nameControls(Gtk::Widget& widget, const dialog::Captions& captions) {
 }
 
 }  // namespace
+
+void forEachAccessible(Gtk::Widget& control, const Visit& visit) {
+  visit(gtk_widget_get_accessible(control.gobj()));
+  if (!GTK_IS_COMBO_BOX(control.gobj())) return;
+  gtk_container_forall(
+      GTK_CONTAINER(control.gobj()),
+      [](GtkWidget* part, gpointer data) {
+        const auto visitButton = [](GtkWidget* each, gpointer given) {
+          if (!GTK_IS_TOGGLE_BUTTON(each)) return;
+          (*static_cast<Visit*>(given))(gtk_widget_get_accessible(each));
+        };
+        visitButton(part, data);
+        if (GTK_IS_CONTAINER(part)) gtk_container_forall(GTK_CONTAINER(part), visitButton, data);
+      },
+      const_cast<Visit*>(&visit));
+}
 
 void giveCaptions(Gtk::Widget& top, const dialog::Captions& captions) {
   Labels found;

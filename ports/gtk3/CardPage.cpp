@@ -48,9 +48,11 @@ void tabThrough(Gtk::Container& container, const std::vector<Gtk::Widget*>& orde
 
 CardPage::CardPage(host::PanelDriver& driver)
     : Gtk::Box(Gtk::ORIENTATION_VERTICAL),
+      presetBar_([this]() -> dialog::Presets& { return *page_->presets(); }),
       help_([this] { return page_->help(); }),
       page_(new dialog::Page(driver, *this)) {
   pack_start(noticeBar_, Gtk::PACK_SHRINK);
+  pack_start(presetBar_, Gtk::PACK_SHRINK);
   if (page_->sections().empty()) {
     pack_start(*newText(dialog::Page::nothingToChoose()), Gtk::PACK_EXPAND_WIDGET);
   } else {
@@ -61,6 +63,7 @@ CardPage::CardPage(host::PanelDriver& driver)
 }
 
 CardPage::~CardPage() {
+  pictures_.clear();
   page_.reset();
   // The views may live on with their panels.
   for (Gtk::ScrolledWindow* frame : frames_) {
@@ -99,7 +102,7 @@ void CardPage::addSections() {
   columns->attach(*scroller, 0, 0);
   pack_start(*columns, Gtk::PACK_EXPAND_WIDGET);
   tabThrough(*columns, {scroller, &stack_, foot});
-  tabThrough(*this, {columns, &noticeBar_});
+  tabThrough(*this, {&presetBar_, columns, &noticeBar_});
 
   for (const auto& section : page_->sections()) addSection(section.name);
   frames_.back()->add(summary_);
@@ -135,6 +138,10 @@ int CardPage::naturalWidth() {
   get_preferred_width(least, natural);
   for (std::size_t i = 0; i < frames_.size(); ++i) emphasizeCaptions(*frames_[i], emphasized_[i]);
   return natural - inside + widest;
+}
+
+void CardPage::focusSections() {
+  if (auto* const row = sidebar_.get_selected_row()) row->grab_focus();
 }
 
 void CardPage::widenWindowWhenSeen() {
@@ -191,6 +198,22 @@ void CardPage::showSection(std::size_t section) {
 void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
   frames_[section]->add(dynamic_cast<WidgetView&>(*view).widget());
   frames_[section]->show_all();
+}
+
+void CardPage::addPicture(std::size_t /*section*/,
+                          const std::shared_ptr<dialog::CardPicture>& picture,
+                          const std::shared_ptr<platform::View>& fields) {
+  auto& view = dynamic_cast<WidgetView&>(*fields);
+  pictures_.push_back(std::make_unique<PictureFrame>(picture, view.widget()));
+  pictures_.back()->view().setGround(grounds_.at(picture->scene().isBack ? 1 : 0));
+}
+
+void CardPage::showDocument(const std::array<CardGround, 2>& sides) {
+  grounds_ = sides;
+  for (const auto& each : pictures_) {
+    CardView& view = each->view();
+    view.setGround(grounds_.at(view.picture().scene().isBack ? 1 : 0));
+  }
 }
 
 void CardPage::fillSectionWithText(std::size_t section, const std::string& text) {

@@ -6,6 +6,7 @@
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/stack.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <set>
@@ -17,6 +18,8 @@
 #include "ports/gtk3/HelpButton.h"
 #include "ports/gtk3/NoticeBar.h"
 #include "ports/gtk3/PageKeys.h"
+#include "ports/gtk3/PictureFrame.h"
+#include "ports/gtk3/PresetBar.h"
 #include "ports/gtk3/Sidebar.h"
 #include "ports/gtk3/SummaryGrid.h"
 
@@ -37,6 +40,12 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   /// show. Loads all of them.
   int naturalWidth();
 
+  /// Gives the focus to the list of sections, in a window that has given it to nothing yet.
+  void focusSections();
+
+  /// Shows what the document has on front and back behind the areas.
+  void showDocument(const std::array<CardGround, 2>& sides);
+
   /// Has the window become wide enough for `naturalWidth`, within the monitor, when the page is
   /// first seen. For a window that another program makes.
   void widenWindowWhenSeen();
@@ -48,11 +57,14 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
  private:
   void showSection(std::size_t section) override;
   void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) override;
+  void addPicture(std::size_t section, const std::shared_ptr<dialog::CardPicture>& picture,
+                  const std::shared_ptr<platform::View>& fields) override;
   void fillSectionWithText(std::size_t section, const std::string& text) override;
   void showSummary(const dialog::Summary& summary) override;
   void markRow(std::size_t section, const std::string& why) override;
   void emphasize(std::size_t section, const std::set<std::string>& keys) override;
   void showNotices(const dialog::Notices& notices) override;
+  void showPresets(const dialog::PresetRow& row) override { presetBar_.display(row); }
   void allowReset(bool allowed) override { resetButton_.set_sensitive(allowed); }
   void later(std::function<void()> task) override;
 
@@ -64,6 +76,7 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   void rowSelected(Gtk::ListBoxRow* row);
 
   NoticeBar noticeBar_;
+  PresetBar presetBar_;
   Sidebar sidebar_;
   Gtk::Button resetButton_;
   HelpButton help_;
@@ -71,6 +84,8 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   SummaryGrid summary_;
   std::vector<Gtk::ScrolledWindow*> frames_;       // a section each
   std::vector<std::set<std::string>> emphasized_;  // the options in bold there
+  std::vector<std::unique_ptr<PictureFrame>> pictures_;
+  std::array<CardGround, 2> grounds_;  // front and back
   std::unique_ptr<dialog::Page> page_;
   std::unique_ptr<PageKeys> keys_;
   sigc::connection seen_;

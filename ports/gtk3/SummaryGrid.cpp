@@ -1,7 +1,6 @@
 #include "ports/gtk3/SummaryGrid.h"
 
-#include <algorithm>
-#include <numeric>
+#include <utility>
 
 #include "ports/gtk3/Emphasis.h"
 #include "ports/gtk3/RemoveChildren.h"
@@ -15,8 +14,8 @@ constexpr int kRowSpacing = 6;
 constexpr int kGroupSpacing = 12;
 constexpr int kIndent = 12;
 
-Gtk::Label* newLabel(const std::string& text) {
-  auto* const label = Gtk::make_managed<Gtk::Label>(text);
+Gtk::Label* newLabel() {
+  auto* const label = Gtk::make_managed<Gtk::Label>();
   label->set_xalign(0);
   label->set_yalign(0);
   label->set_line_wrap();
@@ -24,22 +23,8 @@ Gtk::Label* newLabel(const std::string& text) {
   return label;
 }
 
-Gtk::Label* newHeading(const std::string& text) {
-  auto* const heading = newLabel(text);
-  makeBold(*heading, true);
-  heading->get_accessible()->set_role(Atk::ROLE_HEADING);
-  return heading;
-}
-
-int height(const dialog::SummaryEntry& entry) {
-  const bool hasLine = !entry.title.empty() || !entry.value.empty();
-  return (hasLine ? 1 : 0) + (entry.remark.empty() ? 0 : 1);
-}
-
-int height(const dialog::SummaryGroup& group) {
-  if (group.entries.empty()) return 0;
-  return std::accumulate(group.entries.begin(), group.entries.end(), 1,
-                         [](int sum, const auto& entry) { return sum + height(entry); });
+bool hasLine(const dialog::SummaryEntry& entry) {
+  return !entry.title.empty() || !entry.value.empty();
 }
 
 /// Tells assistive technology that `title` is what `value` is called.
@@ -59,40 +44,58 @@ SummaryGrid::SummaryGrid() {
 }
 
 void SummaryGrid::display(const dialog::Summary& summary) {
+  if (auto parts = partsOf(summary); parts != parts_) makeLabels(std::move(parts));
+  auto label = labels_.begin();
+  const auto show = [&label](const std::string& text) { (*label++)->set_text(text); };
+  for (const dialog::SummaryGroup& group : summary) {
+    if (group.entries.empty()) continue;
+    show(group.name);
+    for (const dialog::SummaryEntry& entry : group.entries) {
+      if (hasLine(entry)) {
+        show(entry.title);
+        makeBold(**label, entry.differs);
+        show(entry.value);
+      }
+      if (!entry.remark.empty()) show(entry.remark);
+    }
+  }
+}
+
+std::vector<SummaryGrid::Part> SummaryGrid::partsOf(const dialog::Summary& summary) {
+  std::vector<Part> parts;
+  for (const dialog::SummaryGroup& group : summary) {
+    if (group.entries.empty()) continue;
+    parts.push_back(Part::heading);
+    for (const dialog::SummaryEntry& entry : group.entries) {
+      if (hasLine(entry)) parts.insert(parts.end(), {Part::title, Part::value});
+      if (!entry.remark.empty()) parts.push_back(Part::remark);
+    }
+  }
+  return parts;
+}
+
+void SummaryGrid::makeLabels(std::vector<Part> parts) {
   removeChildren(*this);
-  int row = 0;
-  for (const auto& group : summary) row += height(group);
+  parts_ = std::move(parts);
+  labels_.assign(parts_.size(), nullptr);
   // From the end to the start: assistive technology reads a grid's last child first.
-  std::for_each(summary.rbegin(), summary.rend(), [&](const dialog::SummaryGroup& group) {
-    if (group.entries.empty()) return;
-    std::for_each(group.entries.rbegin(), group.entries.rend(),
-                  [&](const dialog::SummaryEntry& entry) { attachEntry(row, entry); });
-    auto* const heading = newHeading(group.name);
-    if (--row > 0) heading->set_margin_top(kGroupSpacing);
-    attach(*heading, 0, row, 2, 1);
-  });
+  for (std::size_t i = parts_.size(), row = i; i-- > 0;) {
+    Gtk::Label* const label = labels_[i] = newLabel();
+    if (parts_[i] != Part::title) --row;
+    const bool isInColumn = parts_[i] == Part::title || parts_[i] == Part::value;
+    attach(*label, parts_[i] == Part::value ? 1 : 0, static_cast<int>(row), isInColumn ? 1 : 2, 1);
+    switch (parts_[i]) {
+      case Part::heading:
+        makeBold(*label, true);
+        label->get_accessible()->set_role(Atk::ROLE_HEADING);
+        if (i > 0) label->set_margin_top(kGroupSpacing);
+        break;
+      case Part::value: label->set_hexpand(); break;
+      case Part::title: relate(*label, *labels_[i + 1]); [[fallthrough]];
+      case Part::remark: label->set_margin_start(kIndent); break;
+    }
+  }
   show_all_children();
-}
-
-void SummaryGrid::attachEntry(int& row, const dialog::SummaryEntry& entry) {
-  if (!entry.remark.empty()) attachText(--row, entry.remark);
-  if (entry.title.empty() && entry.value.empty()) return;
-  --row;
-  auto* const title = newLabel(entry.title);
-  title->set_margin_start(kIndent);
-  auto* const value = newLabel(entry.value);
-  makeBold(*value, entry.differs);
-  value->set_hexpand();
-  relate(*title, *value);
-  attach(*value, 1, row);
-  attach(*title, 0, row);
-}
-
-/// Over both columns.
-void SummaryGrid::attachText(int row, const std::string& text) {
-  auto* const label = newLabel(text);
-  label->set_margin_start(kIndent);
-  attach(*label, 0, row, 2, 1);
 }
 
 }  // namespace cardpanels::gtk3

@@ -54,6 +54,7 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   void markRow(std::size_t section, const std::string& why) override;
   void emphasize(std::size_t section, const std::set<std::string>& keys) override;
   void showNotices(const dialog::Notices& notices) override;
+  void showPresets(const dialog::PresetRow& /*row*/) override {}
   void allowReset(bool allowed) override { resetButton_.set_sensitive(allowed); }
   void later(std::function<void()> task) override;
 

@@ -276,6 +276,40 @@ def one_flip_only():
     return ['*cupsUIConstraints: "*entryCardFlip *magEncodeCardFlip"']
 
 
+# Where choices lie on a CR80 card, from its top left corner: choice, X, Y, width and height. A choice
+# of several parts has a row for each.
+
+CHIP = "10mm 19mm 13mm 12mm"
+STRIPE = "0mm 4mm 85.6mm 13mm"
+PEEL_OFF_PLACES = [
+    ("Chip", CHIP),
+    ("WideChip", "8mm 17mm 17mm 16mm"),
+    ("Stripe", STRIPE),
+    ("WideStripe", "0mm 3mm 85.6mm 16mm"),
+    ("ChipStripe", CHIP),
+    ("ChipStripe", STRIPE),
+]
+RESIN_PLACES = [
+    ("TopHalf", "0mm 0mm 85.6mm 27mm"),
+    ("BottomHalf", "0mm 27mm 85.6mm 27mm"),
+    ("LeftHalf", "0mm 0mm 42.8mm 54mm"),
+    ("RightHalf", "42.8mm 0mm 42.8mm 54mm"),
+]
+
+
+def places(groups):
+    """The lines that tell where choices lie; the origin stands before them."""
+    keywords = {option.keyword for _, options in groups for option in options}
+    lines = [
+        f'*cardpanelsArea {keyword}.{choice}: "{place}"'
+        for ending, known in (("Resin", RESIN_PLACES), ("PO", PEEL_OFF_PLACES))
+        for keyword in (f"front{ending}", f"back{ending}")
+        if keyword in keywords
+        for choice, place in known
+    ]
+    return ["*cardpanelsOrigin: TopLeft", *lines] if lines else []
+
+
 # The PPDs.
 
 
@@ -417,7 +451,7 @@ def translations(printer, language):
 
 
 def ppd(printer):
-    lines = header(printer) + printer.constraints + page_options()
+    lines = header(printer) + places(printer.groups) + printer.constraints + page_options()
     for group, options in printer.groups:
         lines += group_lines(group, options)
     for language in range(1, len(LANGUAGES)):

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "dialog/CardKeys.h"
 #include "dialog/DialogSession.h"
+#include "host/CardKeys.h"
 #include "ports/headless/HeadlessBundle.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/FakePageView.h"
@@ -22,6 +22,11 @@ class FakeDialog : public PrintDialog {
  public:
   std::vector<Option> options() const override { return values; }
   std::string pageSize() const override { return size; }
+  void setPageSize(const std::string& wanted) override {
+    if (wanted != hidden) size = wanted;
+  }
+  std::string copies() const override { return copiesChosen; }
+  void setCopies(const std::string& wanted) override { copiesChosen = wanted; }
   void set(const Option& option) override {
     if (option.value == hidden) return;
     for (Option& each : values) {
@@ -52,6 +57,7 @@ class FakeDialog : public PrintDialog {
 
   std::vector<Option> values;
   std::string size = "CR80";
+  std::string copiesChosen = "1";
   std::string hidden;  // a choice that the dialog does not offer
   std::string text;
   host::PanelHost* panels = nullptr;
@@ -98,6 +104,8 @@ class Sessions : public testing::Test {
   std::weak_ptr<int> watching;
   std::string watchedQueue;
   std::function<void(StateRead)> stateChanged;
+  std::string presetsOf;
+  std::function<void(PresetsRead)> presetsDone;
   DialogSession session{dialog,
                         [this](const std::string& queue, std::function<void(QueueRead)> then) {
                           auto token = std::make_shared<int>();
@@ -117,6 +125,11 @@ class Sessions : public testing::Test {
                           return std::make_unique<host::PanelHost>(
                               test::builtBundle(),
                               std::make_shared<headless::HeadlessBundle>(test::builtBundle()), job);
+                        },
+                        [this](const PresetTask& task, std::function<void(PresetsRead)> then) {
+                          presetsOf = task.name.queue;
+                          presetsDone = std::move(then);
+                          return std::make_shared<int>();
                         }};
 };
 
@@ -254,7 +267,7 @@ TEST_F(Sessions, NothingReachesADialogThatHasAnotherPrinter) {
 }
 
 TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
-  for (const char* key : kCardKeys) {
+  for (const char* key : host::kCardKeys) {
     session.selectPrinter("card");
     const auto ppd = test::testPPD({test::testOption(key, key, 13)});
     done({host::openPPD(folder.write("one.ppd", ppd)), {}});
@@ -263,13 +276,57 @@ TEST_F(Sessions, EveryCardKeyMakesAPanelAndEveryPanelHasOne) {
   session.selectPrinter("card");
   done({host::openPPD(test::duplexPPD()), {}});
   ASSERT_NE(dialog.panels, nullptr);
-  std::vector<std::string> known(std::begin(kCardKeys), std::end(kCardKeys));
+  std::vector<std::string> known(std::begin(host::kCardKeys), std::end(host::kCardKeys));
   for (const std::string& key : dialog.panels->claimedKeys()) {
     const bool isArea = key.find("Peel") != std::string::npos ||
                         key.find("Include") != std::string::npos ||
                         key.find("Exclude") != std::string::npos;
     EXPECT_TRUE(isArea || std::find(known.begin(), known.end(), key) != known.end()) << key;
   }
+}
+
+TEST_F(Sessions, ChoosingAPresetSetsTheDialogsOwnControls) {
+  open({{"cardLaminate", "None"}, {"coating", "Choice0"}, {"frontResinInclude1", "Default"}});
+  EXPECT_EQ(presetsOf, "card");
+  presetsDone({{{},
+                {"visitors",
+                 false,
+                 {{"cardLaminate", "Front"},
+                  {"PageSize", "CR79"},
+                  {"copies", "3"},
+                  {"coating", "Choice1"}}}}});
+  EXPECT_EQ(dialog.copiesChosen, "1");
+  ASSERT_EQ(dialog.view.presets.entries.size(), 2U);
+  dialog.page->presets()->choose(1);
+  EXPECT_EQ(dialog.value("cardLaminate"), "Front");
+  EXPECT_EQ(dialog.value("coating"), "Choice1");
+  EXPECT_EQ(dialog.size, "CR79");
+  EXPECT_EQ(dialog.copiesChosen, "3");
+  session.dialogChanged();
+  dialog.view.rest();
+  EXPECT_EQ(dialog.view.presets.state, "");
+  EXPECT_THAT(told(), HasSubstr("cannot be “Front Side” while “Coating” is “Choice 1”"));
+  dialog.copiesChosen = "1";
+  session.dialogChanged();
+  dialog.view.rest();
+  EXPECT_EQ(dialog.view.presets.state, "Modified");
+}
+
+TEST_F(Sessions, APageSizeThatTheDialogDoesNotHaveIsTold) {
+  open({{"cardLaminate", "None"}});
+  dialog.hidden = "CR79";
+  presetsDone({{{}, {"visitors", false, {{"PageSize", "CR79"}}}}});
+  dialog.page->presets()->choose(1);
+  EXPECT_EQ(dialog.size, "CR80");
+  EXPECT_THAT(told(), HasSubstr("“Card Size” cannot be “CR-79” in this dialog."));
+  EXPECT_EQ(dialog.view.presets.state, "Modified");
+}
+
+TEST_F(Sessions, ASizeOfTheProgramsThatThePrinterLacksStaysAtTheStart) {
+  dialog.size = "A4";
+  open({{"cardLaminate", "None"}});
+  presetsDone({{{}}});
+  EXPECT_EQ(dialog.size, "A4");
 }
 
 }  // namespace

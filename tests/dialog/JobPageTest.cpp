@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "dialog/CardPicture.h"
 #include "dialog/Page.h"
 #include "host/PPDFile.h"
 #include "host/PanelHost.h"
@@ -306,6 +307,20 @@ TEST_F(JobPages, TheSummaryTellsTheCardAndItsAreas) {
       EXPECT_EQ(group.name, "Ribbon and Resin");
     }
   }
+}
+
+TEST_F(JobPages, ShowInThePictureWhatAPanelHasWhenItAppears) {
+  open();
+  job->mark("frontPO", "DefinedAreas");
+  job->mark("CustomfrontPeelOff1", "Custom.1in 0.4in 0.55in 0.5in");
+  start();
+  page->prepareAll();
+  view.rest();
+  const std::size_t section = sectionOf("PeelOffPanelPDE");
+  ASSERT_EQ(view.pictures[section].size(), 2U);
+  page->select(section);
+  EXPECT_EQ(view.pictures[section][0]->scene().shapes.size(), 1U);
+  EXPECT_FALSE(view.pictures[section][1]->scene().isShown);
 }
 
 }  // namespace

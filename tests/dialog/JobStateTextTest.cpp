@@ -19,5 +19,15 @@ TEST(JobStateText, TellsHowAJobEndedAndWhy) {
       "Job aborted · Given up by the print server · Ribbon torn · Filter failed");
 }
 
+TEST(JobStateText, TellsHowFarAJobIs) {
+  EXPECT_EQ(jobLine({IPP_JSTATE_PENDING, {"printer-stopped"}}), "Waiting · Printer stopped");
+  EXPECT_EQ(jobLine({IPP_JSTATE_PROCESSING, {"job-printing"}, "Page 1"}), "Printing · Page 1");
+  EXPECT_EQ(jobLine({IPP_JSTATE_HELD, {"job-hold-until-specified"}}),
+            "Held · Job hold until specified");
+  EXPECT_EQ(jobLine({IPP_JSTATE_COMPLETED, {"job-completed-successfully"}, "Rendering completed"}),
+            "Printed");
+  EXPECT_EQ(jobLine({IPP_JSTATE_CANCELED}), "Job cancelled");
+}
+
 }  // namespace
 }  // namespace cardpanels::dialog

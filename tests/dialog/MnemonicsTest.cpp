@@ -14,6 +14,12 @@ TEST(Mnemonics, AreTheFilesWhereTheTitleHasThem) {
   EXPECT_THAT(withMnemonics({{"Front re_sin", "FRONT RESIN"}}, {}), ElementsAre("FRONT RE_SIN"));
 }
 
+TEST(Mnemonics, StandAtTheStartOfAWordRatherThanEarlierInAnother) {
+  EXPECT_THAT(withMnemonics({{"_Resin", "Front Resin"}, {"_Flip", "Flip off"}}, {}),
+              ElementsAre("Front _Resin", "_Flip off"));
+  EXPECT_THAT(withMnemonics({{"_N", "sand and none"}}, {}), ElementsAre("sand and _none"));
+}
+
 TEST(Mnemonics, OfACaptionWithoutTitleAreTheFiles) {
   EXPECT_THAT(withMnemonics({{"Back re_sin", std::nullopt}, {"リボン(_F)", std::nullopt}}, {}),
               ElementsAre("Back re_sin", "リボン(_F)"));

@@ -63,8 +63,10 @@ class PanelHelpFromTheBottom : public PanelHelp {
   static std::string changed() {
     static const test::TemporaryFolder folder;
     std::stringstream text;
-    text << std::ifstream(test::duplexPPD()).rdbuf() << "*cardpanelsOrigin: BottomLeft\n";
-    return folder.write("bottom.ppd", text.str());
+    text << std::ifstream(test::duplexPPD()).rdbuf();
+    std::string changed = text.str();
+    changed.replace(changed.find("TopLeft"), std::string("TopLeft").size(), "BottomLeft");
+    return folder.write("bottom.ppd", changed);
   }
 };
 

@@ -6,18 +6,16 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <condition_variable>
 #include <cstring>
-#include <deque>
 #include <filesystem>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <thread>
 
 #include "dialog/PrinterStateText.h"
 #include "dialog/StateWatch.h"
 #include "host/Submission.h"
+#include "tests/support/MainLoop.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/TestPPD.h"
 
@@ -26,40 +24,7 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr auto kPatience = std::chrono::seconds(20);
-
-/// The dialog's main loop, run by the test.
-class MainLoop {
- public:
-  Post post() {
-    return [this](std::function<void()> task) {
-      const std::lock_guard lock(mutex_);
-      tasks_.push_back(std::move(task));
-      posted_.notify_one();
-    };
-  }
-
-  /// Runs tasks until `condition` holds; false when it does not within `time`.
-  bool runUntil(const std::function<bool()>& condition,
-                std::chrono::milliseconds time = kPatience) {
-    const auto end = std::chrono::steady_clock::now() + time;
-    std::unique_lock lock(mutex_);
-    while (!condition()) {
-      if (!posted_.wait_until(lock, end, [this] { return !tasks_.empty(); })) return false;
-      const auto task = std::move(tasks_.front());
-      tasks_.pop_front();
-      lock.unlock();
-      task();
-      lock.lock();
-    }
-    return true;
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable posted_;
-  std::deque<std::function<void()>> tasks_;
-};
+using test::MainLoop;
 
 /// Watches the queue `card` and keeps the line last told.
 class Watching {

@@ -160,5 +160,17 @@ TEST_F(KeptConnections, AskAgainForAQueueThatWasReadLongAgo) {
   EXPECT_EQ(requests_, 4);
 }
 
+TEST_F(KeptConnections, ReadAQueueOfLongAgoOnceForManyJobs) {
+  const OddServer server([this](Client& client) { serve(client); });
+  Queue queue = openQueue({"card", ""}, terms_);
+  queue.basis.read -= std::chrono::minutes(1);
+  Submission job{queue.name, "Badge", {badge_}, {}, queue.ppdText, queue.basis};
+  for (int i = 0; i < 3; ++i) {
+    job.basis = currentBasis(job, terms_);
+    EXPECT_EQ(submitJob(job, terms_), 17);
+  }
+  EXPECT_EQ(requests_, 2 + 2 + 3 * 2);
+}
+
 }  // namespace
 }  // namespace cardpanels::host

@@ -10,6 +10,7 @@
 #include "host/Error.h"
 #include "host/PPDFile.h"
 #include "tests/support/Process.h"
+#include "tests/support/ScopedLocale.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
@@ -349,6 +350,7 @@ TEST_F(OpenPPD, TextsAreInTheUsersLanguage) {
   const std::string path =
       write(with("*cupsLanguages: \"en de\"\n*de.Translation cardLaminate/Kartenlaminat: \"\"\n"
                  "*de.cardLaminate Front/Vorderseite: \"\"\n"));
+  const test::ScopedLocale plain(LC_ALL, "C");  // LANG tells the language
   const char* const before = std::getenv("LANG");
   const std::string language = before == nullptr ? "" : before;
   setenv("LANG", "de_DE.UTF-8", 1);

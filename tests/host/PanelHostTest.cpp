@@ -164,6 +164,36 @@ TEST_F(Host, ManyRequestsOfOneOperationAreToldOnce) {
   EXPECT_EQ(dialog.messages.size(), before + 1);
 }
 
+TEST(Hosts, TellEachRefusalOfOneOperationInALineOfItsOwn) {
+  const test::RecordedLog log;
+  std::string areas =
+      test::testAreaOption("CustomfrontPeelOff1") + test::testAreaOption("CustomfrontPeelOff2");
+  for (std::size_t at = 0; (at = areas.find("0 83")) != std::string::npos;)
+    areas.replace(at, 4, "0 10");
+  JobOptions job = jobOf(test::testPPD({test::testOption("frontPO", "Front Peel-Off", 14)}, areas));
+  job.mark("frontPO", "Choice12");
+  Dialog dialog;
+  PanelHost host(test::builtBundle(),
+                 std::make_shared<headless::HeadlessBundle>(test::builtBundle()), job);
+  host.setObserver(&dialog);
+  const auto panel = host.panels().front();
+  host.view(panel);
+  host.show(panel);
+  auto& owner = dynamic_cast<platform::NibOwner&>(*panel);
+  for (const std::string field : {"frontPeelOffField1_", "frontPeelOffField2_"}) {
+    for (const char* part : {"X", "Y", "Width", "Height"}) {
+      std::dynamic_pointer_cast<platform::TextField>(owner.outletNamed(field + part)->view(owner))
+          ->setStringValue("1in");
+    }
+  }
+  dialog.messages.clear();
+  host.storeTyped(panel);
+  ASSERT_EQ(dialog.messages.size(), 1U);
+  const std::string& told = dialog.messages.front();
+  EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+  EXPECT_NE(told.front(), '\n');
+}
+
 // The PPD has two of the twelve options.
 TEST_F(Host, AreasThatThePrinterLacksAreNotTold) {
   show("PeelOffPanelPDE");

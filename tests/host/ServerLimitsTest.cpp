@@ -370,7 +370,10 @@ TEST_P(ServerLimits, AConnectionThatIsClosedBetweenRequestsIsMadeAnew) {
 
 TEST(Servers, WithoutAPPDOfAClassAreAskedForAMembers) {
   const OddServer server(answering([](const std::string& request) -> std::string {
-    if (!isForPPD(request)) return queueAnswer(0, "ok", "all", "one");
+    if (!isForPPD(request)) {
+      const bool isForMember = request.find("/printers/one") != std::string::npos;
+      return isForMember ? queueAnswer(0, "ok", "one") : queueAnswer(0, "ok", "all", "one");
+    }
     if (request.substr(0, 22) == "GET /printers/one.ppd ")
       return httpAnswer(test::testPPD({test::laminateOption()}));
     return "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n";

@@ -32,9 +32,9 @@ def source_folders():
             yield f"{parts[0]}/"
 
 
-def packages():
+def packages(group=None):
     for line in (ROOT / "tools" / "packages.txt").read_text().splitlines():
-        if line and not line.startswith("#"):
+        if line and not line.startswith("#") and group in (None, line.split()[0]):
             yield line.split()[1]
 
 
@@ -61,6 +61,14 @@ class Readme(unittest.TestCase):
         )
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         self.assertIn("\n= cardLaminate=Front granted\n", done.stdout)
+
+
+class DebianPackages(unittest.TestCase):
+    def test_are_built_with_what_the_programs_need(self):
+        control = (ROOT / "debian" / "control").read_text()
+        field = re.search(r"^Build-Depends:\n((?: .*\n)+)", control, re.MULTILINE).group(1)
+        named = set(re.findall(r"^ ([\w.+-]+)", field, re.MULTILINE)) - {"debhelper-compat"}
+        self.assertEqual(named | {"g++"}, set(packages("build")))  # Debian always has the compiler
 
 
 if __name__ == "__main__":

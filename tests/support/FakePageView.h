@@ -18,6 +18,10 @@ class FakePageView final : public dialog::PageView {
   void fillSection(std::size_t section, const std::shared_ptr<platform::View>& /*view*/) override {
     filled[section] = "view";
   }
+  void addPicture(std::size_t section, const std::shared_ptr<dialog::CardPicture>& picture,
+                  const std::shared_ptr<platform::View>& /*fields*/) override {
+    pictures[section].push_back(picture);
+  }
   void fillSectionWithText(std::size_t section, const std::string& text) override {
     filled[section] = text;
   }
@@ -27,6 +31,7 @@ class FakePageView final : public dialog::PageView {
   }
   void showSummary(const dialog::Summary& now) override { summary = now; }
   void showNotices(const dialog::Notices& now) override { notices = now; }
+  void showPresets(const dialog::PresetRow& now) override { presets = now; }
   void allowReset(bool allowed) override { resets = allowed; }
   void later(std::function<void()> task) override { tasks_.push_back(std::move(task)); }
 
@@ -70,10 +75,12 @@ class FakePageView final : public dialog::PageView {
 
   std::size_t shown = 0;
   std::map<std::size_t, std::string> filled;
+  std::map<std::size_t, std::vector<std::shared_ptr<dialog::CardPicture>>> pictures;
   std::map<std::size_t, std::string> marks;
   std::map<std::size_t, std::set<std::string>> bold;
   dialog::Summary summary;
   dialog::Notices notices;
+  dialog::PresetRow presets;
   bool resets = false;
 
  private:

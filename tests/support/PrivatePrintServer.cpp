@@ -1,8 +1,11 @@
 #include "tests/support/PrivatePrintServer.h"
 
+#include <arpa/inet.h>
 #include <cups/cups.h>
+#include <netinet/in.h>
 #include <pwd.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -80,14 +83,29 @@ std::string withoutLogEscapes(const std::string& line) {
 
 }  // namespace
 
-PrivatePrintServer::PrivatePrintServer() : address_((folder_.path() / "cups.sock").string()) {
+PrivatePrintServer::PrivatePrintServer(int port)
+    : address_((folder_.path() / "cups.sock").string()) {
   setVariable("CUPS_SERVER", address_);
   setVariable("CUPS_SERVERROOT", folder_.path().string());
   setVariable("HOME", home());
   cupsSetServer(address_.c_str());
-  writeConfiguration();
+  writeConfiguration(port);
   start();
   waitUntilItAnswers();
+}
+
+int PrivatePrintServer::freePort() {
+  const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in name{};
+  name.sin_family = AF_INET;
+  name.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t length = sizeof(name);
+  auto* const address = reinterpret_cast<sockaddr*>(&name);
+  const bool isBound =
+      bind(listener, address, length) == 0 && getsockname(listener, address, &length) == 0;
+  close(listener);
+  if (!isBound) throw std::runtime_error("there is no free port");
+  return ntohs(name.sin_port);
 }
 
 PrivatePrintServer::~PrivatePrintServer() {
@@ -112,7 +130,7 @@ void PrivatePrintServer::setVariable(const char* name, const std::string& value)
   setenv(name, value.c_str(), 1);
 }
 
-void PrivatePrintServer::writeConfiguration() const {
+void PrivatePrintServer::writeConfiguration(int port) const {
   const std::string root = folder_.path().string();
   for (const char* name : {"home", "log", "spool", "cache", "state", "tmp"}) {
     std::filesystem::create_directory(folder_.path() / name);
@@ -130,15 +148,15 @@ void PrivatePrintServer::writeConfiguration() const {
                                        "ServerBin /usr/lib/cups\nFileDevice Yes\n"
                                        "SystemGroup root\n" +
                                        (getuid() == 0 ? "" : "User " + userName() + "\n"));
-  folder_.write(
-      "cupsd.conf",
-      "Listen " + address_ +
-          "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nMaxLogSize 0\nWebInterface No\n"
-          "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
-          "Allow all\n</Location>\n<Policy default>\n"
-          "JobPrivateValues none\nSubscriptionPrivateValues none\n"
-          "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
-          "</Policy>\n");
+  folder_.write("cupsd.conf", "Listen " + address_ +
+                                  (port == 0 ? "" : "\nListen 127.0.0.1:" + std::to_string(port)) +
+                                  "\nBrowsing Off\nLogLevel debug\nAccessLogLevel all\nMaxLogSize "
+                                  "0\nMaxJobs 0\nWebInterface No\n"
+                                  "DefaultAuthType None\n<Location />\nOrder allow,deny\n"
+                                  "Allow all\n</Location>\n<Policy default>\n"
+                                  "JobPrivateValues none\nSubscriptionPrivateValues none\n"
+                                  "<Limit All>\nOrder allow,deny\nAllow all\n</Limit>\n"
+                                  "</Policy>\n");
 }
 
 void PrivatePrintServer::start() {
@@ -168,7 +186,8 @@ void PrivatePrintServer::waitUntilItAnswers() {
 }
 
 void PrivatePrintServer::run(const std::string& command) const {
-  const Finished finished = runCommand("PATH=$PATH:/usr/sbin; " + command);
+  const Finished finished =
+      runCommand("PATH=$PATH:/usr/sbin; export CUPS_SERVER=" + address_ + "; " + command);
   if (finished.status != 0) throw std::runtime_error(command + ": " + finished.errors);
 }
 
@@ -177,6 +196,18 @@ void PrivatePrintServer::addQueue(const std::string& name, const std::string& pp
   const std::string model = ppd.empty() ? "-m raw" : "-P " + folder_.write(name + ".ppd", ppd);
   run("lpadmin -p " + name + " -v file:" + out + " " + model);
   run("cupsaccept " + name);
+}
+
+void PrivatePrintServer::addRemoteQueue(const std::string& name, const std::string& uri,
+                                        const std::string& model) {
+  run("lpadmin -p " + name + " -v '" + uri + "' " + model);
+  run("cupsaccept " + name + " && cupsenable " + name);
+}
+
+void PrivatePrintServer::addClass(const std::string& name,
+                                  const std::vector<std::string>& members) {
+  for (const std::string& each : members) run("lpadmin -p " + each + " -c " + name);
+  run("cupsaccept " + name + " && cupsenable " + name);
 }
 
 void PrivatePrintServer::enable(const std::string& name) { run("cupsenable " + name); }

@@ -18,16 +18,20 @@ struct Traffic {
 
 /// A print server of a test's own: a real cupsd with all its files in a temporary folder, ended and
 /// removed with this. While it lives, libcups and the programs that the test starts use it, with
-/// saved options of their own: `CUPS_SERVER`, `CUPS_SERVERROOT` and `HOME` lead there. Works for
-/// root and for a normal user. One at a time, and made before a test uses libcups otherwise: that
-/// reads where saved options lie only once in a thread.
+/// saved options of their own: `CUPS_SERVER`, `CUPS_SERVERROOT` and `HOME` lead there, to the last
+/// one of several. Works for root and for a normal user. Made before a test uses libcups otherwise:
+/// that reads where saved options lie only once in a thread.
 class PrivatePrintServer {
  public:
-  /// Starts cupsd and waits until it answers. Throws when it does not.
-  PrivatePrintServer();
+  /// Starts cupsd and waits until it answers. Throws when it does not. Listens at the port of
+  /// that number, too, when it is not 0.
+  explicit PrivatePrintServer(int port = 0);
   ~PrivatePrintServer();
   PrivatePrintServer(const PrivatePrintServer&) = delete;
   PrivatePrintServer& operator=(const PrivatePrintServer&) = delete;
+
+  /// A port that nobody listens at just now.
+  static int freePort();
 
   /// The socket, as `CUPS_SERVER` takes it.
   const std::string& address() const { return address_; }
@@ -38,6 +42,12 @@ class PrivatePrintServer {
   /// Adds the queue `name` with the PPD text `ppd`; a raw one when that is empty. It accepts jobs
   /// and keeps them: nothing is sent anywhere.
   void addQueue(const std::string& name, const std::string& ppd);
+
+  /// Adds the queue `name` that passes its jobs on to `uri`, with what `lpadmin` takes for a PPD.
+  void addRemoteQueue(const std::string& name, const std::string& uri, const std::string& model);
+
+  /// Adds the class `name` of the queues `members`.
+  void addClass(const std::string& name, const std::vector<std::string>& members);
 
   /// Lets the queue `name` print its jobs, into a file in the temporary folder.
   void enable(const std::string& name);
@@ -84,7 +94,7 @@ class PrivatePrintServer {
 
  private:
   std::string logUpTo(const std::string& log, const std::string& text) const;
-  void writeConfiguration() const;
+  void writeConfiguration(int port) const;
   void start();
   void waitUntilItAnswers();
   void run(const std::string& command) const;

@@ -3,6 +3,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <set>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -78,7 +79,7 @@ class RecordingDriver final : public host::PanelDriver {
   void storeTyped(const Panel& panel) override { note("store", panel); }
   std::shared_ptr<platform::Dictionary> summary(const Panel& panel) const override {
     auto entries = std::make_shared<platform::Dictionary>();
-    entries->setValueForKey(value, "Card " + *panel->panelName());
+    if (tells) entries->setValueForKey(value, "Card " + *panel->panelName());
     return entries;
   }
   void print() override { calls_.emplace_back("print"); }
@@ -86,6 +87,10 @@ class RecordingDriver final : public host::PanelDriver {
     return job_.request(key, choice);
   }
   void reset() override { calls_.emplace_back("reset"); }
+  std::vector<std::string> replace(const std::set<std::string>& keys,
+                                   const std::vector<host::Option>& options) override {
+    return job_.replace(keys, options).leftOut;
+  }
   const std::map<std::string, std::string>& refusals() const override { return refusals_; }
   host::JobOptions& job() override { return job_; }
 
@@ -95,6 +100,7 @@ class RecordingDriver final : public host::PanelDriver {
 
   bool fails = false;
   std::string value = "None";
+  bool tells = true;  // anything in the summary
 
  private:
   void note(const std::string& call, const Panel& panel) {

@@ -24,6 +24,10 @@ class Keyboard:
     def type(self, text):
         self._run("type", "--delay", "40", text)
 
+    def resize(self, width, height):
+        """Makes the window another size, as a window manager does."""
+        self._run("windowsize", "--sync", self._id(), str(width), str(height))
+
     def focus(self):
         """Role and name of what has the focus, as a screen reader is told; None for nothing yet. A
         pop-up is told as the toggle button that it is, which is only told when it gets the focus."""

@@ -20,6 +20,7 @@ LIMIT_SECONDS = 20
 CONFIGURATION = """\
 Listen {root}/cups.sock
 Browsing Off
+MaxJobs 0
 LogLevel debug
 WebInterface No
 DefaultAuthType None
@@ -75,6 +76,7 @@ class PrintServer:
         for name in ("log", "spool", "cache", "state", "tmp"):
             os.mkdir(os.path.join(self.root, name))
         os.chmod(self.root, 0o755)
+        os.chmod(os.path.join(self.root, "tmp"), 0o1777)  # filters run as another user
         files = FILES if os.getuid() == 0 else FILES + f"User {pwd.getpwuid(os.getuid()).pw_name}\n"
         self._write("cupsd.conf", CONFIGURATION)
         self._write("cups-files.conf", files)
@@ -123,6 +125,9 @@ class PrintServer:
     def reject(self, queue):
         """The queue takes no jobs until `accept`."""
         self._run("cupsreject", queue)
+
+    def cancel(self, job):
+        self._run("cancel", str(job))
 
     def job(self, number):
         """The attributes of a job as the server keeps them, None before there is one."""

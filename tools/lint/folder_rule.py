@@ -18,9 +18,12 @@ LIBRARIES = {
     "gtest": "tests",
     "gmock": "tests",
     "benchmark": "benchmark",
+    "cairo": "cairo",
+    "cairo.h": "cairo",
+    "poppler.h": "poppler",
 }
 LIBRARIES |= dict.fromkeys(
-    "atk atkmm cairo cairomm gdk gdk-pixbuf gdkmm gio giomm glib glib-object.h glib.h glibmm "
+    "atk atkmm cairomm gdk gdk-pixbuf gdkmm gio giomm glib glib-object.h glib.h glibmm "
     "glibmm.h gmodule.h gtk gtkmm gtkmm.h pango pangomm sigc++".split(),
     "gtk",
 )
@@ -54,15 +57,16 @@ TABLE = (
     Room("host", ("platform",), ("cups",)),
     Room("dialog", ("platform", "host"), ("cups",)),
     Room("ports/headless", ("platform", "dialog"), (PPD, "pugixml")),
+    Room("ports/cairo", ("platform", "dialog"), ("cairo",)),
     Room("ports/gtk", (), ("gtk",)),
-    Room("ports/gtk3", ("platform", "dialog", "ports/gtk"), (PPD, "gtk")),
-    Room("ports/gtk4", ("platform", "dialog", "ports/gtk"), (PPD, "gtk")),
+    Room("ports/gtk3", ("platform", "dialog", "ports/gtk", "ports/cairo"), (PPD, "gtk", "cairo")),
+    Room("ports/gtk4", ("platform", "dialog", "ports/gtk", "ports/cairo"), (PPD, "gtk", "cairo")),
     Room("apps/pde-drive", ("platform", "host", "dialog", "ports/headless"), ("cups",)),
     Room("apps/cardprint", ("platform", "host", "dialog"), ("cups",)),
     Room(
         "apps/cardprint-dialog",
         ("platform", "host", "dialog", "ports/gtk", "ports/gtk3", "apps/cardprint"),
-        ("cups", "gtk"),
+        ("cups", "gtk", "cairo", "poppler"),
     ),
     Room("apps/gtk-module", ("platform", "host", "dialog", "ports/gtk"), ("cups", "gtk")),
     Room(

@@ -105,6 +105,9 @@ void pageGetsReady(benchmark::State& state) {
       [](host::JobOptions& job) {
         return std::make_unique<host::PanelHost>(
             test::builtBundle(), std::make_shared<gtk3::GtkBundle>(test::builtBundle()), job);
+      },
+      [](const dialog::PresetTask&, const std::function<void(dialog::PresetsRead)>&) {
+        return nullptr;
       });
   for (auto _ : state) {
     dialog().select("plain");

@@ -1,4 +1,5 @@
 // What the user of the dialog sees while a server or a disk takes its time.
+#include <cups/cups.h>
 #include <glibmm/main.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,6 +18,7 @@
 
 #include "apps/cardprint-dialog/CardDialog.h"
 #include "apps/cardprint-dialog/GtkWindows.h"
+#include "apps/cardprint-dialog/SendingDialog.h"
 #include "apps/cardprint/CardJob.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
@@ -231,6 +233,58 @@ TEST_F(WaitingForAServer, TheDialogStaysWhenSendingIsCancelled) {
   EXPECT_EQ(pressed, 1);
 }
 
+TEST_F(WaitingForAServer, FiveHundredFilesLeaveTheWindowAnswering) {
+  server_.stop("card", "Cleaning");
+  Arguments arguments = printing(badge_);
+  arguments.files.assign(500, badge_);
+  CardJob job(arguments, windows_);
+  CardDialog dialog(job, windows_.waiter());
+  dialog.show();
+  test::handleEventsUntil([&] { return dialog.get_mapped(); });
+  Gaps gaps;
+  SendingDialog sending(dialog, job, windows_.waiter(), false);
+  sigc::connection closing = Glib::signal_timeout().connect(
+      [&sending] {
+        if (!sending.batch().isSending()) sending.response(Gtk::RESPONSE_CLOSE);
+        return true;
+      },
+      50);
+  sending.send();
+  closing.disconnect();
+  EXPECT_LE(gaps.longest(), std::chrono::milliseconds(100));
+  EXPECT_EQ(sending.batch().count(dialog::BatchJob::State::sent), 500U);
+}
+
+TEST_F(WaitingForAServer, EscapeEndsSendingBeforeItClosesTheWindow) {
+  server_.stop("card", "Cleaning");
+  Arguments arguments = printing(badge_);
+  arguments.files.assign(500, badge_);
+  CardJob job(arguments, windows_);
+  CardDialog dialog(job, windows_.waiter());
+  dialog.show();
+  SendingDialog sending(dialog, job, windows_.waiter(), false);
+  using State = dialog::BatchJob::State;
+  const auto& batch = sending.batch();
+  sigc::connection escaping = Glib::signal_timeout().connect(
+      [&] {
+        if (batch.count(State::sent) >= 20) g_signal_emit_by_name(sending.gobj(), "close");
+        return true;
+      },
+      20);
+  sending.send();
+  escaping.disconnect();
+  EXPECT_FALSE(batch.isSending());
+  EXPECT_LT(batch.count(State::sent), 500U);
+  EXPECT_EQ(batch.count(State::sent) + batch.count(State::waiting), 500U);
+  const auto ids = batch.sentIds();
+  for (int id = 1; id <= server_.jobCount(); ++id) {
+    const bool isSent = std::find(ids.begin(), ids.end(), id) != ids.end();
+    auto found = server_.job(id);
+    const bool canPrint = found["job-state"] != "canceled" && found["number-of-documents"] == "1";
+    EXPECT_EQ(canPrint, isSent) << id;
+  }
+}
+
 /// A server that wants the password "swordfish" of whoever makes a job.
 void serveGuarded(test::OddServer::Client& client) {
   for (std::string request; !(request = client.request()).empty();) {
@@ -253,11 +307,13 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
   const test::OddServer server(serveGuarded);
   std::vector<std::string> passwords{"haddock", "swordfish"};
   Person person("Password Needed", [&](Gtk::Dialog& window) {
+    EXPECT_EQ(window.get_transient_for(), nullptr) << "no window of ours is there yet";
     const auto entries = test::all<Gtk::Entry>(window);
     ASSERT_EQ(entries.size(), 2U);
     auto& user = dynamic_cast<Gtk::Entry&>(*entries[0]);
     auto& password = dynamic_cast<Gtk::Entry&>(*entries[1]);
     EXPECT_FALSE(password.get_visibility());
+    EXPECT_EQ(user.get_text(), passwords.size() == 2 ? cupsUser() : "ada");
     user.set_text("ada");
     password.set_text(passwords.front());
     passwords.erase(passwords.begin());

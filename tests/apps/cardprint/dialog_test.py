@@ -12,6 +12,14 @@ ROOT = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
 BUILD = pathlib.Path(os.environ["CARDPANELS_BUILD_DIR"])
 CARDPRINT = str(BUILD / "bin" / "cardprint")
 
+# Where Tab stops above the panels; a spin button and a combo box go by the labels that caption them.
+HEADER = [
+    ("spin button", ""),
+    ("toggle button", ""),
+    ("toggle button", ""),
+    ("check box", "Fit to whole card"),
+]
+
 
 class DialogTestCase(unittest.TestCase):
     def setUp(self):
@@ -46,7 +54,7 @@ class DialogTestCase(unittest.TestCase):
         program = self.start(cardprint=f"{prefix}/bin/cardprint")
         program.find("push button", "Cancel")
         maps = pathlib.Path(f"/proc/{program.pid}/maps").read_text(encoding="utf-8")
-        self.assertIn(f"{prefix}/lib/libcardprint-dialog.so", maps)
+        self.assertIn(f"{prefix}/lib/cardpanels/libcardprint-dialog.so", maps)
         self.assertNotIn(f"{BUILD}/", maps)
         user.press(program.find("push button", "Cancel"))
         program.finish()
@@ -157,6 +165,7 @@ class DialogTestCase(unittest.TestCase):
             ("toggle button", "Help"),
             ("push button", "Cancel"),
             ("push button", "Print"),
+            *HEADER,
             ("list item", "Thermal Laminate"),
         ]
         self.assert_tab_leads_to(keyboard, *stops)
@@ -210,7 +219,8 @@ class DialogTestCase(unittest.TestCase):
         keyboard.press("ctrl+Next")
         program.find("combo box", "Front Peel-Off")
         self.assertEqual(keyboard.focus(), ("push button", "Cancel"))
-        self.assert_tab_leads_to(keyboard, ("push button", "Print"), ("list item", "Peel-Off"))
+        stops = [("push button", "Print"), *HEADER, ("list item", "Peel-Off")]
+        self.assert_tab_leads_to(keyboard, *stops)
         self.assert_tab_leads_to(keyboard, ("list item", "Thermal Laminate"), key="ctrl+Next")
         self.assert_tab_leads_to(keyboard, ("list item", "Peel-Off"), key="ctrl+Prior")
         user.press(program.find("push button", "Print"))

@@ -8,6 +8,7 @@ import unittest
 
 import atspi_driver as user
 from keyboard import Keyboard
+from mouse import Mouse
 from print_dialog import PrintDialog, criticals
 from print_dialog_case import BUILD, SANITIZED, PrintDialogCase, sanitizer
 from slow_server import SlowServer
@@ -91,6 +92,32 @@ class PanelsTestCase(PrintDialogTestCase):
             self.job(),
             frontResin="DefinedAreas",
             frontResinInclude2="Custom.1in 1in 2.125in 1.0625in",
+        )
+
+    def test_an_area_is_drawn_nudged_and_printed(self):
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front Resin", "Defined Areas")
+        keyboard = Keyboard(self.desktop, self.program.find("dialog"))
+        picture = self.program.find("grouping", "Front of the card, 85.6 by 54 mm")
+        box = picture.get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
+        x, y = box.width // 2, box.height // 2
+        Mouse(self.desktop, picture).drag((x - 40, y - 30), (x + 20, y + 10))
+        fields = [
+            self.program.find("text", f"Front Resin Area 1, {name}")
+            for name in ("X", "Y", "width", "height")
+        ]
+        user.wait_for(lambda: user.text_of(fields[3]), "nothing is drawn")
+        drawn = [user.text_of(each) for each in fields]
+        keyboard.press("Down")
+        moved = f"{float(drawn[1][:-2]) + 1:g}mm"
+        user.wait_for(lambda: user.text_of(fields[1]) == moved, lambda: user.text_of(fields[1]))
+        dialog.press("Print")
+        self.assert_job(
+            self.job(),
+            frontResin="DefinedAreas",
+            frontResinInclude1=f"Custom.{drawn[0]} {moved} {drawn[2]} {drawn[3]}",
         )
 
     def test_a_module_with_a_relative_path_finds_its_page_from_another_folder(self):
@@ -231,7 +258,7 @@ class KeysTestCase(PrintDialogTestCase):
         keyboard.wait_for_focus("toggle button", "Front UV")
         keyboard.press("ctrl+Prior")
         keyboard.wait_for_focus("toggle button", "Front Ribbon")
-        keyboard.press("shift+Tab", "shift+Tab")
+        keyboard.press(*["shift+Tab"] * 4)  # over the row of presets
         user.wait_for(lambda: keyboard.focus()[0] == "page tab list", keyboard.focus)
         keyboard.press("ctrl+Prior")
         user.wait_for(
@@ -246,7 +273,7 @@ class KeysTestCase(PrintDialogTestCase):
         keyboard.wait_for_focus_in("Ribbon and Resin\n")
         keyboard.press("Escape")
         keyboard.wait_for_focus("list item", "Ribbon and Resin")
-        keyboard.press("shift+Tab")
+        keyboard.press(*["shift+Tab"] * 3)
         user.wait_for(lambda: keyboard.focus()[0] == "page tab list", keyboard.focus)
         keyboard.press("F1")
         keyboard.wait_for_focus_in("Ribbon and Resin\n")
@@ -299,12 +326,12 @@ class InstalledTestCase(PrintDialogTestCase):
         subprocess.run(install, check=True, capture_output=True)
         settings = pathlib.Path(self.desktop.home, ".config", "gtk-3.0", "settings.ini")
         with settings.open("a", encoding="utf-8") as file:
-            file.write(f"gtk-modules={prefix}/lib/libcardpanels-gtk3-module.so\n")
+            file.write(f"gtk-modules={prefix}/lib/cardpanels/libcardpanels-gtk3-module.so\n")
         dialog = self.start_demo(module=False)
         dialog.select_printer("card")
         dialog.open_card()
-        for library in ("lib/libcardpanels-gtk3-page.so", "lib/cardpanels.bundle/cardpanels.so"):
-            self.assertTrue(self.maps(f"{prefix}/{library}"), library)
+        for library in ("libcardpanels-gtk3-page.so", "cardpanels.bundle/cardpanels.so"):
+            self.assertTrue(self.maps(f"{prefix}/lib/cardpanels/{library}"), library)
         self.assertFalse(self.maps(f"{BUILD}/lib"))
         dialog.choose("Front Ribbon", "Metallic Silver")
         dialog.press("Print")

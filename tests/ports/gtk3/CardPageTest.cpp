@@ -226,11 +226,22 @@ TEST_F(CardPageTest, WhatTheSummaryNoLongerTellsGoes) {
     watch(*each, isGone);
     watch(*each->get_accessible().operator->(), isAccessibleGone);
   }
-  driver_.value = "Back";
+  driver_.tells = false;
   page_->page().optionsChanged();
   test::handleEvents();
   EXPECT_TRUE(isGone);
   EXPECT_TRUE(isAccessibleGone);
+}
+
+TEST_F(CardPageTest, LabelsOfTheSummaryStayWhereOnlyTextsChange) {
+  driver_.value = "Front";
+  makePage();
+  showWindow();
+  selectRow(2);
+  const auto before = all<Gtk::Label>();
+  driver_.value = "Back";
+  page_->page().optionsChanged();
+  EXPECT_EQ(all<Gtk::Label>(), before);
 }
 
 TEST_F(CardPageTest, TheSummaryIsReadAgainAfterAChange) {

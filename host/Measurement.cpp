@@ -1,4 +1,4 @@
-#include "dialog/Measurement.h"
+#include "host/Measurement.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 
 #include "platform/ASCII.h"
 
-namespace cardpanels::dialog {
+namespace cardpanels::host {
 namespace {
 
 /// The points of a unit; 0 stands for a dot of the printer.
@@ -63,9 +63,10 @@ std::optional<double> pointsIn(std::string_view text, double dotsPerInch) {
   return points;
 }
 
-std::string withDecimalPoint(std::string text) {
-  std::replace(text.begin(), text.end(), ',', '.');
-  return text;
+std::string unitOf(std::string_view text) {
+  text = withoutSpacesAround(text);
+  const std::size_t end = std::min(text.find_first_not_of("0123456789."), text.size());
+  return std::string(withoutSpacesAround(text.substr(end)));
 }
 
-}  // namespace cardpanels::dialog
+}  // namespace cardpanels::host

@@ -1,12 +1,12 @@
 #pragma once
 
-namespace cardpanels::dialog {
+namespace cardpanels::host {
 
-/// The options that make a panel: a printer with none of them has no page. Known here so that the
-/// printer's options tell it before anything else is loaded.
+/// The options that make a panel, panel by panel: a printer with none of them has no page. Known
+/// here so that the printer's options tell it before anything else is loaded.
 constexpr const char* kCardKeys[] = {
     "frontRibbon",  "backRibbon",    "frontResin",   "backResin",     "frontUV",
     "backUV",       "frontUVMAC",    "backUVMAC",    "frontPO",       "backPO",
     "cardLaminate", "frontRotation", "backRotation", "entryCardFlip", "magEncodeCardFlip"};
 
-}  // namespace cardpanels::dialog
+}  // namespace cardpanels::host
