@@ -168,9 +168,14 @@ class Gtk4PrintDialog:
         self._choose(self._own_pop_up(name), name, item)
 
     def _choose(self, pop_up, name, item):
-        button = self.find("push button", None, pop_up)
-        user.press(button)
+        user.press(self.find("push button", None, pop_up))
+        self._pick(pop_up, name, item)
 
+    def pick(self, name, item):
+        """Goes with keys to an item of a pop-up that is open, or opens."""
+        self._pick(self.pop_up(name), name, item)
+
+    def _pick(self, pop_up, name, item):
         def titles():
             rows = [each for each in visible(pop_up) if each.get_role_name() == "list item"]
             return [next(visible_label(row)) for row in rows]

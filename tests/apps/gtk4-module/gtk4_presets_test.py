@@ -28,7 +28,8 @@ class PresetsTestCase(Gtk4DialogCase, PresetsCase):
             dialog.wait_for_focus(role, name)
         dialog.keys("Tab", "Tab")
         dialog.wait_for_focus("list item", "Ribbon and Resin")
-        dialog.keys("alt+e", "Down", "Return")
+        dialog.keys("alt+e")
+        dialog.pick("Preset", "visitors")
         dialog.wait_for_preset("visitors")
 
 
