@@ -34,6 +34,8 @@ class PresetBar final : public Gtk::Box {
   void saveAs();
 
   std::function<dialog::Presets&()> presets_;
+  dialog::PresetRow row_;
+  bool displaying_ = false;
   Glib::RefPtr<Gtk::StringList> titles_;
   Gtk::Label caption_;
   Gtk::DropDown popUp_;
@@ -42,8 +44,6 @@ class PresetBar final : public Gtk::Box {
   Glib::RefPtr<Gio::SimpleAction> save_;
   Glib::RefPtr<Gio::SimpleAction> delete_;
   std::unique_ptr<NameDialog> asking_;
-  dialog::PresetRow row_;
-  bool displaying_ = false;
 };
 
 }  // namespace cardpanels::gtk4
