@@ -9,6 +9,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ports/gtk4/AccessibleName.h"
@@ -72,6 +74,16 @@ class PresetBarTest : public testing::Test {
   }
   Gtk::DropDown& popUp() { return *all<Gtk::DropDown>(bar_).front(); }
 
+  /// Whether each item of the menu takes presses.
+  std::vector<bool> offered() {
+    std::vector<bool> answers;
+    for (const auto* each : all<Gtk::Widget>(bar_)) {
+      if (std::string_view(G_OBJECT_TYPE_NAME(each->gobj())) != "GtkModelButton") continue;
+      answers.push_back(each->get_sensitive());
+    }
+    return answers;
+  }
+
   test::RecordingDriver driver_{nullptr};
   std::deque<std::function<void()>> answers_;
   std::vector<dialog::PresetTask> tasks_;
@@ -131,10 +143,10 @@ TEST_F(PresetBarTest, TheMenuDoesWhatThePresetAllows) {
     return gtk_widget_activate_action(GTK_WIDGET(bar_.gobj()), action, nullptr);
   };
   offer();
-  activate("presets.delete");
-  activate("presets.save");
-  EXPECT_THAT(tasks_, IsEmpty());
+  showWindow();
+  EXPECT_THAT(offered(), ElementsAre(false, true, false));
   popUp().set_selected(2);
+  EXPECT_THAT(offered(), ElementsAre(true, true, true));
   activate("presets.save");
   ASSERT_EQ(tasks_.size(), 1U);
   EXPECT_EQ(tasks_.back().kind, dialog::PresetTask::Kind::save);
