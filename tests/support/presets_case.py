@@ -21,7 +21,8 @@ class PresetsCase(PrintDialogCase):
     def lp(self, queue):
         file = self.write("badge.txt", "a badge\n")
         env = {**self.desktop.env, **self.server.env}
-        subprocess.run(["lp", "-H", "hold", "-d", queue, file], env=env, check=True, capture_output=True)
+        command = ["lp", "-H", "hold", "-d", queue, file]
+        subprocess.run(command, env=env, check=True, capture_output=True)
 
     def saved(self):
         return pathlib.Path(self.desktop.home, ".cups", "lpoptions").read_text()
