@@ -19,7 +19,7 @@ void selectPageSetup(GtkWidget* list, Fits&& fits) {
   if (!GTK_IS_DROP_DOWN(list)) return;
   GListModel* const model = gtk_drop_down_get_model(GTK_DROP_DOWN(list));
   const guint count = model == nullptr ? 0 : g_list_model_get_n_items(model);
-  for (guint row = 0; row < count; ++row) {
+  for (guint row = 0; row + 1 < count; ++row) {  // the last one opens a window
     gpointer object = g_list_model_get_item(model, row);
     const bool found = GTK_IS_PAGE_SETUP(object) && fits(GTK_PAGE_SETUP(object));
     g_object_unref(object);
