@@ -2,7 +2,8 @@
 """screenshots.py [--docs | FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
 (build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
 marked with its tooltip: light, dark and in high contrast, with large text, in the smallest and in a
-large window, in four languages and from right to left; and the card with a document. With --docs, those that docs/ shows are put there.
+large window, in four languages and from right to left; and the card with a document, and a preset.
+With --docs, those that docs/ shows are put there.
 CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup installs, and the
 packages xdotool and x11-utils."""
 
@@ -16,6 +17,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "support"))
 import atspi_driver as user  # noqa: E402 (found by the path)
+import presets  # noqa: E402
 from print_server import PrintServer  # noqa: E402
 
 BUILD = pathlib.Path(os.environ.get("CARDPANELS_BUILD_DIR", ROOT / "build"))
@@ -61,6 +63,7 @@ DOCS = {  # what docs/ calls them
     "large-text": "large-text-ribbon",
     "peel-off": "light-peel-off",
     "picture": "document-ribbon",
+    "preset": "document-preset",
     "ribbon": "light-ribbon",
     "smallest": "smallest-ribbon",
     "summary": "light-summary",
@@ -210,8 +213,11 @@ def take_document(desktop, folder):
         picture = program.find("grouping")
         user.showing(picture, "icon")[0].get_component_iface().grab_focus()
         photographer.picture("ribbon")
-        photographer.leave()
-        program.finish()
+        presets.save_as(program, "visitors")
+        user.press(program.find("toggle button", presets.MENU))
+        program.find("menu item", "Save As…")
+        photographer.picture("preset")
+        program.end()
 
 
 def main(folder):
