@@ -29,6 +29,8 @@ std::string unitFor(std::size_t column, const AreaTexts& texts) {
   return measuresInInches() ? "in" : "mm";
 }
 
+bool isBlank(const AreaTexts& texts) { return std::ranges::all_of(texts, &std::string::empty); }
+
 /// One such unit in points.
 double lengthOf(const std::string& unit, double resolution) {
   return host::pointsIn("1" + unit, resolution).value_or(1);
@@ -38,8 +40,7 @@ std::string written(double points, std::size_t column, const AreaTexts& texts,
                     const host::CardGeometry& card) {
   const double resolution = dotsPerInch(column, card);
   const std::string& text = texts.at(column);
-  if (text.empty() ? points == 0 && texts != AreaTexts()
-                   : host::pointsIn(text, resolution) == points) {
+  if (text.empty() ? points == 0 && !isBlank(texts) : host::pointsIn(text, resolution) == points) {
     return text;
   }
   const std::string unit = unitFor(column, texts);
@@ -56,7 +57,7 @@ std::optional<AreaRectangle> rectangleOf(const AreaTexts& texts, const host::Car
     if (!length) return std::nullopt;
     lengths.at(column) = *length;
   }
-  if (texts == AreaTexts()) return std::nullopt;
+  if (isBlank(texts)) return std::nullopt;
   return AreaRectangle{lengths[0], lengths[1], lengths[2], lengths[3]};
 }
 

@@ -56,7 +56,7 @@ void Presets::begun() {
 }
 
 /// Nothing happens while something else is done. `done` is called when it could be done.
-void Presets::work(PresetTask task, std::function<void()> done) {
+void Presets::work(const PresetTask& task, std::function<void()> done) {
   if (working_) return;
   working_ = job_.work(task, [this, done = std::move(done)](PresetsRead answer) {
     working_.reset();
@@ -119,7 +119,7 @@ void Presets::saveAs(const std::string& name) {
   if (!judge(name).isGood || !client_.storeTyped()) return;
   PresetTask task{PresetTask::Kind::save, {job_.queue.queue, name}};
   for (const auto& [key, value] : now()) task.options.push_back({key, value});
-  work(std::move(task), [this, name] { setChosen(name); });
+  work(task, [this, name] { setChosen(name); });
 }
 
 NameVerdict Presets::judge(const std::string& name) const {

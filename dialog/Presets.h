@@ -68,7 +68,7 @@ class Presets {
  private:
   using Values = std::map<std::string, std::string>;
 
-  void work(PresetTask task, std::function<void()> done);
+  void work(const PresetTask& task, std::function<void()> done);
   void read(PresetsRead read);
   void begun();
   void showSaved(const std::string& name);

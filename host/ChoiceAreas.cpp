@@ -106,7 +106,7 @@ void checkCardLines(const std::vector<PPDStatement>& statements, ppd_file_t* ppd
                     const std::string& name) {
   for (const PPDStatement& statement : statements) {
     const std::string fault = faultOf(statement, ppd);
-    if (!fault.empty()) throw Error(name + ":" + std::to_string(statement.line) + ": " + fault);
+    if (!fault.empty()) throw Error::inLine(name, statement.line, fault);
   }
 }
 

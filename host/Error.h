@@ -14,6 +14,11 @@ namespace cardpanels::host {
 class Error : public std::runtime_error {
  public:
   explicit Error(std::string text) : runtime_error(platform::onOneLine(std::move(text))) {}
+
+  /// What is wrong in `line`, counted from 1, of the file `name`.
+  static Error inLine(const std::string& name, int line, const std::string& reason) {
+    return Error(name + ":" + std::to_string(line) + ": " + reason);
+  }
 };
 
 }  // namespace cardpanels::host

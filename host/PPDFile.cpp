@@ -85,7 +85,7 @@ PPDFile loaded(cups_file_t* file, const std::string& name) {
   if (ppd) return ppd;
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);
-  throw Error(name + ":" + std::to_string(std::max(line, 1)) + ": " + ppdErrorString(status));
+  throw Error::inLine(name, std::max(line, 1), ppdErrorString(status));
 }
 
 std::string loweredText(std::string text) {
@@ -125,9 +125,9 @@ class RecordChecker {
     const auto lines = linesOf(keyword, statements_);
     if (lines.size() < 2)
       fail(keyword, filled(_("The option {option} stands there twice."), {{"option", keyword}}));
-    throw Error(name_ + ":" + std::to_string(lines.back()) + ": " +
-                filled(_("The option {option} stands in line {line} already."),
-                       {{"option", keyword}, {"line", std::to_string(lines.front())}}));
+    throw Error::inLine(name_, lines.back(),
+                        filled(_("The option {option} stands in line {line} already."),
+                               {{"option", keyword}, {"line", std::to_string(lines.front())}}));
   }
 
   void check(const ppd_option_t& option) const {

@@ -23,7 +23,7 @@ using platform::lowered;
 using platform::trimmed;
 
 [[noreturn]] void fail(const std::string& name, int line, const std::string& reason) {
-  throw Error(name + ":" + std::to_string(line) + ": " + reason);
+  throw Error::inLine(name, line, reason);
 }
 
 bool opensOption(const PPDStatement& statement) {

@@ -11,7 +11,7 @@ namespace {
 bool isQueuePath(std::string_view path) {
   for (const std::string_view folder : {"/printers/", "/classes/"}) {
     if (path.starts_with(folder)) {
-      return path.size() > folder.size() && path.find('/', folder.size()) == path.npos;
+      return path.size() > folder.size() && path.find('/', folder.size()) == std::string_view::npos;
     }
   }
   return false;

@@ -20,8 +20,9 @@ namespace {
 using platform::_;
 using platform::filled;
 
-constexpr int kExpectMilliseconds = 500;  // for the server to agree to a document
-constexpr int kMostTries = 5;             // of one request
+constexpr int kExpectMilliseconds = 500;    // for the server to agree to a document
+constexpr int kMostTries = 5;               // of one request
+constexpr std::size_t kBlock = 1UL << 16U;  // of a document
 constexpr std::size_t kLargestAnswer = 1UL << 20U;
 
 /// Reads an answer's bytes up to a limit.
@@ -51,6 +52,16 @@ struct AnswerReader {
     return static_cast<ssize_t>(count);
   }
 };
+
+/// The whole document, at its start again, when it has no more than a block; nothing otherwise.
+std::optional<std::string> smallDocument(std::istream& document) {
+  document.clear();
+  document.seekg(0);
+  std::string block(kBlock + 1, '\0');
+  document.read(block.data(), static_cast<std::streamsize>(block.size()));
+  block.resize(static_cast<std::size_t>(document.gcount()));
+  return block.size() > kBlock ? std::nullopt : std::optional(std::move(block));
+}
 
 [[noreturn]] void failAtGarbage() { failAtServer(_("Its answer cannot be understood.")); }
 
@@ -209,7 +220,8 @@ int Talk::exchanged(const Request& request) {
   return status;
 }
 
-/// Answers `HTTP_STATUS_CONTINUE` unless the server has answered already.
+/// Answers `HTTP_STATUS_CONTINUE` unless the server has answered already. What is small goes out at
+/// once, and with its length; a server need not take a large document to refuse it.
 int Talk::sent(const Request& request) {
   http_t* const http = http_.get();
   httpClearFields(http);
@@ -219,14 +231,15 @@ int Talk::sent(const Request& request) {
     return HTTP_STATUS_CONTINUE;
   }
   httpSetField(http, HTTP_FIELD_CONTENT_TYPE, "application/ipp");
-  if (request.document != nullptr) {
+  const auto whole = request.document == nullptr ? "" : smallDocument(*request.document);
+  if (whole) {
+    httpSetLength(http, ippLength(request.message) + whole->size());
+  } else {
     httpSetExpect(http, HTTP_STATUS_CONTINUE);
     httpSetLength(http, 0);  // in chunks
-  } else {
-    httpSetLength(http, ippLength(request.message));
   }
   if (httpPost(http, request.path.c_str()) != 0) failAtConnection();
-  if (request.document != nullptr && httpWait(http, kExpectMilliseconds) != 0) {
+  if (!whole && httpWait(http, kExpectMilliseconds) != 0) {
     const int status = httpUpdate(http);
     if (status != HTTP_STATUS_CONTINUE) return status;
   }
@@ -236,14 +249,16 @@ int Talk::sent(const Request& request) {
     state = ippWrite(http, request.message);
     if (state == IPP_STATE_ERROR) failAtConnection();
   }
-  return request.document == nullptr ? HTTP_STATUS_CONTINUE : sentDocument(*request.document);
+  if (!whole) return sentDocument(*request.document);
+  if (!whole->empty() && httpWrite2(http, whole->data(), whole->size()) < 0) failAtConnection();
+  return HTTP_STATUS_CONTINUE;
 }
 
 int Talk::sentDocument(std::istream& document) {
   http_t* const http = http_.get();
   document.clear();
   document.seekg(0);
-  std::array<char, 1UL << 15U> block{};
+  std::array<char, kBlock> block{};
   while (document.read(block.data(), block.size()) || document.gcount() > 0) {
     if (httpWait(http, 0) != 0) {
       const int status = httpUpdate(http);

@@ -2,7 +2,9 @@
 """screenshots.py [--docs | FOLDER]: takes pictures of cardprint, to be looked at, and leaves them in FOLDER
 (build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
 marked with its tooltip: light, dark and in high contrast, with large text, in the smallest and in a
-large window, in four languages and from right to left; and the card with a document. With --docs, those that docs/ shows are put there.
+large window, in four languages and from right to left; and the card with a document, and a preset;
+the same at scale 2, the whole screen.
+With --docs, those that docs/ shows are put there.
 CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup installs, and the
 packages xdotool and x11-utils."""
 
@@ -16,6 +18,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "support"))
 import atspi_driver as user  # noqa: E402 (found by the path)
+import presets  # noqa: E402
 from print_server import PrintServer  # noqa: E402
 
 BUILD = pathlib.Path(os.environ.get("CARDPANELS_BUILD_DIR", ROOT / "build"))
@@ -61,6 +64,7 @@ DOCS = {  # what docs/ calls them
     "large-text": "large-text-ribbon",
     "peel-off": "light-peel-off",
     "picture": "document-ribbon",
+    "preset": "document-preset",
     "ribbon": "light-ribbon",
     "smallest": "smallest-ribbon",
     "summary": "light-summary",
@@ -193,8 +197,8 @@ def card_pdf():
     return "\n".join(["%PDF-1.4", *numbered, "trailer<</Root 1 0 R>>", "%%EOF", ""])
 
 
-def take_document(desktop, folder):
-    """The areas with a document behind them, the first one chosen."""
+def take_document(desktop, folder, scale=1):
+    """The areas with a document behind them, the first one chosen, and a preset."""
     with PrintServer() as server:
         server.add_queue("badges", PPD)
         document = pathlib.Path(server.root) / "card.pdf"
@@ -203,15 +207,23 @@ def take_document(desktop, folder):
             [str(CARDPRINT), "-d", "badges", "-o", CARD_OPTIONS, str(document)],
             LANG="en_GB.UTF-8",
             GTK_THEME="Adwaita",
+            GDK_SCALE=str(scale),
             **server.env,
         )
+        if scale != 1:
+            program.find("grouping")
+            desktop.picture(str(folder / f"scale-{scale}.png"))
+            return program.end()
         photographer = Photographer(desktop, program, folder, "document")
         photographer.put_mouse_away()
         picture = program.find("grouping")
         user.showing(picture, "icon")[0].get_component_iface().grab_focus()
         photographer.picture("ribbon")
-        photographer.leave()
-        program.finish()
+        presets.save_as(program, "visitors")
+        user.press(program.find("toggle button", presets.MENU))
+        program.find("menu item", "Save As…")
+        photographer.picture("preset")
+        program.end()
 
 
 def main(folder):
@@ -244,6 +256,8 @@ def main(folder):
             if not size:
                 photographed().take_jobs()
         take_document(desktop, folder)
+    with user.Desktop(size="2560x2048", theme="Adwaita") as desktop:
+        take_document(desktop, folder, scale=2)
 
 
 if __name__ == "__main__":

@@ -11,46 +11,20 @@
 #include <numbers>
 #include <stdexcept>
 
+#include "apps/cardprint-dialog/DocumentLayout.h"
 #include "apps/cardprint-dialog/PDFDocument.h"
-#include "platform/ASCII.h"
 #include "platform/Messages.h"
 
 namespace cardpanels::cardprint {
 namespace {
 
 using platform::_;
-using platform::equalIgnoringCase;
 
 constexpr double kPixelsAPoint = 4;
-constexpr double kUsualImageResolution = 128;  // of the print server's filters
-
-enum class Fit { larger, all, fill, none };
-
-Fit fitOf(const CardDocument& document) {
-  const host::OptionList options(document.attributes);
-  const auto isOn = [&options](const char* key) {
-    const std::string value = options.value(key).value_or("false");
-    return !equalIgnoringCase(value, "false") && !equalIgnoringCase(value, "no") && value != "0";
-  };
-  const std::string scaling = options.value("print-scaling").value_or("");
-  if (isOn("fill") || equalIgnoringCase(scaling, "fill")) return Fit::fill;
-  if (equalIgnoringCase(scaling, "none")) return Fit::none;
-  if (isOn("fit-to-page") || isOn("fitplot") || equalIgnoringCase(scaling, "fit")) return Fit::all;
-  return Fit::larger;
-}
-
-double scaleOf(Fit fit, double across, double down) {
-  switch (fit) {
-    case Fit::fill: return std::max(across, down);
-    case Fit::all: return std::min(across, down);
-    case Fit::larger: return std::min({across, down, 1.0});
-    case Fit::none: break;
-  }
-  return 1;
-}
-
-/// Draws something of this size in points onto a blank card.
-std::shared_ptr<cairo_surface_t> drawn(const CardDocument& document, double width, double height,
+/// Draws what `draw` draws in `extent` onto a blank card: the one with that number of those that
+/// `layout` spreads it over.
+std::shared_ptr<cairo_surface_t> drawn(const CardDocument& document, const DocumentLayout& layout,
+                                       int number, const Extent& extent,
                                        const std::function<void(cairo_t*)>& draw) {
   std::shared_ptr<cairo_surface_t> surface(
       cairo_image_surface_create(CAIRO_FORMAT_RGB24,
@@ -62,36 +36,43 @@ std::shared_ptr<cairo_surface_t> drawn(const CardDocument& document, double widt
   cairo_paint(cr.get());
   cairo_scale(cr.get(), kPixelsAPoint, kPixelsAPoint);
   cairo_translate(cr.get(), document.width / 2, document.height / 2);
-  const bool isTurned = (width > height) != (document.width > document.height) && width != height;
-  if (isTurned) cairo_rotate(cr.get(), -std::numbers::pi / 2);
-  const double across = (isTurned ? document.height : document.width) / width;
-  const double down = (isTurned ? document.width : document.height) / height;
-  const double scale = scaleOf(fitOf(document), across, down);
-  cairo_scale(cr.get(), scale, scale);
+  cairo_rotate(cr.get(), -layout.turns * std::numbers::pi / 2);
+  const double width = layout.size.width / layout.columns;
+  const double height = layout.size.height / layout.rows;
   cairo_translate(cr.get(), -width / 2, -height / 2);
+  cairo_rectangle(cr.get(), 0, 0, width, height);
+  cairo_clip(cr.get());
+  const int column = number / layout.rows;
+  const int row = number % layout.rows;
+  cairo_translate(cr.get(), -column * width, -row * height);
+  cairo_scale(cr.get(), layout.size.width / extent.width, layout.size.height / extent.height);
   draw(cr.get());
   return surface;
 }
 
+Extent cardOf(const CardDocument& document) { return {document.width, document.height}; }
+
 std::array<DocumentPage, 2> drawPDF(const CardDocument& document) {
   const PDFDocument pdf(document.path);
   std::array<DocumentPage, 2> sides;
-  for (int index = 0; index < std::min(pdf.pages(), 2); ++index) {
-    double width = 0;
-    double height = 0;
-    pdf.measure(index, width, height);
-    if (!(width > 0) || !(height > 0)) throw std::runtime_error(_("it is damaged"));
-    sides.at(static_cast<std::size_t>(index)).surface =
-        drawn(document, width, height, [&](cairo_t* cr) { pdf.draw(index, cr); });
+  const auto pages = firstPages(pdf.pages(), document.attributes);
+  for (std::size_t side = 0; side < sides.size(); ++side) {
+    const int page = pages.at(side);
+    if (page < 0) continue;
+    Extent size;
+    pdf.measure(page, size.width, size.height);
+    if (!(size.width > 0) || !(size.height > 0)) throw std::runtime_error(_("it is damaged"));
+    const DocumentLayout layout = layoutOfPage(size, cardOf(document), document.attributes);
+    sides.at(side).surface =
+        drawn(document, layout, 0, size, [&](cairo_t* cr) { pdf.draw(page, cr); });
   }
   return sides;
 }
 
-/// Points a pixel of the image.
-double pixelSize(GdkPixbuf* image) {
+/// Pixels per inch, 0 when the image names none.
+double resolutionOf(GdkPixbuf* image) {
   const char* const told = gdk_pixbuf_get_option(image, "x-dpi");
-  const double resolution = told == nullptr ? 0 : std::strtod(told, nullptr);
-  return 72 / (resolution > 0 ? resolution : kUsualImageResolution);
+  return told == nullptr ? 0 : std::strtod(told, nullptr);
 }
 
 std::array<DocumentPage, 2> drawImage(const CardDocument& document) {
@@ -106,14 +87,18 @@ std::array<DocumentPage, 2> drawImage(const CardDocument& document) {
     g_error_free(error);
     throw std::runtime_error(isOther ? _("it is neither PDF nor an image") : _("it is damaged"));
   }
-  const double size = pixelSize(image.get());
+  const Extent pixels{static_cast<double>(gdk_pixbuf_get_width(image.get())),
+                      static_cast<double>(gdk_pixbuf_get_height(image.get()))};
+  const DocumentLayout layout =
+      layoutOfImage(pixels, resolutionOf(image.get()), cardOf(document), document.attributes);
   std::array<DocumentPage, 2> sides;
-  sides[0].surface = drawn(document, gdk_pixbuf_get_width(image.get()) * size,
-                           gdk_pixbuf_get_height(image.get()) * size, [&](cairo_t* cr) {
-                             cairo_scale(cr, size, size);
-                             gdk_cairo_set_source_pixbuf(cr, image.get(), 0, 0);
-                             cairo_paint(cr);
-                           });
+  for (int number = 0; number < std::min(2, layout.columns * layout.rows); ++number) {
+    sides.at(static_cast<std::size_t>(number)).surface =
+        drawn(document, layout, number, pixels, [&](cairo_t* cr) {
+          gdk_cairo_set_source_pixbuf(cr, image.get(), 0, 0);
+          cairo_paint(cr);
+        });
+  }
   return sides;
 }
 

@@ -28,10 +28,9 @@ struct DocumentPage {
   std::string why;  // it cannot be read, in a sentence; "" when it can
 };
 
-/// Draws the first page of a document, and the second one of a PDF for the back. Scaled as the
-/// job's `fit-to-page`, `fill` or `print-scaling` says; else a page larger than the card is made to
-/// fit, and another one keeps its size, in the middle. A page that lies the other way is turned. On
-/// any thread; takes as long as the document needs.
+/// Draws what the job prints first and second of a document, pages of a PDF or an image and what of
+/// it lies on the next card, as cups-filters lays them. On any thread; takes as long as the
+/// document needs.
 std::array<DocumentPage, 2> drawDocument(const CardDocument& document);
 
 }  // namespace cardpanels::cardprint

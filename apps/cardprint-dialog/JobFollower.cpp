@@ -8,7 +8,7 @@ namespace cardpanels::cardprint {
 namespace {
 
 constexpr const char* kService = "org.freedesktop.Notifications";
-constexpr unsigned kPatience = 600;  // seconds for a server that does not answer
+constexpr unsigned kPatienceSeconds = 600;  // for a server that does not answer
 
 }  // namespace
 
@@ -54,7 +54,7 @@ void JobFollower::read(const dialog::JobsRead& read) {
         loop_->quit();
         return false;
       },
-      kPatience);
+      kPatienceSeconds);
 }
 
 }  // namespace cardpanels::cardprint

@@ -15,9 +15,10 @@ using platform::_;
 /// What is used of poppler-glib, which stays open.
 struct Poppler {
   void* library = dlopen("libpoppler-glib.so.8", RTLD_NOW | RTLD_LOCAL);
-// NOLINTNEXTLINE(bugprone-macro-parentheses): a member's name stands in none
+// NOLINTBEGIN(bugprone-macro-parentheses): a member's name stands in none
 #define CARDPANELS_FIND(name) \
   decltype(&::poppler_##name) name = find<decltype(&::poppler_##name)>("poppler_" #name)
+  // NOLINTEND(bugprone-macro-parentheses)
   CARDPANELS_FIND(document_new_from_file);
   CARDPANELS_FIND(document_get_n_pages);
   CARDPANELS_FIND(document_get_page);

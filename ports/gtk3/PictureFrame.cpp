@@ -27,9 +27,10 @@ void replace(Gtk::Widget& widget, Gtk::Widget& other) {
     if (child == &widget) break;
   }
   for (const Cell& cell : cells) grid->remove(cell.child == &other ? widget : *cell.child);
-  for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell) {
-    grid->attach(*cell->child, cell->left, cell->top, cell->width, cell->height);
-    (cell->child == &other ? widget : *cell->child).unreference();
+  std::reverse(cells.begin(), cells.end());
+  for (const Cell& cell : cells) {
+    grid->attach(*cell.child, cell.left, cell.top, cell.width, cell.height);
+    (cell.child == &other ? widget : *cell.child).unreference();
   }
 }
 

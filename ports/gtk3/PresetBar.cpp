@@ -46,6 +46,7 @@ PresetBar::PresetBar(std::function<dialog::Presets&()> presets)
   addItem(saveAs_, &PresetBar::saveAs);
   addItem(delete_, &PresetBar::remove);
   menu_.show_all();
+  menu_.set_halign(Gtk::ALIGN_END);  // below the row, not beside the window
   button_.set_image_from_icon_name("open-menu-symbolic");
   button_.set_popup(menu_);
   button_.set_tooltip_text(_("Save or delete presets"));

@@ -48,8 +48,8 @@ class PagesWithPresets : public testing::Test, private host::PanelObserver {
         .queue = {"card", preset},
         .serverOptions = serverOptions,
         .work =
-            [this](const PresetTask& task, std::function<void(PresetsRead)> done) {
-              tasks.push_back([task, done] { done(doneWithPresets(task)); });
+            [this](const PresetTask& task, const std::function<void(PresetsRead)>& done) {
+              tasks.emplace_back([task, done] { done(doneWithPresets(task)); });
               return std::make_shared<int>();
             },
         .copies = [this] { return copies; },

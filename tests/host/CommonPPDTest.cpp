@@ -20,6 +20,7 @@ class CommonPPDs : public testing::Test {
   /// Opens what the texts have in common.
   ppd_file_t* common(const std::vector<std::string>& texts) {
     std::vector<NamedPPD> ppds;
+    ppds.reserve(texts.size());
     for (const std::string& each : texts)
       ppds.push_back({"ppd" + std::to_string(ppds.size()), each});
     CommonPPD found = commonPPD(ppds);

@@ -23,7 +23,6 @@ namespace {
 using testing::ElementsAre;
 using testing::Field;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using Options = std::vector<Option>;
 using test::ChildProcess;
 

@@ -560,6 +560,25 @@ TEST_F(JobsOnOddServers, ADocumentGoesOutWholeAgainWithThePassword) {
   EXPECT_EQ(refused, 2);
 }
 
+TEST_F(JobsOnOddServers, ASmallDocumentGoesOutAtOnceAndALargeOneIsAnnounced) {
+  std::string head;
+  const OddServer server(answering([&](const std::string& request) {
+    if (isForPPD(request)) return httpAnswer(test::testPPD({test::laminateOption()}));
+    if (test::asksFor(request, IPP_OP_CREATE_JOB)) return jobAnswer(17);
+    if (!test::asksFor(request, IPP_OP_SEND_DOCUMENT)) return queueAnswer();
+    head = request.substr(0, request.find("\r\n\r\n"));
+    return jobAnswer(17);
+  }));
+  for (const std::size_t size : {0UL, 1UL, 1UL << 16U}) {
+    const std::string path = folder_.write("small.txt", std::string(size, 'x'));
+    EXPECT_EQ(submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond), 17);
+    EXPECT_THAT(head, AllOf(HasSubstr("Content-Length: "), Not(HasSubstr("Expect: ")))) << size;
+  }
+  const std::string path = folder_.write("larger.txt", std::string((1UL << 16U) + 1, 'x'));
+  EXPECT_EQ(submitJob({{"card", ""}, "Badge", {path}, {}}, kOneSecond), 17);
+  EXPECT_THAT(head, HasSubstr("Expect: 100-continue"));
+}
+
 TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
   for (const auto at : {OddServer::At::socket, OddServer::At::port}) {
     const OddServer server(withDocument(

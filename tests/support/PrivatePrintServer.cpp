@@ -206,7 +206,8 @@ void PrivatePrintServer::addRemoteQueue(const std::string& name, const std::stri
 
 void PrivatePrintServer::addClass(const std::string& name,
                                   const std::vector<std::string>& members) {
-  for (const std::string& each : members) run("lpadmin -p " + each + " -c " + name);
+  for (const std::string& each : members)
+    run(std::string("lpadmin -p ").append(each).append(" -c ").append(name));
   run("cupsaccept " + name + " && cupsenable " + name);
 }
 
