@@ -14,7 +14,7 @@ using platform::_;
 
 constexpr int kTextBorder = 12;
 constexpr int kWidestLine = 50;  // characters
-constexpr int kMaximumHeight = 400;
+constexpr int kGreatestHeight = 400;
 
 }  // namespace
 
@@ -34,7 +34,7 @@ HelpButton::HelpButton(std::function<dialog::Help()> help)
   scroller_->set_policy(Gtk::PolicyType::NEVER, Gtk::PolicyType::AUTOMATIC);
   scroller_->set_overlay_scrolling(false);
   scroller_->set_propagate_natural_height();
-  scroller_->set_max_content_height(kMaximumHeight);
+  scroller_->set_max_content_height(kGreatestHeight);
   scroller_->set_focusable();
   scroller_->set_child(*text_);
   setAccessibleName(*popover_, _("Help"));

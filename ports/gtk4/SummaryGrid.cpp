@@ -6,7 +6,7 @@
 namespace cardpanels::gtk4 {
 namespace {
 
-constexpr int kBorder = 18;
+constexpr int kSummaryBorder = 18;
 constexpr int kColumnSpacing = 12;
 constexpr int kRowSpacing = 6;
 constexpr int kGroupSpacing = 12;
@@ -30,7 +30,7 @@ void relate(Gtk::Label& title, Gtk::Label& value) {
 }  // namespace
 
 SummaryGrid::SummaryGrid() {
-  set_margin(kBorder);
+  set_margin(kSummaryBorder);
   set_column_spacing(kColumnSpacing);
   set_row_spacing(kRowSpacing);
 }
