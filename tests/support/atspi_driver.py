@@ -25,8 +25,8 @@ from gi.repository import Atspi, GLib  # noqa: E402 (the version comes first)
 
 LIMIT_SECONDS = 30
 PASSED_ON = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
-# A session bus that starts accessibility when it is asked for. What else the machine has, portals for
-# instance, would answer for a desktop that is not there.
+# A session bus that starts accessibility when it is asked for. What else the machine has, such as
+# portals, would answer for a desktop that is not there.
 SERVICE = "/usr/share/dbus-1/services/org.a11y.Bus.service"
 BUS = """\
 <busconfig>

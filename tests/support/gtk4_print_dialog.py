@@ -162,7 +162,9 @@ class Gtk4PrintDialog:
         def visible_label(row):
             return (each.get_name() for each in visible(row) if each.get_role_name() == "label")
 
-        all_titles = user.wait_for(titles, lambda: f"{name!r} does not open: {user.outline(self.program.root)}")
+        all_titles = user.wait_for(
+            titles, lambda: f"{name!r} does not open: {user.outline(self.program.root)}"
+        )
         self.keys("Home", *["Down"] * all_titles.index(item), "Return")
 
     def _open(self, button):

@@ -23,7 +23,8 @@ def criticals(errors):
 def warnings(errors):
     """The kinds of warnings in a program's error output, without what differs between any two runs:
     the process' number, the time and addresses."""
-    lines = {line for line in errors.splitlines() if re.search(r"(WARNING|CRITICAL|ERROR) \*\*", line)}
+    kinds = re.compile(r"(WARNING|CRITICAL|ERROR) \*\*")
+    lines = {line for line in errors.splitlines() if kinds.search(line)}
     return {re.sub(r":\d+\)|\*\*: [\d:.]+|0x[0-9a-f]+", "", line) for line in lines}
 
 

@@ -1,5 +1,5 @@
-"""The page Card where unmodified programs meet GTK 4's print dialog: in a program of GNOME, on Wayland
-and in the portal through which programs in a sandbox print."""
+"""The page Card where unmodified programs meet GTK 4's print dialog: in a program of GNOME, on
+Wayland and in the portal through which programs in a sandbox print."""
 
 import unittest
 
@@ -104,6 +104,7 @@ class PortalTestCase(Gtk4DialogCase):
 
     def start_portal(self, **options):
         command = ["/usr/libexec/xdg-desktop-portal-gnome"]
+        # Debian 13's shows dialogs only in a kind of session that it knows.
         self.dialog = self.start(command, XDG_SESSION_TYPE="x11", **options)
         user.wait_for(self.has_come, "there is no portal")
 
