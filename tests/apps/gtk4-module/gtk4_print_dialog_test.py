@@ -212,7 +212,7 @@ class InstalledTestCase(Gtk4DialogCase):
         dialog = self.start_demo(modules=backends.parents[1])
         dialog.select_printer("card")
         dialog.open_card()
-        self.assertTrue(self.maps(f"{prefix}/lib/libcardpanels-gtk4-page.so"))
+        self.assertTrue(self.maps(f"{prefix}/lib/cardpanels/libcardpanels-gtk4-page.so"))
         self.assertFalse(self.maps(f"{BUILD}/lib"))
         dialog.choose("Front Ribbon", "Metallic Silver")
         dialog.press("Print")
