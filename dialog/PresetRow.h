@@ -17,13 +17,16 @@ struct PresetRow {
 
   std::vector<Entry> entries;  // none when there is no row
   std::size_t chosen = 0;
-  std::string state;  // that the job differs from the chosen one; "" when it does not
+  std::string state = {};  // that the job differs from the chosen one; "" when it does not
   bool canSave = false;
   bool canDelete = false;
   bool operator==(const PresetRow&) const = default;
 };
 
-/// What becomes of a name that the user types for a preset.
+/// The name of the lock's icon.
+inline constexpr const char* kLockIcon = "changes-prevent-symbolic";
+
+/// What becomes of a name that the user types for a preset; nothing is told of none.
 struct NameVerdict {
   bool isGood = false;
   std::string told;  // why not, or what else there is to know; "" for nothing

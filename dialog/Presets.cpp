@@ -123,6 +123,7 @@ void Presets::saveAs(const std::string& name) {
 }
 
 NameVerdict Presets::judge(const std::string& name) const {
+  if (name.empty()) return {};  // nothing typed yet
   std::string fault = host::presetNameFault(name);
   if (!fault.empty()) return {false, std::move(fault)};
   if (equalIgnoringCase(name, standardTitle())) {

@@ -51,12 +51,10 @@ NameDialog::NameDialog(Gtk::Window* parent, Judge judge, Accept accept)
 }
 
 void NameDialog::typed() {
-  const std::string name = name_.get_text();
-  const auto verdict = judge_(name);
+  const auto verdict = judge_(name_.get_text());
   set_response_sensitive(Gtk::RESPONSE_OK, verdict.isGood);
-  const std::string told = name.empty() ? "" : verdict.told;
-  verdict_.set_text(told);
-  name_.get_accessible()->set_description(told);
+  verdict_.set_text(verdict.told);
+  name_.get_accessible()->set_description(verdict.told);
 }
 
 void NameDialog::on_response(int response) {

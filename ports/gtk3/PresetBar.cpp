@@ -84,7 +84,7 @@ void PresetBar::fill() {
   for (const auto& each : row_.entries) {
     auto entry = *entries_->append();
     entry[columns_.title] = each.title;
-    if (each.isLocked) entry[columns_.icon] = "changes-prevent-symbolic";
+    if (each.isLocked) entry[columns_.icon] = dialog::kLockIcon;
   }
 }
 

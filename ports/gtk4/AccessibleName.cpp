@@ -20,12 +20,14 @@ std::string kept(const Gtk::Widget& widget, const char* key) {
   return text == nullptr ? "" : text;
 }
 
-void nameButtons(GtkWidget* widget, const std::string& name) {
+/// The same for `widget` and, of a pop-up, for the button inside.
+void setOnButtonsToo(GtkWidget* widget, const char* key, GtkAccessibleProperty property,
+                     const std::string& text) {
+  setProperty(widget, key, property, text);
+  if (!GTK_IS_DROP_DOWN(widget) && !GTK_IS_MENU_BUTTON(widget)) return;
   for (GtkWidget* each = gtk_widget_get_first_child(widget); each != nullptr;
        each = gtk_widget_get_next_sibling(each)) {
-    if (GTK_IS_TOGGLE_BUTTON(each)) {
-      setProperty(each, kName, GTK_ACCESSIBLE_PROPERTY_LABEL, name);
-    }
+    if (GTK_IS_TOGGLE_BUTTON(each)) setProperty(each, key, property, text);
   }
 }
 
@@ -34,16 +36,13 @@ void nameButtons(GtkWidget* widget, const std::string& name) {
 void setAccessibleName(Gtk::Widget& widget, const std::string& name) {
   // A label with a mnemonic would be told too.
   gtk_accessible_reset_relation(GTK_ACCESSIBLE(widget.gobj()), GTK_ACCESSIBLE_RELATION_LABELLED_BY);
-  setProperty(widget.gobj(), kName, GTK_ACCESSIBLE_PROPERTY_LABEL, name);
-  if (GTK_IS_DROP_DOWN(widget.gobj()) || GTK_IS_MENU_BUTTON(widget.gobj())) {
-    nameButtons(widget.gobj(), name);
-  }
+  setOnButtonsToo(widget.gobj(), kName, GTK_ACCESSIBLE_PROPERTY_LABEL, name);
 }
 
 std::string accessibleName(const Gtk::Widget& widget) { return kept(widget, kName); }
 
 void setAccessibleDescription(Gtk::Widget& widget, const std::string& text) {
-  setProperty(widget.gobj(), kDescription, GTK_ACCESSIBLE_PROPERTY_DESCRIPTION, text);
+  setOnButtonsToo(widget.gobj(), kDescription, GTK_ACCESSIBLE_PROPERTY_DESCRIPTION, text);
 }
 
 std::string accessibleDescription(const Gtk::Widget& widget) { return kept(widget, kDescription); }

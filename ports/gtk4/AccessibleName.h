@@ -13,7 +13,7 @@ void setAccessibleName(Gtk::Widget& widget, const std::string& name);
 /// The name that `setAccessibleName` gave; "" without one. GTK keeps its own to itself.
 std::string accessibleName(const Gtk::Widget& widget);
 
-/// What assistive technology tells of `widget` besides.
+/// What assistive technology tells of `widget` besides, of a pop-up as of the name.
 void setAccessibleDescription(Gtk::Widget& widget, const std::string& text);
 std::string accessibleDescription(const Gtk::Widget& widget);
 

@@ -41,9 +41,11 @@ Gtk::Label* newText(const Glib::ustring& text) {
 CardPage::CardPage(host::PanelDriver& driver)
     : Glib::ObjectBase("CardpanelsPage"),
       Gtk::Box(Gtk::Orientation::VERTICAL),
+      presetBar_([this]() -> dialog::Presets& { return *page_->presets(); }),
       help_([this] { return page_->help(); }),
       page_(new dialog::Page(driver, *this)) {
   append(noticeBar_);
+  append(presetBar_);
   if (page_->sections().empty()) {
     columns_ = newText(dialog::Page::nothingToChoose());
     columns_->set_vexpand();
@@ -108,10 +110,10 @@ void CardPage::addKeys() {
                                [this] { help_.toggleHelp(); }});
 }
 
-/// The bar comes last, though it stands above.
+/// The notices come last, though they stand above.
 bool CardPage::moveFocus(GtkDirectionType direction) {
   if (!isTab(direction)) return moveFocusAsUsual(*this, direction);
-  return tabThrough(*this, {columns_, &noticeBar_}, direction);
+  return tabThrough(*this, {&presetBar_, columns_, &noticeBar_}, direction);
 }
 
 int CardPage::naturalWidth() {

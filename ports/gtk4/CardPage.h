@@ -16,6 +16,7 @@
 #include "ports/gtk4/HelpButton.h"
 #include "ports/gtk4/NoticeBar.h"
 #include "ports/gtk4/PageKeys.h"
+#include "ports/gtk4/PresetBar.h"
 #include "ports/gtk4/Sidebar.h"
 #include "ports/gtk4/SummaryGrid.h"
 #include "ports/gtk4/TabOrder.h"
@@ -23,7 +24,7 @@
 namespace cardpanels::gtk4 {
 
 /// The widgets of the page "Card": the sections by name in a sidebar, the one that is selected
-/// beside it, and the bar above.
+/// beside it, and the bars above.
 class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageView {
  public:
   /// A page on `driver`'s panels, which must outlive it.
@@ -54,7 +55,7 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   void markRow(std::size_t section, const std::string& why) override;
   void emphasize(std::size_t section, const std::set<std::string>& keys) override;
   void showNotices(const dialog::Notices& notices) override;
-  void showPresets(const dialog::PresetRow& /*row*/) override {}
+  void showPresets(const dialog::PresetRow& row) override { presetBar_.display(row); }
   void allowReset(bool allowed) override { resetButton_.set_sensitive(allowed); }
   void later(std::function<void()> task) override;
 
@@ -66,12 +67,13 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   void rowSelected(Gtk::ListBoxRow* row);
 
   NoticeBar noticeBar_;
+  PresetBar presetBar_;
   Sidebar sidebar_;
   Gtk::Button resetButton_;
   HelpButton help_;
   Gtk::Stack stack_;
   SummaryGrid summary_;
-  Gtk::Widget* columns_ = nullptr;                 // all but the bar
+  Gtk::Widget* columns_ = nullptr;                 // all but the bars
   std::vector<Gtk::ScrolledWindow*> frames_;       // a section each
   std::vector<std::set<std::string>> emphasized_;  // the options in bold there
   std::unique_ptr<dialog::Page> page_;

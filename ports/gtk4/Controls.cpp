@@ -2,13 +2,11 @@
 
 #include <gtkmm/cssprovider.h>
 #include <gtkmm/eventcontrollerfocus.h>
-#include <gtkmm/listitem.h>
 #include <gtkmm/notebook.h>
-#include <gtkmm/signallistitemfactory.h>
 #include <gtkmm/stack.h>
-#include <gtkmm/stringobject.h>
 
 #include "ports/gtk4/AccessibleName.h"
+#include "ports/gtk4/TitleRows.h"
 
 namespace cardpanels::gtk4 {
 namespace {
@@ -26,24 +24,6 @@ void makeMarkedTextReadable() {
                                                GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     return made;
   }();
-}
-
-/// Shows titles, cut where the window is small.
-Glib::RefPtr<Gtk::ListItemFactory> cutTitles() {
-  auto factory = Gtk::SignalListItemFactory::create();
-  factory->signal_setup().connect([](const Glib::RefPtr<Gtk::ListItem>& item) {
-    auto* const label = Gtk::make_managed<Gtk::Label>();
-    label->set_xalign(0);
-    label->set_ellipsize(Pango::EllipsizeMode::END);
-    label->set_width_chars(kFewestCharacters);
-    item->set_child(*label);
-  });
-  factory->signal_bind().connect([](const Glib::RefPtr<Gtk::ListItem>& item) {
-    const auto text = std::dynamic_pointer_cast<Gtk::StringObject>(item->get_item());
-    auto* const label = dynamic_cast<Gtk::Label*>(item->get_child());
-    if (text && label != nullptr) label->set_text(text->get_string());
-  });
-  return factory;
 }
 
 }  // namespace
@@ -116,7 +96,7 @@ PopUpButton::PopUpButton(const Glib::RefPtr<Gtk::Widget>& dropDown_)
     : Viewed(dropDown_),
       titles_(Gtk::StringList::create({})),
       menu_(std::make_shared<Menu>(sigc::mem_fun(*this, &PopUpButton::show))) {
-  dropDown().set_factory(cutTitles());
+  dropDown().set_factory(titleRows({kFewestCharacters}));
   dropDown().set_model(titles_);
 }
 

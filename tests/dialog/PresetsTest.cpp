@@ -324,6 +324,8 @@ TEST_F(PagesWithPresets, NamesAreJudgedWhileTheyAreTyped) {
   users("Dest card/visitors cardLaminate=Front\n");
   open();
   const Presets& presets = *page->presets();
+  EXPECT_FALSE(presets.judge("").isGood);
+  EXPECT_EQ(presets.judge("").told, "");
   EXPECT_TRUE(presets.judge("guests").isGood);
   EXPECT_EQ(presets.judge("guests").told, "");
   EXPECT_TRUE(presets.judge("VISITORS").isGood);

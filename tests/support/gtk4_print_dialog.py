@@ -7,6 +7,7 @@ it select in few of them: printers, tabs and choices are clicked and reached by 
 import subprocess
 
 import atspi_driver as user
+import presets
 from atspi_driver import Atspi
 
 
@@ -43,11 +44,15 @@ class Gtk4PrintDialog:
         return user.wait_for(self._root_now, f"no dialog {self._title!r}")
 
     def _root_now(self):
+        shown = [each for each in self._titled(self._title)
+                 if self._windows_now() and place(each).width > 1]
+        return shown[-1] if shown else None
+
+    def _titled(self, title):
+        """The program's windows of that title."""
         root = self.program.root
         windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
-        fitting = [each for each in windows if each and each.get_name() == self._title]
-        shown = [each for each in fitting if self._windows_now() and place(each).width > 1]
-        return shown[-1] if shown else None
+        return [each for each in windows if each and each.get_name() == title]
 
     def _windows_now(self):
         pid = str(self.program.pid)
@@ -138,9 +143,19 @@ class Gtk4PrintDialog:
 
     def chosen(self, name):
         """The text of what a pop-up has chosen."""
-        shown = [each for each in visible(self.pop_up(name))
+        return self._shown_in(self.pop_up(name))
+
+    def chosen_own(self, name):
+        """The same of a control of the dialog's own."""
+        return self._shown_in(self._own_pop_up(name))
+
+    def _shown_in(self, pop_up):
+        shown = [each for each in visible(pop_up)
                  if each.get_role_name() == "label" and place(each).width > 0]
         return shown[0].get_name()
+
+    def _own_pop_up(self, name):
+        return self.find("combo box", None, self.find("panel", name))
 
     def choose(self, name, item):
         """Opens a pop-up of the page and goes to the item of that text with keys."""
@@ -150,11 +165,17 @@ class Gtk4PrintDialog:
 
     def choose_own(self, name, item):
         """The same in a control of the dialog's own, which tells less."""
-        self._choose(self.find("combo box", None, self.find("panel", name)), name, item)
+        self._choose(self._own_pop_up(name), name, item)
 
     def _choose(self, pop_up, name, item):
         self._open(self.find("push button", None, pop_up))
+        self._pick(pop_up, name, item)
 
+    def pick(self, name, item):
+        """Goes with keys to an item of a pop-up that is open, or opens."""
+        self._pick(self.pop_up(name), name, item)
+
+    def _pick(self, pop_up, name, item):
         def titles():
             rows = [each for each in visible(pop_up) if each.get_role_name() == "list item"]
             return [next(visible_label(row)) for row in rows]
@@ -192,15 +213,20 @@ class Gtk4PrintDialog:
     def text_of(self, name):
         return user.text_of(self.field(name))
 
-    def button(self, label):
+    def button(self, label, inside=None):
         """The button with that label, whatever else its name holds."""
 
-        def look():
+        def parts():
+            if inside is not None:
+                return [inside]
             root = self.root
             around = root.get_child_at_index(0)
             foot = around.get_child_at_index(around.get_child_count() - 1)
-            for part in (foot, self._card, root):
-                for each in visible(part) if part else ():
+            return [foot, self._card, root] if self._card else [foot, root]
+
+        def look():
+            for part in parts():
+                for each in visible(part):
                     own = user.role_name(each) == "push button" and each.get_name()
                     if own and (own == label or own.endswith(" " + label)):
                         return each
@@ -221,6 +247,54 @@ class Gtk4PrintDialog:
             lambda: next((text for text in self.texts() if part in text), None),
             lambda: f"{part!r} is not told in {self.texts()}",
         )
+
+    def paper_size(self):
+        return self._shown_in(self.find("combo box", "Paper size:"))
+
+    def _copies(self):
+        self.open_tab("General")
+        return self.find("spin button", "Copies:").get_value_iface()
+
+    def copies(self):
+        return self._copies().get_current_value()
+
+    def set_copies(self, number):
+        self._copies().set_current_value(number)
+
+    def wait_for_preset(self, title, modified=False):
+        """Waits until the row of presets shows that one, and whether the job differs from it."""
+        user.wait_for(
+            lambda: self.chosen("Preset") == title and ("Modified" in self.texts()) == modified,
+            lambda: f"{title!r} is not chosen, {self.chosen('Preset')!r} is",
+        )
+
+    def choose_preset(self, title):
+        self.choose("Preset", title)
+        self.wait_for_preset(title)
+
+    def open_menu(self, item):
+        """Opens the menu of presets and goes to an item with keys."""
+        outer = self.find("push button", presets.MENU, self._card)
+        user.press(outer.get_child_at_index(0))
+
+        def offered():
+            items = [each for each in visible(outer) if each.get_role_name() == "menu item"]
+            return [each.get_name() for each in items
+                    if has_state(each, Atspi.StateType.SENSITIVE)]
+
+        names = user.wait_for(offered, lambda: f"no menu in {user.outline(outer)}")
+        self.keys(*["Down"] * names.index(item), "Return")
+
+    def save_preset(self, name):
+        self.open_menu("Save As…")
+        asking = user.wait_for(lambda: self._titled("Save Preset As"), "nobody asks for a name")[-1]
+        user.type_text(self.find("text", "Name", asking), name)
+        user.press(self.button("Save", asking))
+        self.wait_for_preset(name)
+
+    def delete_preset(self):
+        self.open_menu("Delete")
+        self.wait_for_preset("Standard", modified=True)
 
     def _xdotool(self, *command):
         done = subprocess.run(["xdotool", *command], env=self._desktop.env, capture_output=True,

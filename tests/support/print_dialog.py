@@ -3,6 +3,7 @@
 import re
 
 import atspi_driver as user
+import presets
 
 # What GTK says of itself, without the module too: GTK 3.24 when a dialog goes while a screen reader
 # listens, and both of the demo's message that has no parent.
@@ -73,6 +74,39 @@ class PrintDialog:
 
     def type(self, name, text):
         user.type_text(self.program.find("text", name), text)
+
+    def type_area(self, area, *measurements):
+        for name, text in zip(("X", "Y", "width", "height"), measurements):
+            self.type(f"{area}, {name}", text)
+
+    def chosen_own(self, name):
+        """The text of what a pop-up of the dialog's own has chosen."""
+        return user.chosen(self.combo(name))
+
+    def paper_size(self):
+        return user.chosen(self.combo("Paper size:"))
+
+    def _copies(self):
+        self.open_tab("General")
+        return self.program.find("spin button", "Copies:").get_value_iface()
+
+    def copies(self):
+        return self._copies().get_current_value()
+
+    def set_copies(self, number):
+        self._copies().set_current_value(number)
+
+    def wait_for_preset(self, title, modified=False):
+        presets.wait_until_chosen(self.program, title, modified)
+
+    def choose_preset(self, title):
+        presets.choose(self.program, title)
+
+    def save_preset(self, name):
+        presets.save_as(self.program, name)
+
+    def delete_preset(self):
+        presets.delete(self.program)
 
     def button(self, name):
         return self.program.find("push button", name)
