@@ -43,7 +43,8 @@ class Installed(unittest.TestCase):
         self.install("/usr", DESTDIR=str(self.folder))
         libraries = [each for each in self.folder.rglob("*.so*") if each.is_file()]
         self.assertTrue(libraries)
-        self.assertEqual([each for each in libraries if "cardpanels" not in each.parts], [])
+        real = {each.resolve() for each in libraries}  # a link leads GTK 4 to its module
+        self.assertEqual([each for each in real if "cardpanels" not in each.parts], [])
         link = next(self.folder.rglob("cardpanels.bundle/resources/locale"))
         self.assertTrue((link / "de" / "LC_MESSAGES" / "cardpanels.mo").is_file())
         self.assertFalse(link.readlink().is_absolute())

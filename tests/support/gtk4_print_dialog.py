@@ -168,7 +168,7 @@ class Gtk4PrintDialog:
         self._choose(self._own_pop_up(name), name, item)
 
     def _choose(self, pop_up, name, item):
-        user.press(self.find("push button", None, pop_up))
+        self._open(self.find("push button", None, pop_up))
         self._pick(pop_up, name, item)
 
     def pick(self, name, item):
@@ -187,6 +187,9 @@ class Gtk4PrintDialog:
             titles, lambda: f"{name!r} does not open: {user.outline(self.program.root)}"
         )
         self.keys("Home", *["Down"] * all_titles.index(item), "Return")
+
+    def _open(self, button):
+        user.press(button)
 
     def field(self, name):
         return self.find("text", name, self._card)
@@ -219,7 +222,7 @@ class Gtk4PrintDialog:
             root = self.root
             around = root.get_child_at_index(0)
             foot = around.get_child_at_index(around.get_child_count() - 1)
-            return [foot, self._card or root]
+            return [foot, self._card, root] if self._card else [foot, root]
 
         def look():
             for part in parts():
@@ -297,3 +300,25 @@ class Gtk4PrintDialog:
         done = subprocess.run(["xdotool", *command], env=self._desktop.env, capture_output=True,
                               text=True)
         return done.stdout
+
+
+class WaylandPrintDialog(Gtk4PrintDialog):
+    """The same on the desktop's Wayland compositor, whose window has what a window there has."""
+
+    def __init__(self, desktop, program, title="Print"):
+        super().__init__(desktop, program, title)
+        self._xdotool("windowfocus", "--sync", self._windows_now()[-1])
+
+    def is_open(self):
+        return self._root_now() is not None
+
+    def keys(self, *keys):
+        # The focus stays: a list that is open would close when it went.
+        self._xdotool("key", "--delay", "40", *keys)
+
+    def _windows_now(self):
+        return self._xdotool("search", "--onlyvisible", "--class", "weston").split()
+
+    def _open(self, button):
+        # Wayland lets a list take the keys only when it was opened with mouse or keyboard.
+        self.click(button)

@@ -21,6 +21,14 @@ def criticals(errors):
     return [line for line in lines if not any(own in line for own in GTK_OWN_CRITICALS)]
 
 
+def warnings(errors):
+    """The kinds of warnings in a program's error output, without what differs between any two runs:
+    the process' number, the time and addresses."""
+    kinds = re.compile(r"(WARNING|CRITICAL|ERROR) \*\*")
+    lines = {line for line in errors.splitlines() if kinds.search(line)}
+    return {re.sub(r":\d+\)|\*\*: [\d:.]+|0x[0-9a-f]+", "", line) for line in lines}
+
+
 class PrintDialog:
     """The print dialog that a program shows."""
 

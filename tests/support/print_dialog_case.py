@@ -130,6 +130,10 @@ class PrintDialogCase(unittest.TestCase):
         expected = {key: value for key, value in defaults(ppd).items() if key in job} | chosen
         self.assertEqual({key: job.get(key) for key in expected}, expected)
 
+    def assert_has(self, job, **chosen):
+        """The job carries `chosen`, whatever paper and other options the program has."""
+        self.assertEqual({key: job.get(key) for key in chosen}, chosen)
+
     def maps(self, library):
         with open(f"/proc/{self.program.pid}/maps", encoding="utf-8") as file:
             return library in file.read()

@@ -2,7 +2,7 @@
 
 import unittest
 
-from gtk4_print_dialog_test import Gtk4DialogCase
+from gtk4_print_dialog_case import Gtk4DialogCase
 from presets_case import PresetsCase
 from print_dialog_case import SANITIZED
 

@@ -7,38 +7,11 @@ import subprocess
 import unittest
 
 import atspi_driver as user
-from gtk4_print_dialog import Gtk4PrintDialog
+from gtk4_print_dialog_case import Gtk4DialogCase
 from print_dialog import criticals
-from print_dialog_case import BUILD, SANITIZED, PrintDialogCase
+from print_dialog_case import BUILD, SANITIZED
 
-MODULES = BUILD / "lib" / "gtk-4.0"
 MODULE = BUILD / "lib" / "libcardpanels-gtk4-module.so"
-PROGRAM = BUILD / "tests" / "gtk4-print-program"
-
-
-class Gtk4DialogCase(PrintDialogCase):
-    def start(self, command, title="Print", modules=MODULES, **env):
-        """Starts a program that prints; answers its dialog."""
-        env = {**self.server.env, **env}
-        if modules:
-            env["GTK_PATH"] = str(modules)
-        if SANITIZED:
-            # Programs and GTK have leaks of their own; ours are looked for in the report.
-            env["LSAN_OPTIONS"] = "exitcode=0"
-        self.program = self.desktop.start(command, **env)
-        return Gtk4PrintDialog(self.desktop, self.program, title)
-
-    def start_demo(self, **env):
-        """Starts GTK's own example of printing, unmodified; answers its dialog."""
-        if SANITIZED:
-            return self.start_program("operation", **env)
-        return self.start(["gtk4-demo", "--run=printing"], **env)
-
-    def start_program(self, command, title="Print", **env):
-        """Starts the tests' own program; answers its dialog after `command`."""
-        dialog = self.start([str(PROGRAM), self.commands], title, **env)
-        self.send(command)
-        return dialog
 
 
 class PanelsTestCase(Gtk4DialogCase):

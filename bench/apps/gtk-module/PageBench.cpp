@@ -1,7 +1,6 @@
 #include <benchmark/benchmark.h>
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
-#include <gtkmm/main.h>
 
 #include <chrono>
 #include <cstring>
@@ -9,20 +8,50 @@
 #include <stdexcept>
 #include <string>
 
-#include "apps/gtk3-module/GtkPrintDialog.h"
 #include "bench/support/Ratios.h"
 #include "dialog/DialogSession.h"
-#include "ports/gtk3/GtkBundle.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/Display.h"
 #include "tests/support/PrivatePrintServer.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
+#if GTK_CHECK_VERSION(4, 0, 0)
+#include <gtkmm/init.h>
+
+#include "apps/gtk4-module/GtkPrintDialog.h"
+#include "ports/gtk4/GtkBundle.h"
+#else
+#include <gtkmm/main.h>
+
+#include "apps/gtk3-module/GtkPrintDialog.h"
+#include "ports/gtk3/GtkBundle.h"
+#endif
+
+// The page in the print dialog of GTK 3 or GTK 4, beside what the dialog does for the same printer.
+
 namespace {
 
 using namespace cardpanels;
 using Clock = std::chrono::steady_clock;
+
+#if GTK_CHECK_VERSION(4, 0, 0)
+using gtk4::GtkBundle;
+using gtk4module::GtkPrintDialog;
+void startToolkit(int& /*argc*/, char**& /*argv*/) {
+  gtk_init();
+  Gtk::init_gtkmm_internals();
+}
+void destroyWindow(GtkWidget* window) { gtk_window_destroy(GTK_WINDOW(window)); }
+#else
+using gtk3::GtkBundle;
+using gtk3module::GtkPrintDialog;
+void startToolkit(int& argc, char**& argv) {
+  gtk_init(&argc, &argv);
+  Gtk::Main::init_gtkmm_internals();
+}
+void destroyWindow(GtkWidget* window) { gtk_widget_destroy(window); }
+#endif
 
 double secondsSince(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
@@ -35,17 +64,17 @@ class Dialog {
     server_.addQueue("card", test::fileContent(test::duplexPPD()));
     server_.addQueue("plain", test::testPPD({test::testOption("toner", "Toner", 2)}));
     widget_ = gtk_print_unix_dialog_new(nullptr, nullptr);
-    gtk_widget_show(widget_);
+    gtk_widget_set_visible(widget_, TRUE);
     for (const char* queue : {"card", "plain"}) {
       select(queue);
       const auto start = Clock::now();
       while (!shows(queue)) {
-        gtk_main_iteration_do(FALSE);
+        g_main_context_iteration(nullptr, FALSE);
         if (secondsSince(start) > 20) throw std::runtime_error("the dialog shows no printer");
       }
     }
   }
-  ~Dialog() { gtk_widget_destroy(widget_); }
+  ~Dialog() { destroyWindow(widget_); }
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
 
@@ -59,7 +88,7 @@ class Dialog {
   }
 
   void rest() {
-    while (gtk_events_pending() != 0) gtk_main_iteration();
+    while (g_main_context_pending(nullptr) != FALSE) g_main_context_iteration(nullptr, FALSE);
   }
 
  private:
@@ -91,7 +120,7 @@ BENCHMARK(dialogBuildsItsControls)->UseManualTime();
 
 /// From there to the page being ready, without the fetch.
 void pageGetsReady(benchmark::State& state) {
-  gtk3module::GtkPrintDialog controls(dialog().get());
+  GtkPrintDialog controls(dialog().get());
   std::function<void(dialog::QueueRead)> done;
   dialog::DialogSession session(
       controls,
@@ -104,7 +133,7 @@ void pageGetsReady(benchmark::State& state) {
       },
       [](host::JobOptions& job) {
         return std::make_unique<host::PanelHost>(
-            test::builtBundle(), std::make_shared<gtk3::GtkBundle>(test::builtBundle()), job);
+            test::builtBundle(), std::make_shared<GtkBundle>(test::builtBundle()), job);
       },
       [](const dialog::PresetTask&, const std::function<void(dialog::PresetsRead)>&) {
         return nullptr;
@@ -129,7 +158,6 @@ BENCHMARK(pageGetsReady)->UseManualTime();
 
 int main(int argc, char** argv) {
   const test::Display display;
-  gtk_init(&argc, &argv);
-  Gtk::Main::init_gtkmm_internals();
+  startToolkit(argc, argv);
   return bench::runWithRatios(argc, argv, {{"pageGetsReady", "dialogBuildsItsControls", 0.5}});
 }
