@@ -9,13 +9,14 @@
 #include "apps/gtk-module/PrinterOptions.h"
 
 namespace cardpanels::gtkmodule {
-namespace {
-
-using host::Option;
 
 struct Unref {
   void operator()(gpointer object) const { g_object_unref(object); }
 };
+
+namespace {
+
+using host::Option;
 
 // The value of an option that is left out of the job.
 constexpr const char* kLeftOut = "gtk-ignore-value";
@@ -154,9 +155,9 @@ UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
   for (const auto& [widget, signal] : {std::pair(paperSizes_, selectionSignal(paperSizes_)),
                                        std::pair(copies_, "value-changed")}) {
     if (widget == nullptr) continue;
-    g_signal_connect_swapped(
-        widget, signal, G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }),
-        this);
+    g_signal_connect_swapped(widget, signal,
+                             G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }),
+                             this);
   }
 }
 
