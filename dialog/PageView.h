@@ -31,8 +31,8 @@ class PageView {
   virtual void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) = 0;
 
   /// Shows `picture` with `fields`, a view inside that section's, for as long as the page lives.
-  virtual void addPicture(std::size_t /*section*/, const std::shared_ptr<CardPicture>& /*picture*/,
-                          const std::shared_ptr<platform::View>& /*fields*/) {}
+  virtual void addPicture(std::size_t section, const std::shared_ptr<CardPicture>& picture,
+                          const std::shared_ptr<platform::View>& fields) = 0;
 
   /// Puts `text` there instead.
   virtual void fillSectionWithText(std::size_t section, const std::string& text) = 0;

@@ -1,6 +1,7 @@
 #include "dialog/PictureLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace cardpanels::dialog {
 namespace {
@@ -10,6 +11,13 @@ constexpr double kLeft = 2.2;   // a ruler's numbers and marks
 constexpr double kTop = 1.7;    // the same
 constexpr double kRight = 0.9;  // what is off the card
 constexpr double kBottom = 2;   // the same, and the size
+
+// The picture's width, in the same.
+constexpr double kLeast = 14;
+constexpr double kNatural = 20;
+constexpr double kMost = 22;
+
+int wholePixels(double length) { return static_cast<int>(std::ceil(length)); }
 
 }  // namespace
 
@@ -36,6 +44,15 @@ double PictureLayout::widthFor(const host::CardGeometry& card, double height, do
   if (!card.hasSize()) return 0;
   const double down = std::max(height - (kTop + kBottom) * line, 1.0);
   return down * card.width / card.height + (kLeft + kRight) * line;
+}
+
+int PictureLayout::leastWidth(double line) { return wholePixels(kLeast * line); }
+
+int PictureLayout::naturalWidth(double line) { return wholePixels(kNatural * line); }
+
+int PictureLayout::heightAskedFor(const host::CardGeometry& card, int width, double line) {
+  const double most = kMost * line;
+  return wholePixels(std::min(heightFor(card, std::min<double>(width, most), line), most));
 }
 
 PictureBox PictureLayout::boxOf(const AreaRectangle& area) const {

@@ -38,6 +38,12 @@ class PictureLayout {
   /// What a picture so high is best wide.
   static double widthFor(const host::CardGeometry& card, double height, double line);
 
+  /// What a picture is at least and best wide, and what it asks for in height when it is so wide,
+  /// where a line of text is `line` pixels high.
+  static int leastWidth(double line);
+  static int naturalWidth(double line);
+  static int heightAskedFor(const host::CardGeometry& card, int width, double line);
+
   /// Pixels a point.
   double scale() const { return scale_; }
   double line() const { return line_; }

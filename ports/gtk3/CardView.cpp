@@ -1,74 +1,17 @@
 #include "ports/gtk3/CardView.h"
 
-#include <gdk/gdkkeysyms.h>
 #include <gdkmm/cursor.h>
 #include <gdkmm/window.h>
-#include <pangomm/context.h>
-#include <pangomm/font.h>
-#include <pangomm/fontmetrics.h>
+#include <gtk/gtk.h>
 
-#include <algorithm>
-#include <cmath>
-#include <map>
-#include <optional>
 #include <utility>
 
+#include "ports/gtk/PictureKeys.h"
+#include "ports/gtk/PictureStyle.h"
 #include "ports/gtk3/CardAccessible.h"
 
 namespace cardpanels::gtk3 {
 namespace {
-
-using dialog::PictureKey;
-
-constexpr double kLeastLines = 14;  // the picture's width in lines of text
-constexpr double kNaturalLines = 20;
-constexpr double kMostLines = 22;
-
-std::optional<PictureKey> pictureKey(guint key) {
-  using Key = PictureKey;
-  static const std::map<guint, Key> keys{
-      {GDK_KEY_Left, Key::left},
-      {GDK_KEY_KP_Left, Key::left},
-      {GDK_KEY_Right, Key::right},
-      {GDK_KEY_KP_Right, Key::right},
-      {GDK_KEY_Up, Key::up},
-      {GDK_KEY_KP_Up, Key::up},
-      {GDK_KEY_Down, Key::down},
-      {GDK_KEY_KP_Down, Key::down},
-      {GDK_KEY_Page_Up, Key::previous},
-      {GDK_KEY_Page_Down, Key::next},
-      {GDK_KEY_Home, Key::first},
-      {GDK_KEY_End, Key::last},
-      {GDK_KEY_Insert, Key::create},
-      {GDK_KEY_Delete, Key::clear},
-      {GDK_KEY_KP_Delete, Key::clear},
-      {GDK_KEY_BackSpace, Key::clear},
-      {GDK_KEY_Return, Key::edit},
-      {GDK_KEY_KP_Enter, Key::edit},
-      {GDK_KEY_Escape, Key::release},
-  };
-  const auto found = keys.find(key);
-  if (found == keys.end()) return std::nullopt;
-  return found->second;
-}
-
-cairo::Colour themeColour(const Gtk::Widget& widget, const char* name, const char* otherwise) {
-  Gdk::RGBA colour;
-  if (!widget.get_style_context()->lookup_color(name, colour)) colour.set(otherwise);
-  return {colour.get_red(), colour.get_green(), colour.get_blue()};
-}
-
-/// A page of the document is as white as paper, whatever the theme.
-cairo::CardColours themeColours(const Gtk::Widget& widget, bool hasPage) {
-  constexpr cairo::Colour kWhite{1, 1, 1};
-  const cairo::Colour ink = themeColour(widget, "theme_text_color", "black");
-  const cairo::Colour onCard = hasPage ? cairo::Colour() : ink;
-  return {.card = hasPage ? kWhite : themeColour(widget, "theme_base_color", "white"),
-          .ink = ink,
-          .onCard = onCard,
-          .area = cairo::readable(themeColour(widget, "theme_selected_bg_color", "blue"), onCard),
-          .error = cairo::readable(themeColour(widget, "error_color", "red"), onCard)};
-}
 
 bool isMainButton(const GdkEventButton& event) {
   return event.type == GDK_BUTTON_PRESS && event.button == GDK_BUTTON_PRIMARY;
@@ -95,10 +38,8 @@ CardView::~CardView() {
   releaseCardAccessible(*this);
 }
 
-double CardView::line() {
-  const auto context = get_pango_context();
-  const auto metrics = context->get_metrics(context->get_font_description());
-  return (metrics.get_ascent() + metrics.get_descent()) / double{Pango::SCALE};
+double CardView::line() const {
+  return gtk::lineHeight(GTK_WIDGET(const_cast<CardView*>(this)->gobj()));
 }
 
 void CardView::follow() {
@@ -123,12 +64,7 @@ void CardView::on_size_allocate(Gtk::Allocation& allocation) {
 
 void CardView::on_style_updated() {
   Gtk::DrawingArea::on_style_updated();
-  style_.colours = themeColours(*this, style_.page != nullptr);
-  const auto context = get_pango_context();
-  // The one that Pango takes, where the theme's is not installed.
-  const auto font = context->load_font(context->get_font_description());
-  if (font) style_.fontFamily = font->describe().get_family();
-  style_.fontSize = 0.8 * line();
+  gtk::takeTheme(GTK_WIDGET(gobj()), style_);
   setRoom();
 }
 
@@ -145,7 +81,7 @@ void CardView::setGround(CardGround ground) {
   set_tooltip_text(ground_.why);
   picture_->tellBlank(ground_.why);
   style_.page = ground_.page.get();
-  style_.colours = themeColours(*this, style_.page != nullptr);
+  style_.colours = gtk::themeColours(GTK_WIDGET(gobj()), style_.page != nullptr);
   queue_draw();
 }
 
@@ -170,16 +106,12 @@ Gtk::SizeRequestMode CardView::get_request_mode_vfunc() const {
 }
 
 void CardView::get_preferred_width_vfunc(int& least, int& natural) const {
-  const double lines = const_cast<CardView*>(this)->line();
-  least = static_cast<int>(std::ceil(kLeastLines * lines));
-  natural = static_cast<int>(std::ceil(kNaturalLines * lines));
+  least = dialog::PictureLayout::leastWidth(line());
+  natural = dialog::PictureLayout::naturalWidth(line());
 }
 
 void CardView::get_preferred_height_for_width_vfunc(int width, int& least, int& natural) const {
-  const double lines = const_cast<CardView*>(this)->line();
-  const double used = std::min<double>(width, kMostLines * lines);
-  least = natural = static_cast<int>(std::ceil(std::min(
-      dialog::PictureLayout::heightFor(picture_->scene().card, used, lines), kMostLines * lines)));
+  least = natural = dialog::PictureLayout::heightAskedFor(picture_->scene().card, width, line());
 }
 
 void CardView::get_preferred_height_vfunc(int& least, int& natural) const {
@@ -215,13 +147,7 @@ void CardView::showCursor(const char* name) {
 }
 
 bool CardView::on_key_press_event(GdkEventKey* event) {
-  const auto key = pictureKey(event->keyval);
-  const dialog::PictureModifiers held{.fine = (event->state & GDK_CONTROL_MASK) != 0,
-                                      .resizes = (event->state & GDK_SHIFT_MASK) != 0};
-  const bool isElsewhere =
-      (event->state & GDK_MOD1_MASK) != 0 ||
-      (held.fine && (event->keyval == GDK_KEY_Page_Up || event->keyval == GDK_KEY_Page_Down));
-  if (key && !isElsewhere && picture_->press(*key, held)) return true;
+  if (gtk::pressKey(*picture_, event->keyval, event->state)) return true;
   return Gtk::DrawingArea::on_key_press_event(event);
 }
 

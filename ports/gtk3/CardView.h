@@ -36,7 +36,7 @@ class CardView final : public Gtk::DrawingArea {
   void setChanged(std::function<void()> changed) { changed_ = std::move(changed); }
 
   /// How high a line of text is here, in pixels.
-  double line();
+  double line() const;
 
  protected:
   bool on_draw(const Cairo::RefPtr<Cairo::Context>& context) override;

@@ -1,13 +1,10 @@
 #include "ports/gtk3/PictureFrame.h"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
 namespace cardpanels::gtk3 {
 namespace {
-
-constexpr int kPictureSpacing = 12;
 
 /// Puts `other` where `widget` stands in its grid. Assistive technology reads a grid's children by
 /// when they came, the last one first, so those that are read before come again.
@@ -34,25 +31,22 @@ void replace(Gtk::Widget& widget, Gtk::Widget& other) {
   }
 }
 
-int naturalWidth(const Gtk::Widget& widget) {
-  int least = 0;
-  int natural = 0;
-  widget.get_preferred_width(least, natural);
-  return natural;
+dialog::PanelPart partOf(const Gtk::Widget& widget) {
+  dialog::PanelPart part;
+  widget.get_preferred_width(part.leastWidth, part.naturalWidth);
+  part.heightFor = [&widget](int width) {
+    int least = 0;
+    int natural = 0;
+    widget.get_preferred_height_for_width(width, least, natural);
+    return natural;
+  };
+  return part;
 }
 
-int leastWidth(const Gtk::Widget& widget) {
-  int least = 0;
-  int natural = 0;
-  widget.get_preferred_width(least, natural);
-  return least;
-}
-
-int heightOf(const Gtk::Widget& widget, int width) {
-  int least = 0;
-  int natural = 0;
-  widget.get_preferred_height_for_width(width, least, natural);
-  return natural;
+void place(Gtk::Widget& widget, const dialog::PartPlace& place, const Gtk::Allocation& room) {
+  Gtk::Allocation allocation(room.get_x() + place.left, room.get_y() + place.top, place.width,
+                             place.height);
+  widget.size_allocate(allocation);
 }
 
 }  // namespace
@@ -91,9 +85,12 @@ void BesideOrAbove::forall_vfunc(gboolean /*includesInternals*/, GtkCallback cal
   if (second_ != nullptr) callback(second_->gobj(), data);
 }
 
-int BesideOrAbove::widthBeside(int width) const {
-  const int room = width - kPictureSpacing - naturalWidth(*first_);
-  return room >= leastWidth(*second_) ? std::min(room, naturalWidth(*second_)) : 0;
+/// Nothing while it holds nothing.
+std::optional<dialog::BesideOrAbove> BesideOrAbove::layout() const {
+  if (first_ == nullptr || second_ == nullptr) return std::nullopt;
+  std::optional<dialog::PanelPart> first;
+  if (first_->get_visible()) first = partOf(*first_);
+  return dialog::BesideOrAbove(std::move(first), partOf(*second_));
 }
 
 Gtk::SizeRequestMode BesideOrAbove::get_request_mode_vfunc() const {
@@ -101,57 +98,29 @@ Gtk::SizeRequestMode BesideOrAbove::get_request_mode_vfunc() const {
 }
 
 void BesideOrAbove::get_preferred_width_vfunc(int& least, int& natural) const {
-  least = natural = 0;
-  for (const Gtk::Widget* const each : {first_, second_}) {
-    if (each == nullptr || !each->get_visible()) continue;
-    least = std::max(least, leastWidth(*each));
-    natural += naturalWidth(*each) + (natural > 0 ? kPictureSpacing : 0);
-  }
+  const auto both = layout();
+  least = both ? both->leastWidth() : 0;
+  natural = both ? both->naturalWidth() : 0;
 }
 
 void BesideOrAbove::get_preferred_height_for_width_vfunc(int width, int& least,
                                                          int& natural) const {
-  least = natural = 0;
-  if (first_ == nullptr || second_ == nullptr) return;
-  if (!first_->get_visible()) {
-    natural = heightOf(*second_, width);
-  } else if (const int beside = widthBeside(width)) {
-    natural =
-        std::max(heightOf(*first_, width - kPictureSpacing - beside), heightOf(*second_, beside));
-  } else {
-    natural = heightOf(*second_, width) + kPictureSpacing + heightOf(*first_, width);
-  }
-  least = natural;
+  const auto both = layout();
+  least = natural = both ? both->heightFor(width) : 0;
 }
 
 void BesideOrAbove::get_preferred_height_vfunc(int& least, int& natural) const {
-  int width = 0;
-  int wide = 0;
-  get_preferred_width_vfunc(width, wide);
-  get_preferred_height_for_width_vfunc(width, least, natural);
+  get_preferred_height_for_width_vfunc(0, least, natural);
 }
 
 void BesideOrAbove::on_size_allocate(Gtk::Allocation& allocation) {
   set_allocation(allocation);
-  if (first_ == nullptr || second_ == nullptr) return;
-  Gtk::Allocation one = allocation;
-  Gtk::Allocation other = allocation;
-  if (first_->get_visible()) {
-    if (const int beside = widthBeside(allocation.get_width())) {
-      const bool isRightToLeft = get_direction() == Gtk::TEXT_DIR_RTL;
-      const int wide = allocation.get_width() - kPictureSpacing - beside;
-      one.set_width(wide);
-      other.set_width(beside);
-      (isRightToLeft ? one : other)
-          .set_x(allocation.get_x() + kPictureSpacing + (isRightToLeft ? beside : wide));
-    } else {
-      other.set_height(heightOf(*second_, allocation.get_width()));
-      one.set_y(allocation.get_y() + other.get_height() + kPictureSpacing);
-      one.set_height(std::max(1, allocation.get_height() - other.get_height() - kPictureSpacing));
-    }
-    first_->size_allocate(one);
-  }
-  second_->size_allocate(other);
+  const auto both = layout();
+  if (!both) return;
+  const auto places = both->placesIn(allocation.get_width(), allocation.get_height(),
+                                     get_direction() == Gtk::TEXT_DIR_RTL);
+  if (first_->get_visible()) place(*first_, places.first, allocation);
+  place(*second_, places.second, allocation);
 }
 
 PictureFrame::PictureFrame(std::shared_ptr<dialog::CardPicture> picture, Gtk::Widget& fields)

@@ -4,7 +4,9 @@
 #include <gtkmm/grid.h>
 
 #include <memory>
+#include <optional>
 
+#include "dialog/BesideOrAbove.h"
 #include "ports/gtk3/CardView.h"
 
 namespace cardpanels::gtk3 {
@@ -30,8 +32,7 @@ class BesideOrAbove final : public Gtk::Container {
   GType child_type_vfunc() const override { return G_TYPE_NONE; }
 
  private:
-  /// How wide the second is where both stand beside each other; 0 where they do not.
-  int widthBeside(int width) const;
+  std::optional<dialog::BesideOrAbove> layout() const;
 
   Gtk::Widget* first_ = nullptr;
   Gtk::Widget* second_ = nullptr;

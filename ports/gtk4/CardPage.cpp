@@ -57,6 +57,7 @@ CardPage::CardPage(host::PanelDriver& driver)
 }
 
 CardPage::~CardPage() {
+  pictures_.clear();
   page_.reset();
   // The views may live on with their panels.
   for (Gtk::ScrolledWindow* frame : frames_) frame->unset_child();
@@ -181,6 +182,13 @@ void CardPage::showSection(std::size_t section) {
 
 void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
   frames_[section]->set_child(dynamic_cast<WidgetView&>(*view).widget());
+}
+
+void CardPage::addPicture(std::size_t /*section*/,
+                          const std::shared_ptr<dialog::CardPicture>& picture,
+                          const std::shared_ptr<platform::View>& fields) {
+  auto& widget = dynamic_cast<WidgetView&>(*fields).widget();
+  pictures_.push_back(std::make_unique<PictureFrame>(picture, widget));
 }
 
 void CardPage::fillSectionWithText(std::size_t section, const std::string& text) {

@@ -16,6 +16,7 @@
 #include "ports/gtk4/HelpButton.h"
 #include "ports/gtk4/NoticeBar.h"
 #include "ports/gtk4/PageKeys.h"
+#include "ports/gtk4/PictureFrame.h"
 #include "ports/gtk4/PresetBar.h"
 #include "ports/gtk4/Sidebar.h"
 #include "ports/gtk4/SummaryGrid.h"
@@ -50,6 +51,8 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   bool moveFocus(GtkDirectionType direction) override;
   void showSection(std::size_t section) override;
   void fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) override;
+  void addPicture(std::size_t section, const std::shared_ptr<dialog::CardPicture>& picture,
+                  const std::shared_ptr<platform::View>& fields) override;
   void fillSectionWithText(std::size_t section, const std::string& text) override;
   void showSummary(const dialog::Summary& summary) override;
   void markRow(std::size_t section, const std::string& why) override;
@@ -76,6 +79,7 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   Gtk::Widget* columns_ = nullptr;                 // all but the bars
   std::vector<Gtk::ScrolledWindow*> frames_;       // a section each
   std::vector<std::set<std::string>> emphasized_;  // the options in bold there
+  std::vector<std::unique_ptr<PictureFrame>> pictures_;
   std::unique_ptr<dialog::Page> page_;
   std::unique_ptr<PageKeys> keys_;
   sigc::connection seen_;

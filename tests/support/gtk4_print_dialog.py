@@ -9,6 +9,7 @@ import subprocess
 import atspi_driver as user
 import presets
 from atspi_driver import Atspi
+from mouse import Mouse
 
 
 def has_state(node, state):
@@ -78,6 +79,9 @@ class Gtk4PrintDialog:
         window = self._windows_now()[-1]
         x, y = box.x + box.width // 2, box.y + box.height // 2
         self._xdotool("mousemove", "--sync", "--window", window, str(x), str(y), "click", "1")
+
+    def mouse_on(self, node):
+        return Mouse(self._desktop, node, self._windows_now()[-1])
 
     def leave_alone(self):
         """Takes the pointer away, and with it what it has popped up."""
@@ -190,6 +194,15 @@ class Gtk4PrintDialog:
 
     def _open(self, button):
         user.press(button)
+
+    def picture(self, name):
+        """The picture of a side of the card, by what a screen reader says of it."""
+        return self.find("panel", name, self._card)
+
+    def areas(self, picture):
+        """What a screen reader says of the areas of a picture, and which one is chosen."""
+        return [(each.get_name(), has_state(each, Atspi.StateType.SELECTED))
+                for each in visible(picture) if each.get_role_name() == "image"]
 
     def field(self, name):
         return self.find("text", name, self._card)

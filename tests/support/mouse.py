@@ -6,11 +6,19 @@ import atspi_driver as user
 
 
 class Mouse:
-    """A mouse whose places are counted from a control's top left corner."""
+    """A mouse whose places are counted from a control's top left corner.
 
-    def __init__(self, desktop, node):
+    GTK 4 does not know where its windows are: that of the control is named by `window`.
+    """
+
+    def __init__(self, desktop, node, window=None):
         self._env = desktop.env
         self._node = node
+        self._window = window
+
+    def middle(self):
+        box = self._box()
+        return box.width // 2, box.height // 2
 
     def drag(self, start, end):
         """Presses at the place `start`, moves on over the middle to `end`, and lets go."""
@@ -22,8 +30,14 @@ class Mouse:
         self._run("mouseup", "1")
 
     def _move(self, place):
-        box = self._node.get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
-        self._run("mousemove", "--sync", str(box.x + place[0]), str(box.y + place[1]))
+        box = self._box()
+        window = ["--window", self._window] if self._window else []
+        x, y = str(box.x + place[0]), str(box.y + place[1])
+        self._run("mousemove", "--sync", *window, x, y)
+
+    def _box(self):
+        kind = user.Atspi.CoordType.WINDOW if self._window else user.Atspi.CoordType.SCREEN
+        return self._node.get_component_iface().get_extents(kind)
 
     def _run(self, *command):
         subprocess.run(["xdotool", *command], env=self._env, check=True, capture_output=True)

@@ -101,23 +101,11 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog.choose("Front Resin", "Defined Areas")
         keyboard = Keyboard(self.desktop, self.program.find("dialog"))
         picture = self.program.find("grouping", "Front of the card, 85.6 by 54 mm")
-        box = picture.get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
-        x, y = box.width // 2, box.height // 2
-        Mouse(self.desktop, picture).drag((x - 40, y - 30), (x + 20, y + 10))
-        fields = [
-            self.program.find("text", f"Front Resin Area 1, {name}")
-            for name in ("X", "Y", "width", "height")
-        ]
-        user.wait_for(lambda: user.text_of(fields[3]), "nothing is drawn")
-        drawn = [user.text_of(each) for each in fields]
-        keyboard.press("Down")
-        moved = f"{float(drawn[1][:-2]) + 1:g}mm"
-        user.wait_for(lambda: user.text_of(fields[1]) == moved, lambda: user.text_of(fields[1]))
-        dialog.press("Print")
-        self.assert_job(
-            self.job(),
-            frontResin="DefinedAreas",
-            frontResinInclude1=f"Custom.{drawn[0]} {moved} {drawn[2]} {drawn[3]}",
+        self.check_that_an_area_is_drawn_moved_and_printed(
+            dialog,
+            Mouse(self.desktop, picture),
+            keyboard.press,
+            lambda name: user.text_of(self.program.find("text", name)),
         )
 
     def test_a_module_with_a_relative_path_finds_its_page_from_another_folder(self):

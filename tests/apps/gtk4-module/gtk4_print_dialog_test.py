@@ -12,6 +12,7 @@ from print_dialog import criticals
 from print_dialog_case import BUILD, SANITIZED
 
 MODULE = BUILD / "lib" / "libcardpanels-gtk4-module.so"
+FRONT = "Front of the card, 85.6 by 54 mm"
 
 
 class PanelsTestCase(Gtk4DialogCase):
@@ -37,6 +38,52 @@ class PanelsTestCase(Gtk4DialogCase):
             cardLaminate="Back",
         )
 
+    def test_an_area_is_drawn_nudged_and_printed(self):
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front Resin", "Defined Areas")
+        picture = dialog.picture(FRONT)
+        mouse = dialog.mouse_on(picture)
+        self.check_that_an_area_is_drawn_moved_and_printed(
+            dialog, mouse, dialog.keys, dialog.text_of
+        )
+
+    def test_a_screen_reader_is_told_an_area_while_keys_move_it(self):
+        area = 'frontResinInclude1="Custom.12mm 5mm 25mm 8mm"'
+        self.write(".cups/lpoptions", f"Dest card frontResin=DefinedAreas {area}\n")
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        picture = dialog.picture(FRONT)
+
+        def wait_for_areas(*expected):
+            user.wait_for(
+                lambda: dialog.areas(picture) == list(expected),
+                lambda: f"the picture has {dialog.areas(picture)}",
+            )
+
+        name = "Include area 1, 12 mm from left, 5 mm from top, 25 by 8 mm"
+        wait_for_areas((name, False))
+        dialog.click(picture)  # beside the area
+        dialog.keys("Right")
+        wait_for_areas((name, True))
+        dialog.wait_for_focus("image", name)
+        dialog.keys("Right", "shift+Down", "ctrl+Left")
+        name = "Include area 1, 12.9 mm from left, 5 mm from top, 25 by 9 mm"
+        wait_for_areas((name, True))
+        dialog.wait_for_focus("image", name)
+        dialog.keys("Insert", "ctrl+shift+Left")
+        second = "Include area 2, 38 mm from left, 22 mm from top, 9.9 by 10 mm"
+        wait_for_areas((name, False), (second, True))
+        dialog.keys("Delete")
+        wait_for_areas((name, False))
+        dialog.press("Print")
+        self.assert_job(
+            self.job(),
+            frontResin="DefinedAreas",
+            frontResinInclude1="Custom.12.9mm 5mm 25mm 9mm",
+        )
 
     def test_saved_options_are_shown_and_printed(self):
         saved = "cardLaminate=Back frontResin=DefinedAreas coating=Gloss"
