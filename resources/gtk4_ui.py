@@ -15,6 +15,15 @@ import xml.etree.ElementTree as xml
 NAME = "AtkObject::accessible-name"
 
 
+def keep_width(entry):
+    """GTK 4's entries would like to be wider than GTK 3's, where they say only how wide they are."""
+    width = entry.find("property[@name='width-chars']")
+    if width is not None and entry.find("property[@name='max-width-chars']") is None:
+        widest = xml.Element("property", name="max-width-chars")
+        widest.text = width.text
+        entry.insert(0, widest)
+
+
 def prepare(widget):
     for each in widget.findall("property"):
         if each.get("name") == "no-show-all":
@@ -28,6 +37,8 @@ def prepare(widget):
             name.set("name", "tooltip-text")
             widget.insert(0, name)
         widget.remove(child)
+    if widget.get("class") == "GtkEntry":
+        keep_width(widget)
     if widget.get("class") == "GtkComboBoxText":
         widget.set("class", "GtkDropDown")
         for signal in widget.findall("signal[@name='changed']"):

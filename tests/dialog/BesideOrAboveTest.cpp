@@ -1,6 +1,6 @@
-#include "dialog/BesideOrAbove.h"
-
 #include <gtest/gtest.h>
+
+#include "dialog/BesideOrAbove.h"
 
 namespace cardpanels::dialog {
 namespace {

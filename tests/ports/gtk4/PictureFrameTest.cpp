@@ -69,6 +69,20 @@ TEST_F(PictureFrames, ShowThePictureWhereThereIsSomethingToShow) {
   EXPECT_TRUE(pictures().front()->picture().scene().isBack);
 }
 
+TEST_F(PictureFrames, StandBesideTheFieldsWhereThereIsRoom) {
+  const auto isBeside = [this] {
+    Gtk::Widget* const fields = test::all<Gtk::Notebook>(*page_).front();
+    double x = 0;
+    double y = 0;
+    return pictures().front()->translate_coordinates(*fields, 0, 0, x, y) &&
+           x >= fields->get_width();
+  };
+  window_.set_default_size(1000, 700);
+  EXPECT_TRUE(test::handleEventsUntil(isBeside));
+  window_.set_default_size(500, 700);
+  EXPECT_TRUE(test::handleEventsUntil([&] { return !isBeside(); }));
+}
+
 TEST_F(PictureFrames, LeaveTheFieldsWhereTheyStoodWhenThePageEnds) {
   auto& panel = dynamic_cast<WidgetView&>(*panels_.view(panels_.panels().front())).widget();
   const auto before = test::all<Gtk::Notebook>(panel);
