@@ -61,6 +61,10 @@ class Gtk4PrintDialog:
                               f"^{self._title}$")
         return found.split()
 
+    def _window(self):
+        """Its number. A search fails while some window comes or goes."""
+        return user.wait_for(self._windows_now, f"no window {self._title!r}")[-1]
+
     def is_open(self):
         return bool(self._windows_now())
 
@@ -76,19 +80,19 @@ class Gtk4PrintDialog:
     def click(self, node):
         """Clicks in the middle of what a node shows."""
         box = place(node)
-        window = self._windows_now()[-1]
+        window = self._window()
         x, y = box.x + box.width // 2, box.y + box.height // 2
         self._xdotool("mousemove", "--sync", "--window", window, str(x), str(y), "click", "1")
 
     def mouse_on(self, node):
-        return Mouse(self._desktop, node, self._windows_now()[-1])
+        return Mouse(self._desktop, node, self._window())
 
     def leave_alone(self):
         """Takes the pointer away, and with it what it has popped up."""
         self._xdotool("mousemove", "--sync", "1270", "1010")
 
     def keys(self, *keys):
-        self._xdotool("windowfocus", "--sync", self._windows_now()[-1])
+        self._xdotool("windowfocus", "--sync", self._window())
         self._xdotool("key", "--delay", "40", *keys)
 
     def wait_for_focus(self, role, name):
@@ -134,7 +138,7 @@ class Gtk4PrintDialog:
             node = node.get_parent()
         self._card = node
         width, height = (str(each) for each in size)
-        self._xdotool("windowsize", "--sync", self._windows_now()[-1], width, height)
+        self._xdotool("windowsize", "--sync", self._window(), width, height)
 
     def open_panel(self, name):
         rows = self.find("list", "Card options", self._card)
@@ -320,7 +324,7 @@ class WaylandPrintDialog(Gtk4PrintDialog):
 
     def __init__(self, desktop, program, title="Print"):
         super().__init__(desktop, program, title)
-        self._xdotool("windowfocus", "--sync", self._windows_now()[-1])
+        self._xdotool("windowfocus", "--sync", self._window())
 
     def is_open(self):
         return self._root_now() is not None

@@ -58,7 +58,7 @@ TABLE = (
     Room("dialog", ("platform", "host"), ("cups",)),
     Room("ports/headless", ("platform", "dialog"), (PPD, "pugixml")),
     Room("ports/cairo", ("platform", "dialog"), ("cairo",)),
-    Room("ports/gtk", (), ("gtk",)),
+    Room("ports/gtk", ("dialog", "ports/cairo"), ("gtk", "cairo")),
     Room("ports/gtk3", ("platform", "dialog", "ports/gtk", "ports/cairo"), (PPD, "gtk", "cairo")),
     Room("ports/gtk4", ("platform", "dialog", "ports/gtk", "ports/cairo"), (PPD, "gtk", "cairo")),
     Room("apps/pde-drive", ("platform", "host", "dialog", "ports/headless"), ("cups",)),

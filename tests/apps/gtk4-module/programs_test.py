@@ -123,7 +123,7 @@ class PortalTestCase(Gtk4DialogCase):
         answers = []
         self.bus.call_with_unix_fd_list(
             PORTAL, "/org/freedesktop/portal/desktop", "org.freedesktop.impl.portal.Print", method,
-            values, None, 0, -1, files, None,
+            values, None, 0, GLib.MAXINT32, files, None,  # a user takes their time
             lambda bus, result: answers.append(
                 bus.call_with_unix_fd_list_finish(result)[0].unpack()
             ),
