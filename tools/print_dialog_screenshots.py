@@ -56,7 +56,7 @@ def take_of_gtk4(folder, server, desktop):
     program = desktop.start(command, GTK_PATH=str(MODULES), **server.env)
     dialog = Gtk4PrintDialog(desktop, program)
     dialog.select_printer("Badges")
-    dialog.open_card(size=(760, 640))
+    dialog.open_card(size=(1060, 720))
     dialog.choose("Front Resin", "Defined Areas")
     dialog.type_area("Front Resin Area 1", "0.5in", "0.25in", "2in", "1in")
     dialog.leave_alone()
