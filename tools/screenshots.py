@@ -3,7 +3,7 @@
 (build/screenshots). Every section of the page with its areas open, a conflict, and a field that is
 marked with its tooltip: light, dark and in high contrast, with large text, in the smallest and in a
 large window, in four languages and from right to left; and the card with a document, and a preset;
-the same at scale 2, the whole screen.
+the same at scale 2.
 With --docs, those that docs/ shows are put there.
 CARDPANELS_BUILD_DIR names another build than build. Needs what ./dev setup installs, and the
 packages xdotool and x11-utils."""
@@ -66,6 +66,8 @@ DOCS = {  # what docs/ calls them
     "picture": "document-ribbon",
     "preset": "document-preset",
     "ribbon": "light-ribbon",
+    "right-to-left": "right-to-left-ribbon",
+    "scale-2": "scale-2",
     "smallest": "smallest-ribbon",
     "summary": "light-summary",
     "ultraviolet": "light-ultraviolet",
@@ -212,8 +214,9 @@ def take_document(desktop, folder, scale=1):
         )
         if scale != 1:
             program.find("grouping")
-            desktop.picture(str(folder / f"scale-{scale}.png"))
-            return program.end()
+            desktop.picture(str(folder / f"scale-{scale}.png"), program.window(), scale)
+            program.end()
+            return
         photographer = Photographer(desktop, program, folder, "document")
         photographer.put_mouse_away()
         picture = program.find("grouping")

@@ -345,12 +345,14 @@ class Desktop:
         yield name
         compositor.terminate()
 
-    def picture(self, path, node=None):
-        """Writes a picture of the screen, or of the place of one control, as PNG, once it rests."""
+    def picture(self, path, node=None, scale=1):
+        """Writes a picture of the screen, or of the place of one control, as PNG, once it rests.
+        Places are told in units of `scale` pixels."""
         crop = []
         if node is not None:
             box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
-            crop = ["-crop", f"{box.width}x{box.height}+{box.x}+{box.y}", "+repage"]
+            x, y, width, height = (scale * each for each in (box.x, box.y, box.width, box.height))
+            crop = ["-crop", f"{width}x{height}+{x}+{y}", "+repage"]
         seen = [None]
 
         def rests():
