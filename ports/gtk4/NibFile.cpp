@@ -74,16 +74,26 @@ class Nib {
     throw std::runtime_error(contents_.file + ": " + reason);
   }
 
-  void makeViews() {
+  /// Before gtkmm makes objects of its own for windows, which would stay.
+  void refuseWindows() const {
     bool anyWindow = false;
+    GSList* const objects = gtk_builder_get_objects(builder_->gobj());
+    for (const GSList* each = objects; each != nullptr; each = each->next) {
+      if (!GTK_IS_WINDOW(each->data)) continue;
+      gtk_window_destroy(GTK_WINDOW(each->data));
+      anyWindow = true;
+    }
+    g_slist_free(objects);
+    if (anyWindow) fail("there is a window, not only views");
+  }
+
+  void makeViews() {
+    refuseWindows();
     for (const auto& object : builder_->get_objects()) {
       const std::string_view id = idOf(object->gobj());
       const auto widget = std::dynamic_pointer_cast<Gtk::Widget>(object);
       if (!widget) {
         if (!id.empty()) fail(platform::inQuotes(id) + " is no view");
-      } else if (GTK_IS_WINDOW(widget->gobj())) {
-        gtk_window_destroy(GTK_WINDOW(widget->gobj()));
-        anyWindow = true;
       } else {
         takeNameFromTooltip(*widget);
         const ViewPointer view = viewOver(widget);
@@ -92,7 +102,6 @@ class Nib {
         if (!id.empty()) contents_.viewsById[std::string(id)] = view;
       }
     }
-    if (anyWindow) fail("there is a window, not only views");
   }
 
   /// Hands each view to the one that it stands in; the one that stands in none is the top.

@@ -90,7 +90,7 @@ class TheChecker(unittest.TestCase):
             ("ports/headless/Bundle.cpp", '"ports/gtk3/View.h"'),
             ("ports/gtk3/View.h", '"ports/headless/Bundle.h"'),
             ("ports/gtk3/View.h", '"ports/gtk4/View.h"'),
-            ("ports/gtk/MainLoop.h", '"dialog/Page.h"'),
+            ("ports/gtk/MainLoop.h", '"host/Queue.h"'),
             ("apps/gtk-module/Module.h", '"ports/gtk3/View.h"'),
             ("apps/gtk4-module/Module.cpp", '"ports/gtk3/View.h"'),
             ("apps/cardprint/main.cpp", '"ports/headless/Bundle.h"'),
