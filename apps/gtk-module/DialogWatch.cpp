@@ -59,7 +59,7 @@ void printerSelected(GObject* dialog) {
 
 }  // namespace
 
-void findPageLibrary(const char* name) {
+void findPageLibrary(const char* library) {
   if (pageLibrary != nullptr) return;
   Dl_info self{};
   if (dladdr(reinterpret_cast<const void*>(&findPageLibrary), &self) == 0) return;
@@ -68,7 +68,7 @@ void findPageLibrary(const char* name) {
   char* const folder = g_path_get_dirname(path);
   char* const real = target == nullptr ? g_strdup(path) : g_canonicalize_filename(target, folder);
   char* const realFolder = g_path_get_dirname(real);
-  pageLibrary = g_build_filename(realFolder, name, nullptr);
+  pageLibrary = g_build_filename(realFolder, library, nullptr);
   g_free(path);
   g_free(target);
   g_free(folder);

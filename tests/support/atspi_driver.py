@@ -332,13 +332,15 @@ class Desktop:
         return Program(process)
 
     @contextlib.contextmanager
-    def wayland(self):
-        """A Wayland compositor, with the desktop's pointer and keyboard; gives its display. Windows
-        take all of the screen. Needs weston."""
+    def wayland(self, fills_screen=False):
+        """A Wayland compositor, with the desktop's pointer and keyboard; gives its display. With
+        `fills_screen` its windows take all of the screen, where GTK 3 hides their header bars.
+        Needs weston."""
         name = "wayland-test"
-        width, height = self._size.split("x")
-        command = ["weston", "--backend=x11-backend.so", "--use-pixman", f"--socket={name}",
-                   "--shell=kiosk-shell.so", f"--width={width}", f"--height={height}"]
+        command = ["weston", "--backend=x11-backend.so", "--use-pixman", f"--socket={name}"]
+        if fills_screen:
+            width, height = self._size.split("x")
+            command += ["--shell=kiosk-shell.so", f"--width={width}", f"--height={height}"]
         compositor = self._spawn(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         socket = os.path.join(self.env["XDG_RUNTIME_DIR"], name)
         wait_for(lambda: os.path.exists(socket) or compositor.poll() is not None, "no compositor")

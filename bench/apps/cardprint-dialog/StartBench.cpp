@@ -83,6 +83,7 @@ struct Cost {
 
 Cost costOf(const Watch& watch, std::vector<std::string> command) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (std::string& each : command) arguments.push_back(each.data());
   arguments.push_back(nullptr);
   const auto start = Clock::now();

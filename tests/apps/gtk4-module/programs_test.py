@@ -70,7 +70,7 @@ class ProgramsTestCase(Gtk4DialogCase):
         self.assertEqual(self.warnings_at_the_end() - own_warnings, set())
 
     def test_two_areas_and_a_laminate_reach_the_job_on_wayland(self):
-        display = self.enterContext(self.desktop.wayland())
+        display = self.enterContext(self.desktop.wayland(fills_screen=True))
         dialog = self.start_demo(WAYLAND_DISPLAY=display, GDK_BACKEND="wayland")
         dialog.select_printer("card")
         dialog.open_card()
