@@ -1,11 +1,13 @@
 """What tests of the page Card in GTK 4's print dialog have in common."""
 
 from gtk4_print_dialog import Gtk4PrintDialog, WaylandPrintDialog
+from mouse import draw_an_area
 from print_dialog import warnings
 from print_dialog_case import BUILD, SANITIZED, PrintDialogCase
 
 MODULES = BUILD / "lib" / "gtk-4.0"
 PROGRAM = BUILD / "tests" / "gtk4-print-program"
+FRONT = "Front of the card, 85.6 by 54 mm"
 
 
 class Gtk4DialogCase(PrintDialogCase):
@@ -32,6 +34,10 @@ class Gtk4DialogCase(PrintDialogCase):
         dialog = self.start([str(PROGRAM), self.commands], title, **env)
         self.send(command)
         return dialog
+
+    def draw(self, dialog):
+        mouse = dialog.mouse_on(dialog.picture(FRONT))
+        return draw_an_area(mouse, dialog.keys, dialog.text_of)
 
     def print_without_page(self, dialog):
         """Prints there, and ends the program; answers what it warns of without the page."""

@@ -41,3 +41,17 @@ class Mouse:
 
     def _run(self, *command):
         subprocess.run(["xdotool", *command], env=self._env, check=True, capture_output=True)
+
+
+def draw_an_area(mouse, press, text_of):
+    """Draws the first area of the front in its picture, which is empty, and moves it with the key
+    that `press` takes. Answers the four texts that it has then, each as `text_of` tells a field's."""
+    names = [f"Front Resin Area 1, {each}" for each in ("X", "Y", "width", "height")]
+    x, y = mouse.middle()
+    mouse.drag((x - 40, y - 30), (x + 20, y + 10))
+    user.wait_for(lambda: text_of(names[3]), "nothing is drawn")
+    drawn = [text_of(each) for each in names]
+    press("Down")
+    moved = f"{float(drawn[1][:-2]) + 1:g}mm"
+    user.wait_for(lambda: text_of(names[1]) == moved, lambda: text_of(names[1]))
+    return [drawn[0], moved, *drawn[2:]]

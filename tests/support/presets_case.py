@@ -10,7 +10,8 @@ AREA = ("0.1234567890123456in", "5mm", "2.125in", "040px")
 
 
 class PresetsCase(PrintDialogCase):
-    """With `start_demo`, which answers the dialog of a program that prints."""
+    """With `start_demo`, which answers the dialog of a program that prints, and `draw`, which draws
+    an area on its page."""
 
     def open(self, queue="card"):
         dialog = self.start_demo()
@@ -30,7 +31,8 @@ class PresetsCase(PrintDialogCase):
     def check_that_one_is_saved_printed_read_by_lp_chosen_again_and_deleted(self):
         dialog = self.open()
         dialog.choose("Front Resin", "Defined Areas")
-        dialog.type_area("Front Resin Area 1", *AREA)
+        drawn = self.draw(dialog)
+        dialog.type_area("Front Resin Area 2", *AREA)
         dialog.open_panel("Thermal Laminate")
         dialog.choose("Thermal Laminate", "Back Side")
         dialog.set_copies(2)
@@ -38,7 +40,8 @@ class PresetsCase(PrintDialogCase):
         dialog.save_preset("visitors")
         chosen = {
             "frontResin": "DefinedAreas",
-            "frontResinInclude1": "Custom." + " ".join(AREA),
+            "frontResinInclude1": "Custom." + " ".join(drawn),
+            "frontResinInclude2": "Custom." + " ".join(AREA),
             "cardLaminate": "Back",
         }
         dialog.press("Print")

@@ -125,23 +125,16 @@ class PrintDialogCase(unittest.TestCase):
         self.assertNotIn("runtime error", errors)
         self.assertNotRegex(errors, OWN_FRAME)
 
-    def check_that_an_area_is_drawn_moved_and_printed(self, dialog, mouse, press, text_of):
-        """Uses a `mouse` on the picture of the front, then the key that `press` takes. What
-        `text_of` tells of a field is printed."""
-        x, y = mouse.middle()
-        mouse.drag((x - 40, y - 30), (x + 20, y + 10))
-        names = [f"Front Resin Area 1, {each}" for each in ("X", "Y", "width", "height")]
-        user.wait_for(lambda: text_of(names[3]), "nothing is drawn")
-        drawn = [text_of(each) for each in names]
-        press("Down")
-        moved = f"{float(drawn[1][:-2]) + 1:g}mm"
-        user.wait_for(lambda: text_of(names[1]) == moved, lambda: text_of(names[1]))
+    def check_that_an_area_is_drawn_moved_and_printed(self):
+        """With `draw(dialog)`, which draws an area on the page and answers its texts."""
+        dialog = self.start_demo()
+        dialog.select_printer("card")
+        dialog.open_card()
+        dialog.choose("Front Resin", "Defined Areas")
+        drawn = self.draw(dialog)
         dialog.press("Print")
-        self.assert_job(
-            self.job(),
-            frontResin="DefinedAreas",
-            frontResinInclude1=f"Custom.{drawn[0]} {moved} {drawn[2]} {drawn[3]}",
-        )
+        area = "Custom." + " ".join(drawn)
+        self.assert_job(self.job(), frontResin="DefinedAreas", frontResinInclude1=area)
 
     def assert_job(self, job, ppd=CARD_PPD, **chosen):
         """The job carries `chosen`, and the PPD's defaults for all else that it carries."""

@@ -9,6 +9,7 @@ import unittest
 import atspi_driver as user
 import presets
 from keyboard import Keyboard
+from mouse import Mouse, draw_an_area
 from print_server import PrintServer
 
 ROOT = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
@@ -48,6 +49,14 @@ class PresetsTestCase(unittest.TestCase):
         status, _, errors = program.finish()
         self.assertEqual(status, 0 if button == "Print" else 1, errors)
 
+    def draw(self, program):
+        picture = program.find("grouping", "Front of the card, 85.6 by 54 mm")
+        return draw_an_area(
+            Mouse(self.desktop, picture),
+            Keyboard(self.desktop, program.window()).press,
+            lambda name: user.text_of(program.find("text", name)),
+        )
+
     def lp(self, queue):
         env = {**self.desktop.env, **self.server.env}
         subprocess.run(["lp", "-d", queue, self.file], env=env, check=True, capture_output=True)
@@ -64,14 +73,16 @@ class PresetsTestCase(unittest.TestCase):
         program = self.start("card", "-n", "2")
         presets.wait_until_chosen(program, "Standard", modified=True)  # the copies
         user.choose(program.find("combo box", "Front Resin"), "Defined Areas")
+        drawn = self.draw(program)
         for name, text in zip(("X", "Y", "width", "height"), AREA):
-            user.type_text(program.find("text", f"Front Resin Area 1, {name}"), text)
+            user.type_text(program.find("text", f"Front Resin Area 2, {name}"), text)
         user.select_row(program.window(), "Thermal Laminate")
         user.choose(program.find("combo box", "Thermal Laminate"), "Back Side")
         presets.save_as(program, "visitors")
         self.finish(program, "Print")
         first = self.options(1)
-        self.assertEqual(first["frontResinInclude1"], "Custom." + " ".join(AREA))
+        self.assertEqual(first["frontResinInclude1"], "Custom." + " ".join(drawn))
+        self.assertEqual(first["frontResinInclude2"], "Custom." + " ".join(AREA))
         self.assertEqual((first["cardLaminate"], first["copies"]), ("Back", 2))
 
         self.lp("card/visitors")
@@ -80,7 +91,7 @@ class PresetsTestCase(unittest.TestCase):
         program = self.start("card")
         presets.wait_until_chosen(program, "Standard")
         presets.choose(program, "visitors")
-        self.assertEqual(user.text_of(program.find("text", "Front Resin Area 1, X")), AREA[0])
+        self.assertEqual(user.text_of(program.find("text", "Front Resin Area 2, X")), AREA[0])
         self.finish(program, "Print")
         self.assertEqual(self.options(3), first)
 

@@ -8,7 +8,7 @@ import unittest
 
 import atspi_driver as user
 from keyboard import Keyboard
-from mouse import Mouse
+from mouse import Mouse, draw_an_area
 from print_dialog import PrintDialog, criticals
 from print_dialog_case import BUILD, SANITIZED, PrintDialogCase, sanitizer
 from slow_server import SlowServer
@@ -36,6 +36,14 @@ class PrintDialogTestCase(PrintDialogCase):
         if SANITIZED:  # gtk3-demo hangs inside gettext when the sanitizer is loaded before it
             return self.start_program("operation", module=module, **env)
         return self.start(["gtk3-demo", "--run=printing"], module, **env)
+
+    def draw(self, _dialog):
+        picture = self.program.find("grouping", "Front of the card, 85.6 by 54 mm")
+        return draw_an_area(
+            Mouse(self.desktop, picture),
+            Keyboard(self.desktop, self.program.find("dialog")).press,
+            lambda name: user.text_of(self.program.find("text", name)),
+        )
 
     def start_program(self, *commands, **env):
         """Starts the tests' own program; answers its dialog after `commands`."""
@@ -95,18 +103,7 @@ class PanelsTestCase(PrintDialogTestCase):
         )
 
     def test_an_area_is_drawn_nudged_and_printed(self):
-        dialog = self.start_demo()
-        dialog.select_printer("card")
-        dialog.open_card()
-        dialog.choose("Front Resin", "Defined Areas")
-        keyboard = Keyboard(self.desktop, self.program.find("dialog"))
-        picture = self.program.find("grouping", "Front of the card, 85.6 by 54 mm")
-        self.check_that_an_area_is_drawn_moved_and_printed(
-            dialog,
-            Mouse(self.desktop, picture),
-            keyboard.press,
-            lambda name: user.text_of(self.program.find("text", name)),
-        )
+        self.check_that_an_area_is_drawn_moved_and_printed()
 
     def test_a_module_with_a_relative_path_finds_its_page_from_another_folder(self):
         modules = pathlib.Path(self.desktop.home, "modules")

@@ -7,12 +7,11 @@ import subprocess
 import unittest
 
 import atspi_driver as user
-from gtk4_print_dialog_case import Gtk4DialogCase
+from gtk4_print_dialog_case import FRONT, Gtk4DialogCase
 from print_dialog import criticals
 from print_dialog_case import BUILD, SANITIZED
 
 MODULE = BUILD / "lib" / "libcardpanels-gtk4-module.so"
-FRONT = "Front of the card, 85.6 by 54 mm"
 
 
 class PanelsTestCase(Gtk4DialogCase):
@@ -39,15 +38,7 @@ class PanelsTestCase(Gtk4DialogCase):
         )
 
     def test_an_area_is_drawn_nudged_and_printed(self):
-        dialog = self.start_demo()
-        dialog.select_printer("card")
-        dialog.open_card()
-        dialog.choose("Front Resin", "Defined Areas")
-        picture = dialog.picture(FRONT)
-        mouse = dialog.mouse_on(picture)
-        self.check_that_an_area_is_drawn_moved_and_printed(
-            dialog, mouse, dialog.keys, dialog.text_of
-        )
+        self.check_that_an_area_is_drawn_moved_and_printed()
 
     def test_a_screen_reader_is_told_an_area_while_keys_move_it(self):
         area = 'frontResinInclude1="Custom.12mm 5mm 25mm 8mm"'
