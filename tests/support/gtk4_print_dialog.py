@@ -103,15 +103,25 @@ class Gtk4PrintDialog:
         user.wait_for(has_focus, f"{role} {name!r} has no focus", limit=10)
 
     def select_printer(self, name):
-        """Clicks the row of a printer, and waits until the dialog is ready to print there."""
-        self.click(self.find("label", name))
-        self.wait_for_presses("Print")
+        """Clicks the row of a printer, and waits until the dialog is ready to print there. A slow
+        window may tell the row's place before it has it: then once more."""
 
-    def wait_for_presses(self, button, expected=True):
+        def is_selected():
+            self.click(self.find("label", name))
+            try:
+                self.wait_for_presses("Print", limit=15)
+            except user.NotSeen:
+                return False
+            return True
+
+        user.wait_for(is_selected, f"{name!r} is not selected, or not ready")
+
+    def wait_for_presses(self, button, expected=True, limit=user.LIMIT_SECONDS):
         """Waits until a button takes presses, or takes none."""
         user.wait_for(
             lambda: has_state(self.button(button), Atspi.StateType.SENSITIVE) == expected,
             f"{button} is {'in' if expected else ''}sensitive",
+            limit,
         )
 
     def tab_labels(self):
