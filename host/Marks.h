@@ -32,7 +32,7 @@ struct MarkChange {
   platform::Text from;
   platform::Text to;
   /// Whether a custom value made room for a choice.
-  bool losesValue;
+  bool losesValue = false;
 };
 
 /// The marks of a PPD, with the values of custom choices in full.

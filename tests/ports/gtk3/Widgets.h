@@ -6,9 +6,14 @@
 
 namespace cardpanels::test {
 
+template <class Type>
+bool isA(Gtk::Widget* widget) {
+  return dynamic_cast<Type*>(widget) != nullptr;
+}
+
 template <class... Types>
 void collect(Gtk::Widget& widget, std::vector<Gtk::Widget*>& found) {
-  if ((... || (dynamic_cast<Types*>(&widget) != nullptr))) found.push_back(&widget);
+  if ((... || isA<Types>(&widget))) found.push_back(&widget);
   auto* const container = dynamic_cast<Gtk::Container*>(&widget);
   if (container == nullptr) return;
   for (auto* child : container->get_children()) collect<Types...>(*child, found);

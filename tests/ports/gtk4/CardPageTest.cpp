@@ -342,7 +342,8 @@ TEST_F(CardPageTest, TheFirstHeadingOfTheSummaryStandsAtTheTop) {
   selectRow(2);
   test::handleEvents();
   for (Gtk::Label* each : all<Gtk::Label>()) {
-    if (each->get_text() == "Card") EXPECT_EQ(each->get_margin_top(), 0);
+    if (each->get_text() != "Card") continue;
+    EXPECT_EQ(each->get_margin_top(), 0);
   }
 }
 

@@ -10,9 +10,14 @@
 
 namespace cardpanels::test {
 
+template <class Type>
+bool isA(Gtk::Widget* widget) {
+  return dynamic_cast<Type*>(widget) != nullptr;
+}
+
 template <class... Types>
 void collect(Gtk::Widget& widget, std::vector<Gtk::Widget*>& found) {
-  if ((... || (dynamic_cast<Types*>(&widget) != nullptr))) found.push_back(&widget);
+  if ((... || isA<Types>(&widget))) found.push_back(&widget);
   if (dynamic_cast<Gtk::DropDown*>(&widget) != nullptr) return;
   if (dynamic_cast<Gtk::Entry*>(&widget) != nullptr) return;
   gtk4::forEachChild(widget, [&found](Gtk::Widget& child) { collect<Types...>(child, found); });
