@@ -12,7 +12,7 @@ readonly chroot
 # shellcheck disable=SC2317 # the trap calls it
 clean_up() {
   local each
-  for each in "$chroot"{,.copy}/{dev,proc}; do
+  for each in "$chroot"{,.copy}/{dev/pts,dev,proc}; do
     if mountpoint -q "$each"; then umount "$each"; fi
   done
   # A mount that stays would be emptied as well.
@@ -49,6 +49,8 @@ make_chroot() {
 mount_in() {
   mount -t proc proc "$1/proc"
   mount --bind /dev "$1/dev"
+  mount --make-private "$1/dev"  # nothing mounted there shows here
+  mount -t devpts -o ptmxmode=666 devpts "$1/dev/pts"
 }
 
 # The same in a copy, where something can be built that the chroot stays bare of.
