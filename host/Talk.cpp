@@ -63,6 +63,13 @@ std::optional<std::string> smallDocument(std::istream& document) {
   return block.size() > kBlock ? std::nullopt : std::optional(std::move(block));
 }
 
+/// libcups 2.4.10 takes a local socket with no place for one more connection for connected.
+bool isConnected(http_t* http) {
+  sockaddr_storage peer{};
+  socklen_t size = sizeof peer;
+  return getpeername(httpGetFd(http), reinterpret_cast<sockaddr*>(&peer), &size) == 0;
+}
+
 [[noreturn]] void failAtGarbage() { failAtServer(_("Its answer cannot be understood.")); }
 
 }  // namespace
@@ -159,7 +166,8 @@ void Talk::connect() {
   const auto left =
       std::chrono::duration_cast<std::chrono::milliseconds>(end_.load() - Clock::now());
   const int milliseconds = std::max(static_cast<int>(left.count()), 1);
-  if (httpReconnect2(http_.get(), milliseconds, &cancelled_) != 0 || isCut_) {
+  if (httpReconnect2(http_.get(), milliseconds, &cancelled_) != 0 || isCut_ ||
+      !isConnected(http_.get())) {
     disconnect();
     failAtServer(lateness());
   }
