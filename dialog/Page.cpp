@@ -83,14 +83,6 @@ Help Page::help() const {
           section.panel ? panelHelp(*section.panel, driver_.job().ppd()) : summaryHelp()};
 }
 
-void Page::prepareAll() {
-  for (std::size_t section = 0; section < sections_.size(); ++section) {
-    if (!sections_[section].panel || contents_[section].isLoaded) continue;
-    load(section);
-    if (contents_[section].view) driver_.prepare(sections_[section].panel);
-  }
-}
-
 void Page::appear() {
   visible_ = true;
   if (shown_ || !current_ || !sections_[*current_].panel) return;

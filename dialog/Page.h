@@ -81,9 +81,6 @@ class Page {
   Help help() const;
   bool offersHelp() const;
 
-  /// Loads and fills every panel that was not seen yet, so that the page's size no longer grows.
-  void prepareAll();
-
   /// The page is about to be seen, or no longer to be.
   void appear();
   void disappear();

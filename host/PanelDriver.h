@@ -36,10 +36,6 @@ class PanelDriver {
   /// none.
   virtual std::shared_ptr<platform::View> view(const Panel& panel) = 0;
 
-  /// Fills the controls of a panel whose view is loaded, ahead of its first appearance, where that
-  /// is needed to know their size.
-  virtual void prepare(const Panel& /*panel*/) {}
-
   /// The panel is about to appear.
   virtual void show(const Panel& panel) = 0;
 

@@ -98,11 +98,6 @@ void PanelHost::show(const Panel& panel) {
   fill(panel);
 }
 
-void PanelHost::prepare(const Panel& panel) {
-  const Telling telling(*this);
-  fill(panel);
-}
-
 /// Fills the panel's controls, or shows the values in them anew.
 void PanelHost::fill(const Panel& panel) {
   panel->willShow();

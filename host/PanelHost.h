@@ -49,7 +49,6 @@ class PanelHost final : public PanelDriver {
   const std::vector<Panel>& panels() const override { return panels_; }
   /// Throws `Error` with the file and id that fail.
   std::shared_ptr<platform::View> view(const Panel& panel) override;
-  void prepare(const Panel& panel) override;
   void show(const Panel& panel) override;
   void hide(const Panel& panel) override;
   void storeTyped(const Panel& panel) override;

@@ -84,6 +84,7 @@ void CardDialog::showJob(DialogJob& job, const std::string& told) {
     job_ = &job;
     set_title(Glib::ustring::compose(_("Print on %1"), job.printerName()));
     page_ = std::make_unique<gtk3::CardPage>(job.panels());
+    page_->widenWindowWhenSeen();
     place_.pack_start(*page_, Gtk::PACK_EXPAND_WIDGET);
     page_->show();
     job.panels().setObserver(this);
@@ -145,8 +146,9 @@ void CardDialog::offerPresets() {
   });
 }
 
-/// Wide enough for all panels, whatever the size of the text.
+/// Wide enough for the panel that is seen first, whatever the size of the text.
 void CardDialog::setDefaultSize() {
+  page().appear();
   const auto most = gtk3::workArea(*this);
   const int height = static_cast<int>(kHeight * gtk3::textScale());
   int least = 0;

@@ -123,7 +123,6 @@ void CardPage::addKeys() {
 }
 
 int CardPage::naturalWidth() {
-  page_->prepareAll();
   // Bold captions, which may come, are wider.
   for (Gtk::ScrolledWindow* frame : frames_) emphasizeAllCaptions(*frame);
   int least = 0;
@@ -132,6 +131,7 @@ int CardPage::naturalWidth() {
   const int inside = natural;
   int widest = natural;
   for (std::size_t i = 0; i + 1 < frames_.size(); ++i) {  // without the summary, whose texts wrap
+    if (frames_[i]->get_child() == nullptr) continue;
     frames_[i]->get_vscrollbar()->get_preferred_width(least, natural);
     widest = std::max(widest, widthWithHidden(*frames_[i]->get_child()) + natural);
   }
@@ -147,15 +147,21 @@ void CardPage::focusSections() {
 void CardPage::widenWindowWhenSeen() {
   seen_ = signal_map().connect([this] {
     seen_.disconnect();
-    // Once the page has got its place.
-    Glib::signal_idle().connect_once(sigc::mem_fun(*this, &CardPage::widenWindow));
+    widensWindow_ = true;
+    widenWindowLater();
   });
+}
+
+/// Once the page, or a panel that is new there, has got its place.
+void CardPage::widenWindowLater() {
+  if (!widensWindow_) return;
+  Glib::signal_idle().connect_once(sigc::mem_fun(*this, &CardPage::widenWindow));
 }
 
 void CardPage::widenWindow() {
   auto* const window = dynamic_cast<Gtk::Window*>(get_toplevel());
-  const int missing = naturalWidth() - get_allocated_width();
-  if (window == nullptr || missing <= 0) return;
+  const int missing = panelWidth_.missing(naturalWidth(), get_allocated_width());
+  if (window == nullptr || missing == 0) return;
   int width = 0;
   int height = 0;
   window->get_size(width, height);
@@ -198,6 +204,7 @@ void CardPage::showSection(std::size_t section) {
 void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
   frames_[section]->add(dynamic_cast<WidgetView&>(*view).widget());
   frames_[section]->show_all();
+  widenWindowLater();
 }
 
 void CardPage::addPicture(std::size_t /*section*/,

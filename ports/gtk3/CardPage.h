@@ -15,6 +15,7 @@
 
 #include "dialog/Page.h"
 #include "dialog/PageView.h"
+#include "dialog/PanelWidth.h"
 #include "ports/gtk3/HelpButton.h"
 #include "ports/gtk3/NoticeBar.h"
 #include "ports/gtk3/PageKeys.h"
@@ -36,8 +37,8 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   /// What the page does.
   dialog::Page& page() { return *page_; }
 
-  /// What the page would like to be wide, in pixels, for the widest of its panels whatever they
-  /// show. Loads all of them.
+  /// What the page would like to be wide, in pixels, for the widest of the panels that the user
+  /// has seen, whatever they show.
   int naturalWidth();
 
   /// Gives the focus to the list of sections, in a window that has given it to nothing yet.
@@ -47,7 +48,7 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   void showDocument(const std::array<CardGround, 2>& sides);
 
   /// Has the window become wide enough for `naturalWidth`, within the monitor, when the page is
-  /// first seen. For a window that another program makes.
+  /// first seen, and when a panel is, unless the user has made it narrower.
   void widenWindowWhenSeen();
 
  protected:
@@ -73,6 +74,7 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   void addSection(const std::string& name);
   void addKeys();
   void widenWindow();
+  void widenWindowLater();
   void rowSelected(Gtk::ListBoxRow* row);
 
   NoticeBar noticeBar_;
@@ -89,6 +91,8 @@ class CardPage final : public Gtk::Box, private dialog::PageView {
   std::unique_ptr<dialog::Page> page_;
   std::unique_ptr<PageKeys> keys_;
   sigc::connection seen_;
+  bool widensWindow_ = false;
+  dialog::PanelWidth panelWidth_;
 };
 
 }  // namespace cardpanels::gtk3

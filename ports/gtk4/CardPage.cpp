@@ -118,12 +118,12 @@ bool CardPage::moveFocus(GtkDirectionType direction) {
 }
 
 int CardPage::naturalWidth() {
-  page_->prepareAll();
   // Bold captions, which may come, are wider.
   for (Gtk::ScrolledWindow* frame : frames_) emphasizeAllCaptions(*frame);
   const int inside = gtk4::naturalWidth(stack_);
   int widest = inside;
   for (std::size_t i = 0; i + 1 < frames_.size(); ++i) {  // without the summary, whose texts wrap
+    if (frames_[i]->get_child() == nullptr) continue;
     const int bar = gtk4::naturalWidth(*frames_[i]->get_vscrollbar());
     widest = std::max(widest, widthWithHidden(*frames_[i]->get_child()) + bar);
   }
@@ -135,15 +135,21 @@ int CardPage::naturalWidth() {
 void CardPage::widenWindowWhenSeen() {
   seen_ = signal_map().connect([this] {
     seen_.disconnect();
-    // Once the page has got its place.
-    Glib::signal_idle().connect_once(sigc::mem_fun(*this, &CardPage::widenWindow));
+    widensWindow_ = true;
+    widenWindowLater();
   });
+}
+
+/// Once the page, or a panel that is new there, has got its place.
+void CardPage::widenWindowLater() {
+  if (!widensWindow_) return;
+  Glib::signal_idle().connect_once(sigc::mem_fun(*this, &CardPage::widenWindow));
 }
 
 void CardPage::widenWindow() {
   auto* const window = dynamic_cast<Gtk::Window*>(get_root());
-  const int missing = naturalWidth() - get_width();
-  if (window == nullptr || missing <= 0) return;
+  const int missing = panelWidth_.missing(naturalWidth(), get_width());
+  if (window == nullptr || missing == 0) return;
   const int most = std::max(window->get_width(), monitorWidth(*window));
   window->set_default_size(std::min(window->get_width() + missing, most), window->get_height());
 }
@@ -182,6 +188,7 @@ void CardPage::showSection(std::size_t section) {
 
 void CardPage::fillSection(std::size_t section, const std::shared_ptr<platform::View>& view) {
   frames_[section]->set_child(dynamic_cast<WidgetView&>(*view).widget());
+  widenWindowLater();
 }
 
 void CardPage::addPicture(std::size_t /*section*/,

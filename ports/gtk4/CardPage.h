@@ -13,6 +13,7 @@
 
 #include "dialog/Page.h"
 #include "dialog/PageView.h"
+#include "dialog/PanelWidth.h"
 #include "ports/gtk4/HelpButton.h"
 #include "ports/gtk4/NoticeBar.h"
 #include "ports/gtk4/PageKeys.h"
@@ -35,12 +36,12 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   /// What the page does.
   dialog::Page& page() { return *page_; }
 
-  /// What the page would like to be wide, in pixels, for the widest of its panels whatever they
-  /// show. Loads all of them.
+  /// What the page would like to be wide, in pixels, for the widest of the panels that the user
+  /// has seen, whatever they show.
   int naturalWidth();
 
   /// Has the window become wide enough for `naturalWidth`, within the monitor, when the page is
-  /// first seen. For a window that another program makes.
+  /// first seen, and when a panel is, unless the user has made it narrower.
   void widenWindowWhenSeen();
 
  protected:
@@ -67,6 +68,7 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   void addSection(const std::string& name);
   void addKeys();
   void widenWindow();
+  void widenWindowLater();
   void rowSelected(Gtk::ListBoxRow* row);
 
   NoticeBar noticeBar_;
@@ -83,6 +85,8 @@ class CardPage final : public FocusMover, public Gtk::Box, private dialog::PageV
   std::unique_ptr<dialog::Page> page_;
   std::unique_ptr<PageKeys> keys_;
   sigc::connection seen_;
+  bool widensWindow_ = false;
+  dialog::PanelWidth panelWidth_;
 };
 
 }  // namespace cardpanels::gtk4

@@ -314,11 +314,9 @@ TEST_F(JobPages, ShowInThePictureWhatAPanelHasWhenItAppears) {
   job->mark("frontPO", "DefinedAreas");
   job->mark("CustomfrontPeelOff1", "Custom.1in 0.4in 0.55in 0.5in");
   start();
-  page->prepareAll();
-  view.rest();
   const std::size_t section = sectionOf("PeelOffPanelPDE");
-  ASSERT_EQ(view.pictures[section].size(), 2U);
   page->select(section);
+  ASSERT_EQ(view.pictures[section].size(), 2U);
   EXPECT_EQ(view.pictures[section][0]->scene().shapes.size(), 1U);
   EXPECT_FALSE(view.pictures[section][1]->scene().isShown);
 }

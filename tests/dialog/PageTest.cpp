@@ -202,15 +202,13 @@ TEST_F(Pages, HelpWithThePanelThatShowsWhereThatOffersHelp) {
   EXPECT_THAT(page->help().paragraphs, IsEmpty());
 }
 
-TEST_F(Pages, PrepareEachPanelThatWasNotSeen) {
+TEST_F(Pages, LoadNoPanelBeforeItIsSeen) {
   page->appear();
-  driver.calls();
-  page->prepareAll();
-  page->prepareAll();
-  EXPECT_THAT(driver.calls(), ElementsAre("load Laminate", "prepare Laminate"));
-  EXPECT_EQ(view.filled[1], "view");
+  EXPECT_THAT(driver.calls(), Not(Contains("load Laminate")));
+  EXPECT_EQ(view.filled[1], "");
   page->select(1);
-  EXPECT_THAT(driver.calls(), ElementsAre("hide Peel", "show Laminate"));
+  EXPECT_THAT(driver.calls(), ElementsAre("hide Peel", "load Laminate", "show Laminate"));
+  EXPECT_EQ(view.filled[1], "view");
 }
 
 TEST(PageOfNothing, HasNoSections) {

@@ -73,7 +73,6 @@ class RecordingDriver final : public host::PanelDriver {
     load_(std::dynamic_pointer_cast<FieldPanel>(panel));
     return panel->panelView();
   }
-  void prepare(const Panel& panel) override { note("prepare", panel); }
   void show(const Panel& panel) override { note("show", panel); }
   void hide(const Panel& panel) override { note("hide", panel); }
   void storeTyped(const Panel& panel) override { note("store", panel); }

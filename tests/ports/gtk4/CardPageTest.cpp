@@ -347,23 +347,26 @@ TEST_F(CardPageTest, TheFirstHeadingOfTheSummaryStandsAtTheTop) {
   }
 }
 
-TEST_F(CardPageTest, AWindowBecomesWideEnoughForAPanelThatIsNotSeenYet) {
+TEST_F(CardPageTest, AWindowBecomesWideEnoughForEachPanelThatIsSeen) {
   makePage();
-  page_->page().prepareAll();
+  page_->page().appear();
   all<Gtk::Entry>().back()->set_width_chars(60);
   window_->set_default_size(1, 1);
   page_->widenWindowWhenSeen();
   showWindow();
-  EXPECT_TRUE(test::handleEventsUntil([this] {
-    return page_->get_width() >= page_->naturalWidth();
-  })) << page_->get_width()
-      << " of " << page_->naturalWidth();
+  const auto isWideEnough = [this] { return page_->get_width() >= page_->naturalWidth(); };
+  EXPECT_TRUE(test::handleEventsUntil(isWideEnough)) << page_->get_width();
   EXPECT_GT(page_->naturalWidth(), 60 * 6);
+  page_->page().select(1);
+  all<Gtk::Entry>().back()->set_width_chars(90);
+  EXPECT_FALSE(isWideEnough());
+  EXPECT_TRUE(test::handleEventsUntil(isWideEnough)) << page_->get_width();
+  EXPECT_GT(page_->naturalWidth(), 90 * 6);
 }
 
 TEST_F(CardPageTest, AWindowBecomesNoWiderThanTheMonitor) {
   makePage();
-  page_->page().prepareAll();
+  page_->page().appear();
   all<Gtk::Entry>().back()->set_width_chars(400);
   page_->widenWindowWhenSeen();
   showWindow();
