@@ -103,8 +103,9 @@ PopUpButton::PopUpButton(const Glib::RefPtr<Gtk::Widget>& dropDown_)
 /// The drop-down list would select the first title as it comes.
 void PopUpButton::show(const std::string& title) {
   const ProgramSets guard(*this);
-  const guint selected = dropDown().get_selected();
-  titles_->append(title);
+  const guint before = menu_->count() - 1;
+  const std::int64_t selected = selectedOf(before);
+  titles_->splice(before, 0, {title});
   select(selected);
 }
 
@@ -112,28 +113,39 @@ void PopUpButton::removeAllItems() {
   const ProgramSets guard(*this);
   menu_->clear();
   titles_->splice(0, titles_->get_n_items(), {});
-  select(GTK_INVALID_LIST_POSITION);
+  select(-1);
 }
 
-void PopUpButton::select(guint index) {
-  dropDown().set_selected(index);
+/// An item, or none with -1.
+void PopUpButton::select(std::int64_t index) {
+  const guint count = menu_->count();
+  if (index >= 0) {
+    dropDown().set_selected(static_cast<guint>(index));
+    if (hasEmptyTitle()) titles_->remove(count);
+  } else if (count > 0) {
+    if (!hasEmptyTitle()) titles_->append("");
+    dropDown().set_selected(count);
+  }
   told_ = index;
 }
 
 /// A drop-down list tells twice of a change during which another item is selected.
 bool PopUpButton::isUsersChange() {
-  return !programSets() &&
-         dropDown().get_selected() != std::exchange(told_, dropDown().get_selected());
+  if (programSets()) return false;
+  const std::int64_t selected = indexOfSelectedItem();
+  return selected >= 0 && selected != std::exchange(told_, selected);
 }
 
-std::int64_t PopUpButton::indexOfSelectedItem() const {
+std::int64_t PopUpButton::indexOfSelectedItem() const { return selectedOf(menu_->count()); }
+
+std::int64_t PopUpButton::selectedOf(guint count) const {
   const guint selected = dropDown().get_selected();
-  return selected == GTK_INVALID_LIST_POSITION ? -1 : static_cast<std::int64_t>(selected);
+  return selected < count ? static_cast<std::int64_t>(selected) : -1;
 }
 
 void PopUpButton::selectItemAtIndex(std::int64_t index) {
   const ProgramSets guard(*this);
-  select(menu_->itemAtIndex(index) ? static_cast<guint>(index) : GTK_INVALID_LIST_POSITION);
+  select(menu_->itemAtIndex(index) ? index : -1);
 }
 
 std::shared_ptr<platform::View> viewOver(const Glib::RefPtr<Gtk::Widget>& widget) {

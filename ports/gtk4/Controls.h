@@ -102,13 +102,15 @@ class Menu final : public platform::Menu {
   std::string_view className() const override { return "Menu"; }
 
   void clear() { items_.clear(); }
+  guint count() const { return static_cast<guint>(items_.size()); }
 
  private:
   std::vector<std::shared_ptr<platform::MenuItem>> items_;
   sigc::slot<void(const std::string& title)> show_;
 };
 
-/// A drop-down list. It selects nothing by itself: after its items change, none is selected.
+/// A drop-down list. It selects nothing by itself: after its items change, none is selected. GTK
+/// 4.18 always has a title selected where there are any: an empty one, the last, stands for none.
 class PopUpButton final : public Viewed<platform::PopUpButton> {
  public:
   /// `dropDown` must be a `Gtk::DropDown`.
@@ -125,11 +127,13 @@ class PopUpButton final : public Viewed<platform::PopUpButton> {
  private:
   Gtk::DropDown& dropDown() const { return dynamic_cast<Gtk::DropDown&>(widget()); }
   void show(const std::string& title);
-  void select(guint index);
+  void select(std::int64_t index);
+  std::int64_t selectedOf(guint count) const;
+  bool hasEmptyTitle() const { return titles_->get_n_items() > menu_->count(); }
 
   Glib::RefPtr<Gtk::StringList> titles_;
   std::shared_ptr<Menu> menu_;
-  guint told_ = GTK_INVALID_LIST_POSITION;  // what was selected when it was last asked or set
+  std::int64_t told_ = -1;  // what was selected when it was last asked or set
 };
 
 /// The view over `widget` that fits its kind: drop-down lists are pop-ups, entries and labels text

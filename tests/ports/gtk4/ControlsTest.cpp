@@ -74,8 +74,9 @@ class ControlsTest : public testing::Test {
 
 TEST_F(ControlsTest, APopUpShowsTheTitlesOfItsItems) {
   fillPopUp();
-  ASSERT_EQ(dropDown().get_model()->get_n_items(), 3U);
+  EXPECT_EQ(textOf(dropDown()), "");
   owner_->popUp->selectItemAtIndex(1);
+  ASSERT_EQ(dropDown().get_model()->get_n_items(), 3U);
   EXPECT_EQ(textOf(dropDown()), "Front");
 }
 
