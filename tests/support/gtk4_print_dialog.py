@@ -16,6 +16,12 @@ def has_state(node, state):
     return node.get_state_set().contains(state)
 
 
+def role_name(node):
+    """The node's role as GTK 4.8 calls it; later the button of a drop-down is a toggle button."""
+    name = user.role_name(node)
+    return "push button" if name == "toggle button" else name
+
+
 def visible(node):
     """The node and all below it that are not hidden, in reading order."""
     node.clear_cache()
@@ -71,7 +77,7 @@ class Gtk4PrintDialog:
     def find(self, role, name=None, inside=None):
         def look():
             for each in visible(inside or self.root):
-                if user.role_name(each) == role and name in (None, each.get_name()):
+                if role_name(each) == role and name in (None, each.get_name()):
                     return each
             return None
 
@@ -97,7 +103,7 @@ class Gtk4PrintDialog:
 
     def wait_for_focus(self, role, name):
         def has_focus():
-            return any(has_state(each, Atspi.StateType.FOCUSED) and user.role_name(each) == role
+            return any(has_state(each, Atspi.StateType.FOCUSED) and role_name(each) == role
                        and name in each.get_name() for each in visible(self._card or self.root))
 
         user.wait_for(has_focus, f"{role} {name!r} has no focus", limit=10)
@@ -144,7 +150,7 @@ class Gtk4PrintDialog:
         self._card = None
         self.open_tab("Card")
         node = self.find("list", "Card options")
-        while node.get_role_name() != "panel" or node.get_name() != "Tab":
+        while node.get_role_name() != "panel" or not node.get_name():  # "Tab", later "Page 3"
             node = node.get_parent()
         self._card = node
         width, height = (str(each) for each in size)
@@ -254,7 +260,7 @@ class Gtk4PrintDialog:
         def look():
             for part in parts():
                 for each in visible(part):
-                    own = user.role_name(each) == "push button" and each.get_name()
+                    own = role_name(each) == "push button" and each.get_name()
                     if own and (own == label or own.endswith(" " + label)):
                         return each
             return None

@@ -12,6 +12,7 @@ GTK_OWN_CRITICALS = (
     "gtk_window_set_transient_for: assertion 'GTK_IS_WINDOW (window)' failed",
     "gtk_window_set_modal: assertion 'GTK_IS_WINDOW (window)' failed",
     "g_signal_connect_data: assertion 'G_TYPE_CHECK_INSTANCE (instance)' failed",
+    "invalid (NULL) pointer instance",  # the same, as GLib 2.84 tells it first
 )
 
 

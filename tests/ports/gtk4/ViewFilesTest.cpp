@@ -7,6 +7,7 @@
 #include <gtkmm/entry.h>
 #include <gtkmm/label.h>
 #include <gtkmm/notebook.h>
+#include <gtkmm/scrolledwindow.h>
 #include <gtkmm/window.h>
 
 #include <algorithm>
@@ -137,11 +138,13 @@ class ShownPanel {
     view_ = panel_->panelView();
     if (!view_) throw std::runtime_error(bundle_->loadError().value_or(""));
     panel_->willShow();
-    window_.set_child(widget());
+    scroller_.set_child(widget());  // higher than a small monitor, in the page as well
+    window_.set_child(scroller_);
     window_.set_visible();
     test::handleEvents();
   }
   ~ShownPanel() {
+    scroller_.unset_child();
     window_.unset_child();
     std::setlocale(LC_ALL, "C");
   }
@@ -176,6 +179,7 @@ class ShownPanel {
   std::shared_ptr<GtkBundle> bundle_;
   std::shared_ptr<platform::PrintPanel> panel_;
   std::shared_ptr<platform::View> view_;
+  Gtk::ScrolledWindow scroller_;
   Gtk::Window window_;
 };
 
