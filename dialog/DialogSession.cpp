@@ -17,6 +17,13 @@ using host::kPageSize;
 using host::Option;
 using platform::_;
 
+const Option* find(const std::vector<Option>& options, const std::string& key) {
+  const auto found = std::find_if(options.begin(), options.end(), [&key](const Option& each) {
+    return platform::equalIgnoringCase(each.key, key);
+  });
+  return found == options.end() ? nullptr : &*found;
+}
+
 }  // namespace
 
 DialogSession::DialogSession(PrintDialog& dialog, ReadQueue readQueue, WatchState watchState,
@@ -68,11 +75,7 @@ void DialogSession::queueRead(QueueRead read) {
 
 void DialogSession::startPanels(QueueRead read) {
   job_ = std::make_unique<host::JobOptions>(std::move(read.ppd));
-  std::vector<Option> values;
-  for (const Option& each : dialog_.options()) {
-    if (job_->hasOption(each.key) && !each.value.empty()) values.push_back(each);
-  }
-  const auto leftOut = job_->markSaved(values);
+  const auto leftOut = job_->markSaved(firstValues(read.savedOptions));
   job_->markSaved({{kPageSize, dialog_.pageSize()}});
   panels_ = makePanels_(*job_);
   if (panels_->panels().empty()) {
@@ -80,7 +83,8 @@ void DialogSession::startPanels(QueueRead read) {
     return;
   }
   for (const Option& each : differences()) {
-    if (!panels_->claimedKeys().contains(each.key)) leftAlone_[each.key] = each.value;
+    if (each.value.empty() || panels_->claimedKeys().contains(each.key)) continue;
+    leftAlone_[each.key] = each.value;
   }
   panels_->setObserver(this);
   page_ = &dialog_.showPanels(*panels_);
@@ -115,6 +119,17 @@ void DialogSession::bringPreset(const std::string& copies) {
   if (kept.value == wanted.value) return;
   if (!isTyped(kept)) job_->mark(kept.key, kept.value);
   page_->keep(cannotBe(wanted));
+}
+
+/// What the printer's options in a dialog start with: what was saved where the dialog has lost it.
+std::vector<Option> DialogSession::firstValues(const std::vector<Option>& saved) const {
+  std::vector<Option> values;
+  for (const Option& each : dialog_.options()) {
+    if (!job_->hasOption(each.key)) continue;
+    const Option* const first = each.value.empty() ? find(saved, each.key) : &each;
+    if (first != nullptr) values.push_back(*first);
+  }
+  return values;
 }
 
 /// A program's dialog starts with what was set at its last print, which another document may not

@@ -19,7 +19,7 @@ namespace cardpanels::dialog {
 /// What came of reading a queue: its PPD and the user's saved options, or why there is none.
 struct QueueRead {
   host::PPDFile ppd;
-  std::string error;
+  std::string error = {};
   std::vector<host::Option> savedOptions = {};
   std::vector<host::Option> serverOptions = {};  // what the server adds to jobs without them
   std::string differences = {};                  // of a class's printers, a sentence; "" for none
@@ -60,6 +60,7 @@ class DialogSession : private host::PanelObserver {
   void queueRead(QueueRead read);
   void startPanels(QueueRead read);
   void offerPresets(std::vector<host::Option> serverOptions);
+  std::vector<host::Option> firstValues(const std::vector<host::Option>& saved) const;
   void tellCarriedOver(const std::vector<host::Option>& saved);
   bool isMarked(const host::Option& option) const;
   bool isTyped(const host::Option& option) const;

@@ -20,7 +20,7 @@ class PrintDialog {
 
   /// The printer's options that the dialog has controls for, with the values that it would print
   /// with; without those that it would leave out of the job. A custom value may stand there with or
-  /// without `Custom.` in front.
+  /// without `Custom.` in front. An empty value is one that the dialog has lost.
   virtual std::vector<host::Option> options() const = 0;
 
   /// The PPD's keyword of the chosen page size; empty when there is none.

@@ -7,6 +7,7 @@
 
 #include "apps/gtk-module/PaperSizes.h"
 #include "apps/gtk-module/PrinterOptions.h"
+#include "apps/gtk-module/TypedValue.h"
 
 namespace cardpanels::gtkmodule {
 
@@ -116,8 +117,10 @@ void hideEmptyGroups(GtkWidget* widget) {
 
 class UnixPrintDialog::Control {
  public:
-  Control(std::string key, GObject* option, UnixPrintDialog& dialog)
-      : key_(std::move(key)), option_(G_OBJECT(g_object_ref(option))) {
+  /// `widget` shows the option.
+  Control(std::string key, GObject* option, GtkWidget* widget, UnixPrintDialog& dialog)
+      : key_(std::move(key)), option_(G_OBJECT(g_object_ref(option))), typed_(widget) {
+    typed_.forgetLost(option);
     handler_ = g_signal_connect_swapped(
         option_.get(), "changed",
         G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }), &dialog);
@@ -128,13 +131,12 @@ class UnixPrintDialog::Control {
 
   const std::string& key() const { return key_; }
   std::string value() const { return valueOf(option_.get()); }
-  void setValue(const std::string& value) {
-    g_object_set(option_.get(), "value", value.c_str(), nullptr);
-  }
+  void setValue(const std::string& value) { typed_.set(option_.get(), value); }
 
  private:
   std::string key_;
   std::unique_ptr<GObject, Unref> option_;
+  TypedValue typed_;
   gulong handler_;
 };
 
@@ -179,11 +181,11 @@ void UnixPrintDialog::controlsReplaced() {
   forgetControls();
   const std::unique_ptr<GtkPrintSettings, Unref> settings(
       gtk_print_unix_dialog_get_settings(dialog_));
-  forEachPrinterOption(GTK_WIDGET(dialog_), [&](GtkWidget*, GObject* option) {
+  forEachPrinterOption(GTK_WIDGET(dialog_), [&](GtkWidget* widget, GObject* option) {
     const char* const name = optionName(option);
     std::string key = keyOf(name);
     if (key.empty() || !isConfirmed(settings.get(), name, option)) return;
-    controls_.push_back(std::make_unique<Control>(std::move(key), option, *this));
+    controls_.push_back(std::make_unique<Control>(std::move(key), option, widget, *this));
   });
 }
 

@@ -75,13 +75,13 @@ class Sessions : public testing::Test {
     answer(kConstraints);
   }
 
-  void answer(const std::string& lines) {
+  void answer(const std::string& lines, std::vector<Option> saved = {}) {
     const std::string path = folder.write(
         "card.ppd",
         test::testPPD({test::laminateOption(), test::testOption("coating", "Coating", 2),
                        test::testOption("frontRotation", "Rotation", 2)},
                       lines + test::testAreaOption("frontResinInclude1")));
-    done({host::openPPD(path), {}});
+    done({.ppd = host::openPPD(path), .savedOptions = std::move(saved)});
     dialog.view.rest();
   }
 
@@ -191,6 +191,17 @@ TEST_F(Sessions, PanelsStartFromWhatTheDialogWouldPrint) {
   EXPECT_EQ(summary->valueForKey("Card Laminate"), "Back Side");
   EXPECT_THAT(told(), HasSubstr("Set from your last print: “Card Laminate” is “Back Side”"));
   EXPECT_EQ(dialog.value("frontResinInclude1"), "1in 1in 2in 2in");
+}
+
+TEST_F(Sessions, WhatTheDialogHasLostIsWhatWasSaved) {
+  dialog.values = {{"cardLaminate", "Both"}, {"frontResinInclude1", ""}, {"coating", ""}};
+  session.selectPrinter("card");
+  answer("", {{"cardLaminate", "Front"}, {"FrontResinInclude1", "Custom.1in 1in 2in 2in"}});
+  EXPECT_EQ(dialog.value("cardLaminate"), "Both");
+  EXPECT_EQ(dialog.value("frontResinInclude1"), "Custom.1in 1in 2in 2in");
+  EXPECT_EQ(dialog.value("coating"), "Choice0");
+  session.dialogChanged();
+  EXPECT_EQ(dialog.value("frontResinInclude1"), "Custom.1in 1in 2in 2in");
 }
 
 TEST_F(Sessions, AChoiceOnThePageReachesTheDialog) {
