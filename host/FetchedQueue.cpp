@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -31,6 +32,7 @@ using platform::onOneLine;
 
 constexpr std::size_t kMebibyte = 1UL << 20U;
 constexpr std::size_t kLargestPPD = 16 * kMebibyte;
+constexpr int kSecondsHere = 3;  // of those in which two servers are to answer
 
 /// A file that goes away with this.
 class TemporaryFile {
@@ -113,6 +115,13 @@ Answer answered(Talk& talk, const QueueName& name) {
   return answer;
 }
 
+/// Nothing of a queue that passes its jobs on to none of another server.
+std::optional<Source> sourceElsewhere(Talk& talk, const std::string& queue) {
+  const Destination destination = destinationOf(talk, {queue, ""});
+  if (!remoteQueueOf(destination.device)) return std::nullopt;
+  return Source{queue, destination.device, localPPDText(talk, queue)};
+}
+
 /// What the other server says to anybody: the user's password here is none of its business.
 std::optional<std::string> textAt(const RemoteQueue& remote, const std::string& queue,
                                   const Terms& terms) {
@@ -129,6 +138,7 @@ std::optional<std::string> textAt(const RemoteQueue& remote, const std::string& 
 struct OpenedPPD {
   PPDFile records;
   NamedPPD ppd;
+  bool isElsewhere = false;
 
   bool hasCardOptions() const {
     return std::any_of(std::begin(kCardKeys), std::end(kCardKeys), [this](const char* key) {
@@ -161,6 +171,7 @@ std::optional<OpenedPPD> ppdOf(const Source& source, const Terms& terms) {
       opened({filled(_("queue {queue} at {server}"),
                      {{"queue", onOneLine(source.queue)}, {"server", remote->server.server}}),
               *text});
+  theirs.isElsewhere = true;
   return own && !theirs.hasCardOptions() ? std::move(own) : std::move(theirs);
 }
 
@@ -191,16 +202,33 @@ FetchedQueue fetchQueue(const QueueName& name, const Terms& terms) {
   if (ppds.empty())
     throw Error(filled(_("The queue {queue} has no PPD."), {{"queue", onOneLine(queue)}}));
   if (ppds.size() == 1) {
-    auto& [records, ppd] = ppds.front();
-    return {std::move(destination), std::move(records), std::move(ppd.text), {}};
+    auto& [records, ppd, isElsewhere] = ppds.front();
+    return {std::move(destination), std::move(records), std::move(ppd.text), {}, isElsewhere};
   }
+  const bool isElsewhere =
+      std::any_of(ppds.begin(), ppds.end(), [](const OpenedPPD& each) { return each.isElsewhere; });
   std::vector<NamedPPD> texts;
   texts.reserve(ppds.size());
   for (OpenedPPD& each : ppds) texts.push_back(std::move(each.ppd));
   CommonPPD common = commonPPD(texts);
   OpenedPPD all = opened({placeOf(queue), std::move(common.text)});
   return {std::move(destination), std::move(all.records), std::move(all.ppd.text),
-          std::move(common.leftOut)};
+          std::move(common.leftOut), isElsewhere};
+}
+
+bool hasCardOptionsElsewhere(const std::string& queue, const Terms& terms) {
+  Terms here = terms;
+  Terms there = terms;
+  here.seconds = std::min(kSecondsHere, terms.seconds);
+  there.seconds = std::max(terms.seconds - here.seconds, 1);
+  try {
+    const auto source = answerOfServer<std::optional<Source>>(
+        here, [queue](Talk& talk) { return sourceElsewhere(talk, queue); });
+    const auto ppd = source ? ppdOf(*source, there) : std::nullopt;
+    return ppd && ppd->isElsewhere && ppd->hasCardOptions();
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 }  // namespace cardpanels::host

@@ -18,6 +18,7 @@ struct FetchedQueue {
   PPDFile ppd;
   std::string ppdText;               // byte by byte
   std::vector<std::string> leftOut;  // what some printers of a class lack, by title
+  bool isElsewhere = false;          // the PPD, or one of a class's, is another server's
 };
 
 /// Asks the print server for `name` and its PPD. A queue that passes its jobs on to another print
@@ -25,6 +26,11 @@ struct FetchedQueue {
 /// has what its queues have in common. Each server is waited for as long as `terms` say. Throws
 /// `Error` when there is no queue or no PPD, or none can be had, and `PasswordNeeded`.
 FetchedQueue fetchQueue(const QueueName& name, const Terms& terms);
+
+/// Whether `queue`, which is no class, has card options of another print server's PPD alone. Of any
+/// other queue no more is asked than where it prints. False when a server does not tell all that;
+/// both together are waited for as long as `terms` say.
+bool hasCardOptionsElsewhere(const std::string& queue, const Terms& terms);
 
 /// The PPD that the print server itself has of `queue`, byte by byte; of one of its queues when
 /// that is a class. Nothing without one. Throws `Error` when it cannot be had, and

@@ -46,7 +46,7 @@ Queue openQueue(const QueueName& name, const Terms& terms) {
   Queue queue{fetched.destination.name, {},
               std::move(fetched.ppd),   std::move(fetched.ppdText),
               std::move(basis),         fetched.destination.serverOptions,
-              differencesIn(fetched)};
+              differencesIn(fetched),   fetched.isElsewhere};
   for (Option& each : fetched.destination.options.options()) {
     if (isOfPPD(queue.ppd.get(), each.key)) queue.savedOptions.push_back(std::move(each));
   }

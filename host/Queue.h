@@ -41,6 +41,7 @@ struct Queue {
   JobBasis basis;
   std::vector<Option> serverOptions = {};  // what the server adds to jobs without them
   std::string differences = {};  // what the printers of a class differ in, a sentence; "" for none
+  bool isElsewhere = false;      // the PPD, or one of a class's, is another server's
 };
 
 /// Asks the print server (`CUPS_SERVER` and the rest of libcups' settings) for `name`, the default

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <memory>
 
+#include "host/FetchedQueue.h"
 #include "host/JobOptions.h"
 #include "host/Queue.h"
 #include "host/RemoteQueue.h"
@@ -71,6 +72,8 @@ TEST_F(QueuesElsewhere, HaveTheOptionsOfTheirServer) {
     here->addRemoteQueue(name, uriOf("/printers/card"), model);
     const Queue queue = openQueue({name, ""});
     EXPECT_NE(ppdFindOption(queue.ppd.get(), "cardLaminate"), nullptr) << model;
+    EXPECT_TRUE(queue.isElsewhere) << model;
+    EXPECT_TRUE(hasCardOptionsElsewhere(name, {})) << model;
     const std::vector<Option> options = {{"cardLaminate", "Both"},
                                          {"frontResinInclude1", "Custom.1in 1.25in 2in 2in"}};
     const int before = there->jobCount();
@@ -95,6 +98,8 @@ TEST_F(QueuesElsewhere, KeepTheirOwnPPDWhereTheServersKnowsNoCardsEither) {
   const Queue queue = openQueue({"sheets", ""});
   EXPECT_NE(ppdFindOption(queue.ppd.get(), "Punch"), nullptr);
   EXPECT_EQ(ppdFindOption(queue.ppd.get(), "Staple"), nullptr);
+  EXPECT_FALSE(queue.isElsewhere);
+  EXPECT_FALSE(hasCardOptionsElsewhere("sheets", {}));
 }
 
 TEST_F(QueuesElsewhere, KeepTheirOwnPPDWhereOptionsDoNotGetThrough) {
@@ -105,12 +110,22 @@ TEST_F(QueuesElsewhere, KeepTheirOwnPPDWhereOptionsDoNotGetThrough) {
     here->addRemoteQueue(name, uriOf("/printers/card"), model(paperPPD() + filter));
     const Queue queue = openQueue({name, ""});
     EXPECT_EQ(ppdFindOption(queue.ppd.get(), "cardLaminate"), nullptr);
+    EXPECT_FALSE(queue.isElsewhere);
+    EXPECT_FALSE(hasCardOptionsElsewhere(name, {}));
     const int before = there->jobCount();
     const int id = submitJob({queue.name, "Badges", {file}, {{"cardLaminate", "Both"}}});
     EXPECT_EQ(here->endedJob(id), "completed");
     ASSERT_EQ(there->jobCount(), before + 1);
     EXPECT_FALSE(there->job(before + 1).contains("cardLaminate"));
   }
+}
+
+TEST_F(QueuesElsewhere, AreAskedForWithOneRequestWhereThereIsNone) {
+  here->addQueue("local", remotePPD());
+  here->traffic();
+  EXPECT_FALSE(hasCardOptionsElsewhere("local", {}));
+  EXPECT_THAT(here->traffic().requests, testing::ElementsAre("Get-Printer-Attributes"));
+  EXPECT_FALSE(hasCardOptionsElsewhere("nobody", {}));
 }
 
 TEST_F(QueuesElsewhere, ThatAreGoneThereAreTold) {
@@ -127,6 +142,17 @@ TEST_F(QueuesElsewhere, WhoseServerDoesNotAnswerAreTold) {
                                "127.0.0.1:" +
                                std::to_string(nobodys) + " cannot be asked: "));
   EXPECT_EQ(openQueue({"client1", ""}).name.queue, "client1") << "the settings are as before";
+}
+
+TEST_F(QueuesElsewhere, WhoseServerIsSilentAreNotWaitedForInTheDialog) {
+  here->addRemoteQueue("silent", uriOf("/printers/card"), "-m raw");
+  there->suspend();
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_FALSE(hasCardOptionsElsewhere("silent", {.seconds = 4}));
+  there->resume();
+  const auto taken = std::chrono::steady_clock::now() - start;
+  EXPECT_GT(taken, std::chrono::milliseconds(500));
+  EXPECT_LT(taken, std::chrono::seconds(5));
 }
 
 TEST_F(QueuesElsewhere, WhoseServerIsSilentAreGivenUp) {
