@@ -6,6 +6,7 @@
 #include "dialog/PrinterStateText.h"
 #include "host/Error.h"
 #include "host/MediaOption.h"
+#include "host/PPDRecords.h"
 #include "platform/ASCII.h"
 #include "platform/CustomPrefix.h"
 #include "platform/Messages.h"
@@ -75,7 +76,11 @@ void DialogSession::queueRead(QueueRead read) {
 
 void DialogSession::startPanels(QueueRead read) {
   job_ = std::make_unique<host::JobOptions>(std::move(read.ppd));
-  const auto leftOut = job_->markSaved(firstValues(read.savedOptions));
+  auto leftOut =
+      read.isElsewhere ? bringOptionsElsewhere(read.savedOptions) : std::vector<std::string>();
+  for (std::string& each : job_->markSaved(firstValues(read.savedOptions))) {
+    leftOut.push_back(std::move(each));
+  }
   job_->markSaved({{kPageSize, dialog_.pageSize()}});
   panels_ = makePanels_(*job_);
   if (panels_->panels().empty()) {
@@ -117,7 +122,13 @@ void DialogSession::bringPreset(const std::string& copies) {
   if (dialog_.pageSize() != wanted.value) dialog_.setPageSize(wanted.value);
   const Option kept{kPageSize, dialog_.pageSize()};
   if (kept.value == wanted.value) return;
-  if (!isTyped(kept)) job_->mark(kept.key, kept.value);
+  const auto chosen = job_->differingKeys();
+  const bool isChosen = std::find(chosen.begin(), chosen.end(), kPageSize) != chosen.end();
+  if (!isTyped(kept)) {
+    job_->mark(kept.key, kept.value);
+  } else if (!isChosen) {
+    return;  // the program's own size is none that the preset is against
+  }
   page_->keep(cannotBe(wanted));
 }
 
@@ -130,6 +141,19 @@ std::vector<Option> DialogSession::firstValues(const std::vector<Option>& saved)
     if (first != nullptr) values.push_back(*first);
   }
   return values;
+}
+
+/// The dialog knows its own server's PPD of the printer only, and what is saved of its options.
+/// Answers what is saved and cannot be.
+std::vector<std::string> DialogSession::bringOptionsElsewhere(const std::vector<Option>& saved) {
+  auto leftOut = job_->markSaved(saved);
+  std::vector<Option> values;
+  for (const ppd_option_t* each : host::allOptions(job_->ppd())) {
+    const platform::Text value = job_->marked(each->keyword);
+    if (value && !host::isPageSize(*each)) values.push_back({each->keyword, *value});
+  }
+  dialog_.addOptions(values);
+  return leftOut;
 }
 
 /// A program's dialog starts with what was set at its last print, which another document may not

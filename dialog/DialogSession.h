@@ -23,6 +23,7 @@ struct QueueRead {
   std::vector<host::Option> savedOptions = {};
   std::vector<host::Option> serverOptions = {};  // what the server adds to jobs without them
   std::string differences = {};                  // of a class's printers, a sentence; "" for none
+  bool isElsewhere = false;                      // the PPD is another than the dialog's
 };
 
 /// Begins to read a queue's PPD, and calls back once, later and on the caller's thread, unless what
@@ -60,6 +61,7 @@ class DialogSession : private host::PanelObserver {
   void queueRead(QueueRead read);
   void startPanels(QueueRead read);
   void offerPresets(std::vector<host::Option> serverOptions);
+  std::vector<std::string> bringOptionsElsewhere(const std::vector<host::Option>& saved);
   std::vector<host::Option> firstValues(const std::vector<host::Option>& saved) const;
   void tellCarriedOver(const std::vector<host::Option>& saved);
   bool isMarked(const host::Option& option) const;

@@ -18,9 +18,9 @@ class PrintDialog {
   PrintDialog& operator=(const PrintDialog&) = delete;
   virtual ~PrintDialog();
 
-  /// The printer's options that the dialog has controls for, with the values that it would print
-  /// with; without those that it would leave out of the job. A custom value may stand there with or
-  /// without `Custom.` in front. An empty value is one that the dialog has lost.
+  /// The printer's options that the dialog has controls for or was given, with the values that it
+  /// would print with; without those that it would leave out of the job. A custom value may stand
+  /// there with or without `Custom.` in front. An empty value is one that the dialog has lost.
   virtual std::vector<host::Option> options() const = 0;
 
   /// The PPD's keyword of the chosen page size; empty when there is none.
@@ -36,6 +36,12 @@ class PrintDialog {
 
   /// Sets an option. The dialog may ignore it: `options` tells.
   virtual void set(const host::Option& option) = 0;
+
+  /// Gives the dialog options that its own PPD of the printer lacks, with their values: it prints
+  /// with them, `set` sets them and `options` tells them as those that it has controls for, until
+  /// the dialog makes controls for another printer. Those that it has controls for stay as they
+  /// are.
+  virtual void addOptions(const std::vector<host::Option>& options) = 0;
 
   /// Shows the page with nothing but `text`.
   virtual void showText(const std::string& text) = 0;

@@ -12,11 +12,9 @@ namespace {
 QueueRead read(const std::string& queue, const std::atomic<bool>& abandoned) {
   try {
     auto found = host::openQueue({queue, ""}, {.abandoned = &abandoned});
-    return {std::move(found.ppd),
-            {},
-            std::move(found.savedOptions),
-            std::move(found.serverOptions),
-            std::move(found.differences)};
+    return {std::move(found.ppd),          {},
+            std::move(found.savedOptions), std::move(found.serverOptions),
+            std::move(found.differences),  found.isElsewhere};
   } catch (const std::exception& error) {
     return {nullptr, error.what()};
   }

@@ -1,5 +1,6 @@
 #include "apps/gtk-module/UnixPrintDialog.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -117,7 +118,7 @@ void hideEmptyGroups(GtkWidget* widget) {
 
 class UnixPrintDialog::Control {
  public:
-  /// `widget` shows the option.
+  /// `widget` shows the option; null where none does.
   Control(std::string key, GObject* option, GtkWidget* widget, UnixPrintDialog& dialog)
       : key_(std::move(key)), option_(G_OBJECT(g_object_ref(option))), typed_(widget) {
     typed_.forgetLost(option);
@@ -240,6 +241,30 @@ void UnixPrintDialog::setCopies(const std::string& copies) {
 void UnixPrintDialog::set(const Option& option) {
   for (const auto& each : controls_) {
     if (each->key() == option.key) each->setValue(option.value);
+  }
+}
+
+/// Borrowed; null when there is none.
+GObject* UnixPrintDialog::optionSet() const {
+  GObject* set = nullptr;
+  forEachPrinterOption(GTK_WIDGET(dialog_), [&set](GtkWidget*, GObject* option) {
+    if (set == nullptr) set = optionSetOf(option);
+  });
+  return set;
+}
+
+void UnixPrintDialog::addOptions(const std::vector<Option>& options) {
+  GObject* const set = optionSet();
+  if (set == nullptr) return;
+  for (const Option& each : options) {
+    const bool isThere =
+        std::any_of(controls_.begin(), controls_.end(),
+                    [&each](const auto& control) { return control->key() == each.key; });
+    if (isThere) continue;
+    const std::unique_ptr<GObject, Unref> added(
+        addOption(set, (kOptionPrefix + each.key).c_str(), each.value.c_str()));
+    if (!added) continue;
+    controls_.push_back(std::make_unique<Control>(each.key, added.get(), nullptr, *this));
   }
 }
 

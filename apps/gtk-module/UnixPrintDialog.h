@@ -36,6 +36,7 @@ class UnixPrintDialog : public dialog::PrintDialog {
   std::string copies() const override;
   void setCopies(const std::string& copies) override;
   void set(const host::Option& option) override;
+  void addOptions(const std::vector<host::Option>& options) override;
   void showStatus(const dialog::PageStatus& status) override;
 
  protected:
@@ -55,6 +56,7 @@ class UnixPrintDialog : public dialog::PrintDialog {
   class Control;
 
   void forgetControls();
+  GObject* optionSet() const;
   void changeLater();
   void denyConflict();
 

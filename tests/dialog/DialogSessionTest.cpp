@@ -33,6 +33,11 @@ class FakeDialog : public PrintDialog {
       if (each.key == option.key) each.value = option.value;
     }
   }
+  void addOptions(const std::vector<Option>& options) override {
+    for (const Option& each : options) {
+      if (value(each.key) == "none") values.push_back(each);
+    }
+  }
   void showText(const std::string& shown) override { text = shown; }
   Page& showPanels(host::PanelHost& shown) override {
     text.clear();
@@ -331,6 +336,56 @@ TEST_F(Sessions, APageSizeThatTheDialogDoesNotHaveIsTold) {
   EXPECT_EQ(dialog.size, "CR80");
   EXPECT_THAT(told(), HasSubstr("“Card Size” cannot be “CR-79” in this dialog."));
   EXPECT_EQ(dialog.view.presets.state, "Modified");
+}
+
+/// Of a queue of another print server the dialog knows another PPD.
+class SessionsElsewhere : public Sessions {
+ protected:
+  void openElsewhere(std::vector<Option> saved) {
+    dialog.values = {{"frontRotation", "Choice1"}};
+    dialog.size = "A4";
+    session.selectPrinter("client");
+    const std::string path = folder.write(
+        "there.ppd",
+        test::testPPD({test::laminateOption(), test::testOption("coating", "Coating", 2),
+                       test::testOption("frontRotation", "Rotation", 2)},
+                      kConstraints + test::testAreaOption("frontResinInclude1")));
+    done({.ppd = host::openPPD(path),
+          .error = {},
+          .savedOptions = std::move(saved),
+          .isElsewhere = true});
+    dialog.view.rest();
+  }
+};
+
+TEST_F(SessionsElsewhere, GiveTheDialogTheOptionsThatItLacks) {
+  openElsewhere({{"cardLaminate", "Back"}, {"frontResinInclude1", "Custom.1in 1in 2in 2in"}});
+  EXPECT_EQ(dialog.value("cardLaminate"), "Back");
+  EXPECT_EQ(dialog.value("frontResinInclude1"), "Custom.1in 1in 2in 2in");
+  EXPECT_EQ(dialog.value("coating"), "Choice0");
+  EXPECT_EQ(dialog.value("frontRotation"), "Choice1");
+  EXPECT_EQ(dialog.value("PageSize"), "none");
+  EXPECT_EQ(dialog.size, "A4");
+  const auto summary = dialog.panels->summary(dialog.panels->panels().front());
+  EXPECT_EQ(summary->valueForKey("Card Laminate"), "Back Side");
+  dialog.panels->change("cardLaminate", "Both");
+  EXPECT_EQ(dialog.value("cardLaminate"), "Both");
+}
+
+TEST_F(SessionsElsewhere, TellWhatIsSavedAndNotThere) {
+  openElsewhere({{"cardLaminate", "Gold"}});
+  EXPECT_EQ(dialog.value("cardLaminate"), "None");
+  EXPECT_THAT(told(), HasSubstr("Gold"));
+}
+
+TEST_F(SessionsElsewhere, LeaveTheDialogsPageSizeToPresetsThatNameNone) {
+  openElsewhere({});
+  presetsDone({{{}, {"visitors", false, {{"cardLaminate", "Front"}}}}});
+  dialog.hidden = "CR80";
+  dialog.page->presets()->choose(1);
+  EXPECT_EQ(dialog.value("cardLaminate"), "Front");
+  EXPECT_EQ(dialog.size, "A4");
+  EXPECT_THAT(told(), testing::Not(HasSubstr("cannot be")));
 }
 
 TEST_F(Sessions, ASizeOfTheProgramsThatThePrinterLacksStaysAtTheStart) {
