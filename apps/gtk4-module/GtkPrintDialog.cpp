@@ -9,6 +9,21 @@ using platform::_;
 
 constexpr int kBorder = 18;
 constexpr int kTabSpacing = 6;
+constexpr const char* kTold = "cardpanels-told";  // a tab's
+
+/// Tells `told` when the pointer rests on `tab`. A tooltip that is set looks for the pointer, which
+/// is a critical warning while the window is away.
+void setTold(GtkWidget* tab, const std::string& told) {
+  g_object_set_data_full(G_OBJECT(tab), kTold, g_strdup(told.c_str()), g_free);
+}
+
+gboolean tellAtPointer(GtkWidget* tab, int /*x*/, int /*y*/, gboolean /*keyboard*/,
+                       GtkTooltip* tooltip, gpointer /*data*/) {
+  const auto* const told = static_cast<const char*>(g_object_get_data(G_OBJECT(tab), kTold));
+  if (told == nullptr || *told == '\0') return FALSE;
+  gtk_tooltip_set_text(tooltip, told);
+  return TRUE;
+}
 
 }  // namespace
 
@@ -27,6 +42,8 @@ GtkWidget* GtkPrintDialog::newTab() {
   g_object_ref_sink(sign_);
   gtk_widget_set_visible(sign_, FALSE);
   gtk_box_append(GTK_BOX(tab), sign_);
+  gtk_widget_set_has_tooltip(tab, TRUE);
+  g_signal_connect(tab, "query-tooltip", G_CALLBACK(tellAtPointer), nullptr);
   return tab;
 }
 
@@ -75,7 +92,7 @@ void GtkPrintDialog::tellStatus() {
   const std::string told = status().told();
   gtk_widget_set_visible(sign_, told.empty() ? FALSE : TRUE);
   GtkWidget* const tab = gtk_widget_get_parent(sign_);
-  if (tab != nullptr) gtk_widget_set_tooltip_text(tab, told.c_str());
+  if (tab != nullptr) setTold(tab, told);
   describeTab(told);
 }
 
