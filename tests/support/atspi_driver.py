@@ -160,10 +160,15 @@ def items(combo):
     return [each.get_name() for each in descendants(combo) if each.get_role_name() == "menu item"]
 
 
-def choose(combo, item):
+def click_item(combo, item):
     """Opens a combo box and clicks the item of that text."""
     press(combo)
     press(find(combo, "menu item", item))
+
+
+def choose(combo, item):
+    """Opens a combo box and clicks the item of that text, which it then has chosen."""
+    click_item(combo, item)
     wait_for(lambda: chosen(combo) == item, lambda: f"{item!r} was not chosen")
 
 

@@ -187,6 +187,10 @@ class Gtk4PrintDialog:
         user.wait_for(lambda: self.chosen(name) == item,
                       lambda: f"{self.chosen(name)!r} is chosen instead of {item!r}")
 
+    def try_to_choose(self, name, item):
+        """Chooses an item that may be refused."""
+        self._choose(self.pop_up(name), name, item)
+
     def choose_own(self, name, item):
         """The same in a control of the dialog's own, which tells less."""
         self._choose(self._own_pop_up(name), name, item)

@@ -73,6 +73,17 @@ class PrintDialog:
     def choose(self, name, item):
         user.choose(self.combo(name), item)
 
+    def try_to_choose(self, name, item):
+        """Chooses an item that may be refused."""
+        user.click_item(self.combo(name), item)
+
+    def chosen(self, name):
+        """The text of what a pop-up has chosen."""
+        return user.chosen(self.combo(name))
+
+    def text_of(self, name):
+        return user.text_of(self.program.find("text", name))
+
     def type(self, name, text):
         user.type_text(self.program.find("text", name), text)
 

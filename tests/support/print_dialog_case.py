@@ -106,14 +106,15 @@ class PrintDialogCase(unittest.TestCase):
         with open(self.commands, "w", encoding="utf-8") as pipe:
             pipe.write(command + "\n")
 
-    def job(self, number=1, state="completed"):
-        """The job once it is in that state."""
+    def job(self, number=1, state="completed", server=None):
+        """The job of `server`, that of this machine without, once it is in that state."""
+        server = server or self.server
 
         def job():
-            found = self.server.job(number)
+            found = server.job(number)
             return found if found and found["job-state"] == state else None
 
-        return user.wait_for(job, lambda: f"job {number} is not {state}: {self.server.job(number)}")
+        return user.wait_for(job, lambda: f"job {number} is not {state}: {server.job(number)}")
 
     def check_end(self):
         """The program still runs, or ended well, and nothing critical was said."""

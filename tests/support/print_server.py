@@ -22,6 +22,7 @@ Listen {root}/cups.sock
 Browsing Off
 MaxJobs 0
 LogLevel debug
+AccessLogLevel all
 WebInterface No
 DefaultAuthType None
 DirtyCleanInterval 0
@@ -63,10 +64,12 @@ JOB_STATES = dict(
 
 
 class PrintServer:
-    """A real cupsd. Its queues print to nowhere, and keep their jobs."""
+    """A real cupsd. Its queues print to nowhere, and keep their jobs. With `is_remote` other servers
+    reach its queues too, at `uri`."""
 
-    def __init__(self):
+    def __init__(self, is_remote=False):
         self.root = None
+        self._port = free_port() if is_remote else None
         self.address = None
         self.env = {}
         self._process = None
@@ -78,7 +81,8 @@ class PrintServer:
         os.chmod(self.root, 0o755)
         os.chmod(os.path.join(self.root, "tmp"), 0o1777)  # filters run as another user
         files = FILES if os.getuid() == 0 else FILES + f"User {pwd.getpwuid(os.getuid()).pw_name}\n"
-        self._write("cupsd.conf", CONFIGURATION)
+        listens = f"Listen 127.0.0.1:{self._port}\n" if self._port else ""
+        self._write("cupsd.conf", listens + CONFIGURATION)
         self._write("cups-files.conf", files)
         self.address = os.path.join(self.root, "cups.sock")
         self.env = {"CUPS_SERVER": self.address, "CUPS_SERVERROOT": self.root}
@@ -103,14 +107,26 @@ class PrintServer:
         """Ends cupsd; queues and jobs stay."""
         if self._process is None:
             return
+        self.resume()
         self._process.send_signal(signal.SIGTERM)
         self._process.wait()
         self._process = None
 
-    def add_queue(self, name, ppd):
+    def suspend(self):
+        """Lets the server stand still: it takes connections and answers nothing until `resume`."""
+        self._process.send_signal(signal.SIGSTOP)
+
+    def resume(self):
+        self._process.send_signal(signal.SIGCONT)
+
+    def uri(self, queue):
+        """Where another server sends what it prints on the queue."""
+        return f"ipp://127.0.0.1:{self._port}/printers/{queue}"
+
+    def add_queue(self, name, ppd, device="file:/dev/null"):
         """Adds a queue that prints, with the PPD file `ppd`; a raw one without."""
         model = ["-P", str(ppd)] if ppd else ["-m", "raw"]
-        self._run("lpadmin", "-p", name, "-v", "file:/dev/null", *model, "-E")
+        self._run("lpadmin", "-p", name, "-v", device, *model, "-E")
 
     def disable(self, queue, reason):
         """The queue takes jobs, but prints none until `enable`."""
@@ -139,8 +155,15 @@ class PrintServer:
             return None
 
     def log(self):
+        return self._log("error_log")
+
+    def accesses(self):
+        """What clients have asked, a line each."""
+        return self._log("access_log")
+
+    def _log(self, name):
         try:
-            with open(f"{self.root}/log/error_log", encoding="utf-8", errors="replace") as file:
+            with open(f"{self.root}/log/{name}", encoding="utf-8", errors="replace") as file:
                 return file.read()
         except FileNotFoundError:
             return ""
@@ -156,6 +179,13 @@ class PrintServer:
     def _run(self, program, *arguments):
         env = {**os.environ, **self.env, "PATH": "/usr/sbin:/usr/bin:/sbin:/bin"}
         subprocess.run([program, *arguments], env=env, check=True, capture_output=True)
+
+
+def free_port():
+    """A port that nobody listens at just now."""
+    with socket.socket() as listener:
+        listener.bind(("127.0.0.1", 0))
+        return listener.getsockname()[1]
 
 
 def ipp_attributes(message):

@@ -4,6 +4,7 @@ Wayland and in the portal through which programs in a sandbox print."""
 import unittest
 
 import atspi_driver as user
+from elsewhere_case import ElsewhereCase
 from gi.repository import Gio, GLib
 from gtk4_print_dialog import Gtk4PrintDialog
 from gtk4_print_dialog_case import Gtk4DialogCase
@@ -141,8 +142,8 @@ class PortalTestCase(Gtk4DialogCase):
         self.assertEqual(response, 0)
         return values
 
-    def choose(self):
-        self.dialog.select_printer("card")
+    def choose(self, queue="card"):
+        self.dialog.select_printer(queue)
         self.dialog.open_card()
         self.dialog.choose("Front Resin", "Defined Areas")
         self.dialog.type_area("Front Resin Area 1", "1in", "1in", "2.125in", "1.0625in")
@@ -150,9 +151,9 @@ class PortalTestCase(Gtk4DialogCase):
         self.dialog.choose("Thermal Laminate", "Back Side")
         self.dialog.press("Print")
 
-    def assert_printed(self, number):
+    def assert_printed(self, number, server=None):
         self.assert_has(
-            self.job(number),
+            self.job(number, server=server),
             frontResin="DefinedAreas",
             frontResinInclude1="Custom.1in 1in 2.125in 1.0625in",
             cardLaminate="Back",
@@ -184,6 +185,18 @@ class PortalTestCase(Gtk4DialogCase):
         self.answer(printed)
         self.assert_printed(2)
         self.assertEqual(self.warnings_at_the_end() - own_warnings, set())
+
+
+@unittest.skipIf(SANITIZED, "a sanitized module cannot be loaded into an unmodified program")
+class PortalElsewhereTestCase(PortalTestCase, ElsewhereCase):
+    def test_what_is_chosen_for_another_servers_queue_reaches_it(self):
+        self.start_portal()
+        prepared = self.ask("PreparePrint", "a{sv}a{sv}a{sv}", {}, {}, {})
+        self.choose("client")
+        values = self.answer(prepared)
+        self.assertEqual(values["settings"].get("cups-cardLaminate"), "Back")
+        self.answer(self.print_document(token=GLib.Variant("u", values["token"])))
+        self.assert_printed(1, self.there)
 
 
 if __name__ == "__main__":
