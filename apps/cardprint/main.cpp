@@ -36,11 +36,11 @@ using host::tellError;
 constexpr int kCancelled = 1;
 
 /// Answers the exit status of `job`, which was sent with `status`, once nothing comes of it any
-/// more.
+/// more. What was not sent counts for more than what was not printed.
 int waitedFor(cardprint::CardJob& job, cardprint::Waiter& waiter, int status) {
   const bool isPrinted =
       cardprint::waitForJobs(job.queue().queue, job.ids(), job.panels().job().ppd(), waiter);
-  return isPrinted ? status : cardprint::kNotPrinted;
+  return isPrinted || status == host::kFailed ? status : cardprint::kNotPrinted;
 }
 
 void tell(const cardprint::CardJob& job) {
@@ -111,8 +111,10 @@ class DialogJobs {
   }
 
   void replace(std::unique_ptr<cardprint::CardJob> job) {
-    if (job_) follow(*job_);
-    before_ = std::exchange(job_, std::move(job));
+    if (job_ && !arguments_.wait) follow(*job_);
+    std::erase_if(before_, [](const auto& each) { return each->ids().empty(); });
+    if (job_) before_.push_back(std::move(job_));
+    job_ = std::move(job);
     tell(*job_);
   }
 
@@ -124,17 +126,29 @@ class DialogJobs {
   int ended(const cardprint::Choice& choice) {
     if (!choice.error.empty()) tellError(choice.error);
     if (!choice.output) return kCancelled;
-    const int told = cardprint::tellOutput(*choice.output, !job_->ids().empty());
+    before_.push_back(std::move(job_));
+    const bool isAnySent = std::any_of(before_.begin(), before_.end(),
+                                       [](const auto& each) { return !each->ids().empty(); });
+    const int told = cardprint::tellOutput(*choice.output, isAnySent);
     const int status = choice.error.empty() ? told : host::kFailed;
-    if (arguments_.wait && !job_->ids().empty())
-      return waitedFor(*job_, windows_->waiter(), status);
-    follow(*job_);
+    if (arguments_.wait) return waitedForAll(status);
+    follow(*before_.back());
     return status;
+  }
+
+  int waitedForAll(int status) {
+    try {
+      for (const auto& each : before_) status = waitedFor(*each, windows_->waiter(), status);
+      return status;
+    } catch (const cardprint::Cancelled&) {  // the user waits no longer, and the jobs stay
+      return status == host::kFailed ? status : cardprint::kNotPrinted;
+    }
   }
 
   cardprint::Arguments arguments_;
   std::string told_;
-  std::unique_ptr<cardprint::CardJob> before_;  // the dialog's until that has the next one
+  // Those of which something was sent, and the dialog's until that has the next one.
+  std::vector<std::unique_ptr<cardprint::CardJob>> before_;
   std::unique_ptr<cardprint::CardJob> job_;
   const std::unique_ptr<cardprint::Windows> windows_ = cardprint::openWindows();
 };

@@ -6,6 +6,7 @@
         options = server.job(1)
 """
 
+import contextlib
 import os
 import pwd
 import shutil
@@ -107,17 +108,19 @@ class PrintServer:
         """Ends cupsd; queues and jobs stay."""
         if self._process is None:
             return
-        self.resume()
+        self._process.send_signal(signal.SIGCONT)
         self._process.send_signal(signal.SIGTERM)
         self._process.wait()
         self._process = None
 
-    def suspend(self):
-        """Lets the server stand still: it takes connections and answers nothing until `resume`."""
+    @contextlib.contextmanager
+    def standing_still(self):
+        """Meanwhile the server takes connections, but answers nothing."""
         self._process.send_signal(signal.SIGSTOP)
-
-    def resume(self):
-        self._process.send_signal(signal.SIGCONT)
+        try:
+            yield
+        finally:
+            self._process.send_signal(signal.SIGCONT)
 
     def uri(self, queue):
         """Where another server sends what it prints on the queue."""

@@ -4,6 +4,7 @@ import os
 import pathlib
 import re
 import subprocess
+import time
 import unittest
 
 import atspi_driver as user
@@ -16,6 +17,8 @@ BUILD = pathlib.Path(os.environ["CARDPANELS_BUILD_DIR"])
 CARDPRINT = str(BUILD / "bin" / "cardprint")
 SAMPLES = ROOT / "resources" / "ppd"
 
+FAILED, NOT_PRINTED = 2, 4  # exit statuses
+WAITING_SECONDS = 2  # until somebody who waits for nothing would be gone
 MANY_SECONDS = 150  # for many jobs, on a machine that has other things to do
 
 OTHER_OPTION = """\
@@ -61,6 +64,9 @@ class Notifications:
     def _called(self, _bus, _sender, _path, _interface, _method, parameters, invocation):
         self._told.append(parameters.unpack()[3:5])
         invocation.return_value(GLib.Variant("(u)", (len(self._told),)))
+
+    def all(self):
+        return self._told
 
     def wait_for(self, title, text):
         user.wait_for(
@@ -318,11 +324,11 @@ class WindowTestCase(unittest.TestCase):
         self.assertEqual(status, 0)
         self.assertEqual(out.splitlines()[-1], "request id is card-1 (2 file(s))")
 
-    def start_with_missing_file(self):
+    def start_with_missing_file(self, *arguments, stopped=False):
         """Sends three files, the second of which is not there any more."""
-        self.add_queue()
+        self.add_queue(stopped=stopped)
         paths = self.files("ada.txt", "bea.txt", "cora.txt")
-        program = self.start("-d", "card", *paths)
+        program = self.start("-d", "card", *arguments, *paths)
         program.find("push button", "Print")
         os.unlink(paths[1])
         return program
@@ -430,6 +436,109 @@ class WindowTestCase(unittest.TestCase):
         self.server.cancel(2)
         self.server.enable("card")
         told.wait_for("card: 1 of 2 jobs printed", "card-2: Job cancelled")
+
+    def test_waiting_ends_with_the_job_and_tells_what_stops_it(self):
+        self.add_queue(stopped=True)
+        program = self.start("-d", "card", "--wait", *self.files("ada.txt"))
+        self.press(program, "Print")
+        user.wait_for(lambda: self.server.job(1), "there is no job")
+        time.sleep(WAITING_SECONDS)
+        self.assertTrue(program.runs())
+        self.server.enable("card")
+        status, _, err = program.finish()
+        self.assertEqual((status, err), (0, "cardprint: card: Printer stopped: Cleaning\n"))
+        self.assertEqual(self.server.job(1)["job-state"], "completed")
+
+    def test_waiting_for_a_job_that_is_cancelled_is_told_by_the_exit_status(self):
+        self.add_queue(stopped=True)
+        program = self.start("-d", "card", "--wait", *self.files("ada.txt"))
+        self.press(program, "Print")
+        user.wait_for(lambda: self.server.job(1), "there is no job")
+        self.server.cancel(1)
+        status, _, err = program.finish()
+        self.assertEqual(status, NOT_PRINTED)
+        self.assertIn("cardprint: card-1: Job cancelled\n", err)
+
+    def test_waiting_for_many_tells_the_one_that_cannot_be_printed(self):
+        self.add_queue()
+        ada, broken, cora = self.files("ada.txt", "broken.pdf", "cora.txt")
+        pathlib.Path(broken).write_text("%PDF-1.4\nno PDF\n", encoding="utf-8")
+        program = self.start("-d", "card", "--wait", ada, broken, cora)
+        self.press(program, "Print")
+        self.wait_for_jobs(
+            program,
+            ("ada.txt", "card-1", "^Printed$"),
+            ("broken.pdf", "card-2", "^Job stopped"),
+            ("cora.txt", "card-3", "^Printed$"),
+        )
+        self.press(program, "Close")
+        status, out, err = program.finish()
+        self.assertEqual(status, NOT_PRINTED, err)
+        self.assertRegex(err, "^cardprint: card-2: Job stopped · .*\n$")
+        lines = [f"request id is card-{each} (1 file(s))" for each in (1, 2, 3)]
+        self.assertEqual(out.splitlines()[-3:], lines)
+
+    def test_waiting_is_for_what_was_sent_to_another_printer_before_too(self):
+        self.add_queue("card", stopped=True)
+        self.add_queue("badges")
+        told = self.enterContext(Notifications(self.desktop))
+        ada, bea = self.files("ada.txt", "bea.txt")
+        program = self.start("-d", "card", "--wait", ada, bea)
+        program.find("push button", "Print")
+        os.unlink(bea)
+        self.press(program, "Print")
+        self.wait_for_jobs(program, ("ada.txt", "card-1", "^Waiting"), ("bea.txt", "", "No such"))
+        self.press(program, "Close")
+        self.wait_for_told(program, "1 of 2 sent · 1 failed")
+        self.files("bea.txt")
+        printers = program.find("combo box", "Printer")
+        user.wait_for(lambda: "badges" in user.items(printers), lambda: str(user.items(printers)))
+        user.press(printers)
+        user.press(user.find(printers, "menu item", "badges"))
+        user.wait_for(
+            lambda: program.window().get_name() == "Print on badges", "the title stays"
+        )
+        self.press(program, "Print")
+        user.wait_for(lambda: self.server.job(2), "there is no second job")
+        time.sleep(WAITING_SECONDS)
+        self.assertTrue(program.runs())
+        self.server.cancel(1)
+        status, _, err = program.finish()
+        self.assertEqual(status, NOT_PRINTED, err)
+        self.assertIn("cardprint: card-1: Job cancelled\n", err)
+        self.assertNotIn("badges-2", err)
+        self.assertEqual(told.all(), [])
+
+    def test_what_was_not_sent_counts_for_more_than_what_was_not_printed(self):
+        program = self.start_with_missing_file("--wait", stopped=True)
+        self.press(program, "Print")
+        self.wait_for_jobs(
+            program,
+            ("ada.txt", "card-1", "^Waiting"),
+            ("bea.txt", "", "No such file"),
+            ("cora.txt", "card-2", "^Waiting"),
+        )
+        self.press(program, "Close")
+        self.wait_for_told(program, "2 of 3 sent · 1 failed")
+        self.press(program, "Cancel")
+        self.server.cancel(1)
+        self.server.enable("card")
+        status, _, err = program.finish()
+        self.assertEqual(status, FAILED, err)
+        self.assertIn("cardprint: card-1: Job cancelled\n", err)
+
+    def test_who_waits_no_longer_does_not_know_whether_it_is_printed(self):
+        self.add_queue(stopped=True)
+        program = self.start("-d", "card", "--wait", *self.files("ada.txt"))
+        self.press(program, "Print")
+        user.wait_for(lambda: self.server.job(1), "there is no job")
+        time.sleep(WAITING_SECONDS)
+        with self.server.standing_still():
+            program.find("label", "Waiting for the printer…")
+            self.press(program, "Cancel")
+            status, _, err = program.finish()
+        self.assertEqual(status, NOT_PRINTED, err)
+        self.assertEqual(self.server.job(1)["job-state"], "pending")
 
     def test_its_window_is_that_of_the_desktop_file(self):
         self.add_queue()
