@@ -236,8 +236,7 @@ std::optional<std::string> CardDialog::choose() {
     const int response = run();
     errors_.rethrow();
     if (!isOver(response)) continue;
-    if (response == kOtherPrinter || output_.empty()) return std::nullopt;
-    return output_;
+    return response == kOtherPrinter ? std::nullopt : output_;
   }
 }
 
@@ -274,7 +273,8 @@ bool CardDialog::print() {
 }
 
 bool CardDialog::send() {
-  output_ += job().send();
+  const std::string output = job().send();
+  output_ = output_.value_or("") + output;
   return true;
 }
 
@@ -284,7 +284,7 @@ bool CardDialog::sendEach() {
   sending.send();
   const dialog::Batch& batch = sending.batch();
   const auto ids = batch.sentIds();
-  if (!ids.empty()) output_ += job().sent(ids);
+  if (!ids.empty()) output_ = output_.value_or("") + job().sent(ids);
   const auto unsent = batch.unsentFiles();
   if (unsent.empty()) return true;
   files_.setFiles(unsent);

@@ -77,7 +77,7 @@ class CardDialog : public Gtk::Dialog, private host::PanelObserver {
   std::unique_ptr<gtk3::CardPage> page_;
   std::unique_ptr<OptionsDialog> options_;
   Gtk::Button* print_;
-  std::string output_;  // of what was sent
+  std::optional<std::string> output_;  // of what was sent, once anything was
   std::string error_;
   std::string wantedPrinter_;
   std::shared_ptr<void> watching_;  // the printer's state

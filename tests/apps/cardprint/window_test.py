@@ -324,6 +324,17 @@ class WindowTestCase(unittest.TestCase):
         self.assertEqual(status, 0)
         self.assertEqual(out.splitlines()[-1], "request id is card-1 (2 file(s))")
 
+    def test_what_was_sent_in_silence_was_not_cancelled(self):
+        self.add_queue()
+        for number, names in ((1, ["ada.txt"]), (3, ["bea.txt", "cora.txt"])):
+            program = self.start("-d", "card", "-s", *self.files(*names))
+            self.press(program, "Print")
+            if len(names) > 1:
+                self.press(program, "Close")
+            status, out, err = program.finish()
+            self.assertEqual((status, out), (0, ""), err)
+            self.assertIsNotNone(self.server.job(number))
+
     def start_with_missing_file(self, *arguments, stopped=False):
         """Sends three files, the second of which is not there any more."""
         self.add_queue(stopped=stopped)
