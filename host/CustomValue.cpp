@@ -206,6 +206,26 @@ std::string inBraces(std::string_view value) {
   return plain ? std::string(value) : platform::inQuotes(value);
 }
 
+/// Checks one of several values. Throws `Error`.
+void checkMember(const ppd_option_t& option, const ppd_cparam_t& parameter,
+                 const std::string& value) {
+  const std::string title = std::string(titleOf(option)) + ": " + parameter.text;
+  ParameterCheck(title, parameter, value).run();
+  if (value.find_first_of("{}") != std::string::npos) {  // libcups counts them, even quoted
+    throw Error(filled(_("“{option}” cannot hold braces."), {{"option", title}}));
+  }
+}
+
+std::string ofMembers(const std::vector<ppd_cparam_t*>& parameters,
+                      const std::vector<std::string>& values) {
+  std::string text;
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    text += text.empty() ? "{" : " ";
+    text += std::string(parameters[i]->name) + "=" + inBraces(values[i]);
+  }
+  return text + "}";
+}
+
 std::string checkedMembers(const ppd_option_t& option, const std::vector<ppd_cparam_t*>& parameters,
                            const std::string& value) {
   if (!isInBraces(value)) {
@@ -222,22 +242,17 @@ std::string checkedMembers(const ppd_option_t& option, const std::vector<ppd_cpa
     throw Error(filled(_("“{option}” has no value of the name {name}."),
                        {{"option", titleOf(option)}, {"name", platform::onOneLine(member.key)}}));
   }
-  std::string text;
+  std::vector<std::string> values;
   for (const ppd_cparam_t* parameter : parameters) {
     const auto member = members.value(parameter->name);
     if (!member) {
       throw Error(filled(_("“{option}” needs a value of the name {name}."),
                          {{"option", titleOf(option)}, {"name", parameter->name}}));
     }
-    const std::string title = std::string(titleOf(option)) + ": " + parameter->text;
-    ParameterCheck(title, *parameter, *member).run();
-    if (member->find_first_of("{}") != std::string::npos) {  // libcups counts them, even quoted
-      throw Error(filled(_("“{option}” cannot hold braces."), {{"option", title}}));
-    }
-    text += text.empty() ? "{" : " ";
-    text += std::string(parameter->name) + "=" + inBraces(*member);
+    checkMember(option, *parameter, *member);
+    values.push_back(*member);
   }
-  return text + "}";
+  return ofMembers(parameters, values);
 }
 
 /// The value in `{Name=value}` when `text` is that for the only parameter; else `text`.
@@ -249,6 +264,10 @@ std::string withoutBraces(const std::string& text, const ppd_cparam_t& parameter
 }
 
 }  // namespace
+
+bool isCustomText(std::string_view text) {
+  return startsIgnoringCase(text, kCustomPrefix) || text.substr(0, 1) == "{";
+}
 
 std::string checkedCustomValue(ppd_file_t* ppd, const ppd_option_t& option, std::string_view text) {
   const auto parameters = parametersOf(ppd, option);
@@ -262,6 +281,39 @@ std::string checkedCustomValue(ppd_file_t* ppd, const ppd_option_t& option, std:
   const std::string only = withoutBraces(value, *parameters.front());
   ParameterCheck(titleOf(option), *parameters.front(), only).run();
   return std::string(kCustomPrefix) + only;
+}
+
+std::string parameterFault(ppd_file_t* ppd, const ppd_option_t& option,
+                           const ppd_cparam_t& parameter, const std::string& value) {
+  try {
+    if (parameterCount(ppd, option) > 1) {
+      checkMember(option, parameter, value);
+    } else {
+      ParameterCheck(titleOf(option), parameter, value).run();
+    }
+    return "";
+  } catch (const Error& error) {
+    return error.what();
+  }
+}
+
+std::string customValueOf(ppd_file_t* ppd, const ppd_option_t& option,
+                          const std::vector<std::string>& values) {
+  const auto parameters = parametersOf(ppd, option);
+  return parameters.size() > 1 ? ofMembers(parameters, values)
+                               : std::string(kCustomPrefix) + values.front();
+}
+
+std::vector<std::string> parameterValues(ppd_file_t* ppd, const ppd_option_t& option,
+                                         const std::string& custom) {
+  const auto parameters = parametersOf(ppd, option);
+  if (parameters.size() == 1) return {withoutPrefix(custom)};
+  const OptionList members = OptionList::parsed(custom);
+  std::vector<std::string> values;
+  values.reserve(parameters.size());
+  for (const ppd_cparam_t* each : parameters)
+    values.push_back(members.value(each->name).value_or(""));
+  return values;
 }
 
 }  // namespace cardpanels::host

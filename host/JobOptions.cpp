@@ -9,7 +9,6 @@
 #include "host/PPDRecords.h"
 #include "host/Sentences.h"
 #include "platform/ASCII.h"
-#include "platform/CustomPrefix.h"
 #include "platform/Messages.h"
 
 namespace cardpanels::host {
@@ -19,10 +18,6 @@ using platform::_;
 using platform::equalIgnoringCase;
 using platform::filled;
 using platform::Text;
-
-bool isCustomText(std::string_view text) {
-  return platform::startsIgnoringCase(text, platform::kCustomPrefix) || text.substr(0, 1) == "{";
-}
 
 /// Whether `text` asks for no area, or no other value, of an option that takes one.
 bool isNoValue(ppd_file_t* ppd, const ppd_option_t& option, const std::string& text) {

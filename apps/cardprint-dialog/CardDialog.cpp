@@ -198,9 +198,7 @@ void CardDialog::wantPrinter(const std::string& queue) {
 void CardDialog::showOtherOptions() {
   if (!options_) options_ = std::make_unique<OptionsDialog>(*this, job().panels());
   options_->refresh();
-  options_->run();
-  options_->hide();
-  options_->tell("");
+  options_->change();
 }
 
 void CardDialog::filesChanged() {

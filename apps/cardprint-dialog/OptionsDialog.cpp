@@ -3,7 +3,6 @@
 #include <gtkmm/label.h>
 #include <gtkmm/scrolledwindow.h>
 
-#include "dialog/OtherOptions.h"
 #include "platform/Messages.h"
 
 namespace cardpanels::cardprint {
@@ -23,23 +22,9 @@ OptionsDialog::OptionsDialog(Gtk::Window& parent, host::PanelHost& panels)
   grid_.set_column_spacing(kOptionsMargin);
   grid_.property_margin() = kOptionsMargin;
   const auto rows = dialog::otherOptions(panels_.job(), panels_.claimedKeys());
+  rows_.resize(rows.size());
   // Assistive technology reads a grid's last child first.
-  for (auto i = static_cast<int>(rows.size()) - 1; i >= 0; --i) {
-    const std::string& key = rows[static_cast<std::size_t>(i)].key;
-    auto box = std::make_unique<ChoiceBox>([this, key](const std::string& choice) {
-      tell("");
-      panels_.change(key, choice);
-      refresh();  // also when it was refused
-    });
-    auto* const label = Gtk::make_managed<Gtk::Label>(rows[static_cast<std::size_t>(i)].title);
-    label->set_xalign(1);
-    label->set_mnemonic_widget(*box);
-    box->set_hexpand();
-    grid_.attach(*box, 1, i);
-    grid_.attach(*label, 0, i);
-    boxes_[key] = std::move(box);
-  }
-  refresh();
+  for (std::size_t i = rows.size(); i-- > 0;) addRow(static_cast<int>(i), rows[i]);
   auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
   scroller->set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
   scroller->add(grid_);
@@ -47,17 +32,79 @@ OptionsDialog::OptionsDialog(Gtk::Window& parent, host::PanelHost& panels)
   get_content_area()->pack_start(noticeBar_, Gtk::PACK_SHRINK);
   get_content_area()->pack_start(*scroller, Gtk::PACK_EXPAND_WIDGET);
   scroller->show_all();
+  refresh();
   add_button(_("_Close"), Gtk::RESPONSE_CLOSE)->get_parent()->property_margin() =
       kOptionsMargin / 2;
   set_default_size(kOptionsWidth, kOptionsHeight);
 }
 
+void OptionsDialog::addRow(int place, const dialog::OptionRow& shown) {
+  auto& slot = rows_[static_cast<std::size_t>(place)];
+  slot = std::make_unique<Row>(dialog::OtherOption(
+      panels_.job(), shown.key,
+      [this, key = shown.key](const std::string& value) { panels_.change(key, value); }));
+  Row& row = *slot;
+  const int line = 2 * place;
+  if (!shown.fields.empty()) {
+    row.fields = std::make_unique<ValueFields>(
+        shown.fields, ValueFields::Actions{
+                          .type = [&row](std::size_t field,
+                                         const std::string& text) { row.option.type(field, text); },
+                          .leave =
+                              [this, &row] {
+                                row.option.leave();
+                                refresh();
+                              },
+                          .enter = [this] { finish(); }});
+    grid_.attach(*row.fields, 1, line + 1);
+  }
+  row.box =
+      std::make_unique<ChoiceBox>([this, &row](const std::string& choice) { choose(row, choice); });
+  auto* const label = Gtk::make_managed<Gtk::Label>(shown.title);
+  label->set_xalign(1);
+  label->set_mnemonic_widget(*row.box);
+  row.box->set_hexpand();
+  grid_.attach(*row.box, 1, line);
+  grid_.attach(*label, 0, line);
+}
+
+void OptionsDialog::choose(Row& row, const std::string& choice) {
+  tell("");
+  row.option.choose(choice);
+  refresh();  // also when it was refused
+  if (row.fields && row.fields->get_visible()) row.fields->focus(0);
+}
+
+void OptionsDialog::change() {
+  while (run() == Gtk::RESPONSE_CLOSE && !finish()) {
+  }
+  for (const auto& each : rows_) each->option.forget();
+  hide();
+  tell("");
+}
+
+/// Answers whether the job has all that is typed; else the first field that is wrong has the focus.
+bool OptionsDialog::finish() {
+  for (const auto& each : rows_) {
+    const auto wrong = each->option.finish();
+    refresh();
+    if (!wrong) continue;
+    each->fields->focus(*wrong);
+    return false;
+  }
+  return true;
+}
+
 void OptionsDialog::refresh() {
-  for (const auto& [key, box] : boxes_) {
-    const auto row = dialog::optionRow(panels_.job(), key);
+  for (const auto& each : rows_) {
+    const auto row = each->option.row();
     std::vector<ChoiceBox::Item> items;
-    for (const auto& each : row.items) items.push_back({each.choice, each.title});
-    box->showItems(items, row.chosen ? std::optional(row.items[*row.chosen].choice) : std::nullopt);
+    for (const auto& item : row.items) items.push_back({item.choice, item.title});
+    each->box->showItems(items,
+                         row.chosen ? std::optional(row.items[*row.chosen].choice) : std::nullopt);
+    if (!each->fields) continue;
+    each->fields->showValues(row.fields);
+    each->fields->set_visible(row.chosen == row.own);
   }
 }
 

@@ -6,6 +6,8 @@
 #include <gtkmm/notebook.h>
 #include <gtkmm/stack.h>
 
+#include "ports/gtk3/EntryMark.h"
+
 namespace cardpanels::gtk3 {
 namespace {
 
@@ -18,16 +20,6 @@ constexpr std::size_t kMostMenuItems = 60;
 bool leaveToParent(GdkEventScroll* /*event*/, Gtk::Widget* widget) {
   g_signal_stop_emission_by_name(widget->gobj(), "scroll-event");
   return false;
-}
-
-/// A marked field is told by its frame and icon; the theme's red on a dark ground is hard to read.
-Glib::RefPtr<Gtk::CssProvider> readableText() {
-  static const auto provider = [] {
-    auto made = Gtk::CssProvider::create();
-    made->load_from_data("entry.error { color: @theme_text_color; }");
-    return made;
-  }();
-  return provider;
 }
 
 Glib::RefPtr<Gtk::CssProvider> listAppearance() {
@@ -54,8 +46,6 @@ TabView::TabView(const Glib::RefPtr<Gtk::Widget>& tabs) : Viewed(tabs) {
 EntryField::EntryField(const Glib::RefPtr<Gtk::Widget>& entry_) : Viewed(entry_) {
   help_ = entry().get_tooltip_text();
   if (entry().get_max_length() == 0) entry().set_max_length(kMaximumLength);
-  entry().get_style_context()->add_provider(readableText(),
-                                            GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   entry().signal_changed().connect(sigc::mem_fun(*this, &EntryField::changed));
   entry().signal_activate().connect(sigc::mem_fun(*this, &EntryField::activated));
   entry().signal_focus_out_event().connect(sigc::mem_fun(*this, &EntryField::focusLeft));
@@ -71,20 +61,7 @@ void EntryField::setStringValue(const platform::Text& text) {
 
 std::string EntryField::caption() const { return entry().get_accessible()->get_name(); }
 
-void EntryField::mark(const platform::Text& why) {
-  const Glib::ustring help = why.value_or(help_);
-  const auto style = entry().get_style_context();
-  if (why) {
-    style->add_class("error");
-    entry().set_icon_from_icon_name("dialog-error-symbolic", Gtk::ENTRY_ICON_SECONDARY);
-    entry().set_icon_tooltip_text(help, Gtk::ENTRY_ICON_SECONDARY);
-  } else {
-    style->remove_class("error");
-    entry().unset_icon(Gtk::ENTRY_ICON_SECONDARY);
-  }
-  entry().set_tooltip_text(help);
-  entry().get_accessible()->set_description(help);
-}
+void EntryField::mark(const platform::Text& why) { markEntry(entry(), why, help_); }
 
 void EntryField::activated() {
   const auto self = shared_from_this();  // its page may let it go

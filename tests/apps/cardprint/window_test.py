@@ -30,6 +30,29 @@ OTHER_OPTION = """\
 """
 
 
+OWN_OPTIONS = """\
+*OpenUI *Serial/Serial Number: PickOne
+*DefaultSerial: None
+*Serial None/None: ""
+*CloseUI: *Serial
+*CustomSerial True: "pop"
+*ParamCustomSerial Value/Number: 1 int 1 9999
+*OpenUI *Mark/Watermark: PickOne
+*DefaultMark: None
+*Mark None/None: ""
+*CloseUI: *Mark
+*CustomMark True/Own Mark: "pop pop"
+*ParamCustomMark Text/Text: 1 string 1 20
+*ParamCustomMark Size/Size: 2 points 6 72
+*OpenUI *Pin/Release Code: PickOne
+*DefaultPin: None
+*Pin None/None: ""
+*CloseUI: *Pin
+*CustomPin True: "pop"
+*ParamCustomPin Code/Code: 1 passcode 4 6
+"""
+
+
 class Notifications:
     """The desktop's notifications, and what they tell."""
 
@@ -297,6 +320,52 @@ class WindowTestCase(unittest.TestCase):
         self.press(program, "Print")
         self.assertEqual(program.finish()[0], 0)
         self.assertEqual(self.server.job(1)["Polish"], "Gloss")
+
+    def test_a_value_of_ones_own_is_typed_where_it_is_wrong_told_and_sent(self):
+        self.add_queue(more=OWN_OPTIONS)
+        program = self.start("-d", "card", "-o", "Serial=17", *self.files("ada.txt"))
+        self.press(program, "Other Options…")
+        serial = program.find("text", "Serial Number: Number")
+        self.assertEqual(user.text_of(serial), "17")
+        keyboard = Keyboard(self.desktop, self.window(program, "Other Options"))
+        user.choose(program.find("combo box", "Release Code"), "Custom…")
+        user.type_text(program.find("password text", "Release Code: Code"), "0427")
+        user.choose(program.find("combo box", "Watermark"), "Own Mark")
+        keyboard.wait_for_focus("text", "Watermark: Text")
+        keyboard.type('Ada "L"')
+        keyboard.press("Tab")
+        keyboard.wait_for_focus("text", "Watermark: Size")
+        keyboard.type("2yd")
+        self.press(program, "Close")
+        told = "“Watermark: Size” must be a length from 6 to 72 points"
+        size = program.find("text", "Watermark: Size")
+        user.wait_for(lambda: size.get_description().startswith(told), size.get_description)
+        self.wait_for_line(program, f"^{told}")
+        keyboard.wait_for_focus("text", "Watermark: Size")
+        user.type_text(size, "12pt")
+        user.press(size)
+        user.wait_for(lambda: not size.get_description(), size.get_description)
+        self.press(program, "Close")
+        self.press(program, "Print")
+        status, _, err = program.finish()
+        self.assertEqual(status, 0, err)
+        job = self.server.job(1)
+        self.assertEqual((job["Serial"], job["Pin"]), ("Custom.17", "Custom.0427"))
+        self.assertEqual(job["Mark"], '{Text="Ada \\"L\\"" Size=12pt}')
+
+    def test_escape_leaves_what_was_there_before_a_value_was_typed(self):
+        self.add_queue(more=OWN_OPTIONS)
+        program = self.start("-d", "card", "-o", "Serial=17", *self.files("ada.txt"))
+        self.press(program, "Other Options…")
+        user.type_text(program.find("text", "Serial Number: Number"), "10000")
+        keyboard = Keyboard(self.desktop, self.window(program, "Other Options"))
+        keyboard.press("Escape")
+        self.press(program, "Other Options…")
+        self.assertEqual(user.text_of(program.find("text", "Serial Number: Number")), "17")
+        self.press(program, "Close")
+        self.press(program, "Print")
+        self.assertEqual(program.finish()[0], 0)
+        self.assertEqual(self.server.job(1)["Serial"], "Custom.17")
 
     def test_two_files_are_two_jobs_that_are_followed(self):
         self.add_queue(stopped=True)
