@@ -1,12 +1,8 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <sys/types.h>
 
-#include <array>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -16,6 +12,7 @@
 #include <vector>
 
 #include "bench/support/Median.h"
+#include "bench/support/StartedProgram.h"
 #include "tests/support/Display.h"
 
 // What the dialog costs from the start of cardprint until it is drawn, and memory that is then its
@@ -81,28 +78,16 @@ struct Cost {
   double memory = 0;
 };
 
-Cost costOf(const Watch& watch, std::vector<std::string> command) {
-  std::vector<char*> arguments;
-  arguments.reserve(command.size() + 1);
-  for (std::string& each : command) arguments.push_back(each.data());
-  arguments.push_back(nullptr);
+Cost costOf(const Watch& watch, const std::vector<std::string>& command) {
   const auto start = Clock::now();
-  pid_t process = 0;
-  if (posix_spawn(&process, command[0].c_str(), nullptr, nullptr, arguments.data(), environ) != 0)
-    throw std::runtime_error(command[0] + " does not start");
   Cost cost;
-  try {
+  {
+    const bench::StartedProgram program(command);
     watch.waitUntil(true);
     cost.seconds = std::chrono::duration<double>(Clock::now() - start).count();
     std::this_thread::sleep_for(std::chrono::milliseconds(500));  // what comes behind
-    cost.memory = ownMemory(process);
-  } catch (const std::exception&) {
-    kill(process, SIGKILL);
-    waitpid(process, nullptr, 0);
-    throw;
+    cost.memory = ownMemory(program.process());
   }
-  kill(process, SIGKILL);
-  waitpid(process, nullptr, 0);
   watch.waitUntil(false);
   return cost;
 }
