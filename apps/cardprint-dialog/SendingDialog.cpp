@@ -24,9 +24,10 @@ using State = dialog::BatchJob::State;
 constexpr int kSendingMargin = 12;
 constexpr int kSendingWidth = 600;
 constexpr int kSendingHeight = 400;
-constexpr int kFileWidth = 24;             // characters
-constexpr int kAgain = 1;                  // a response
-constexpr unsigned kSendingFarewell = 12;  // seconds, longer than a job takes to be cancelled
+constexpr int kFileWidth = 24;              // characters
+constexpr int kAgain = 1;                   // a response
+constexpr unsigned kSendingFarewell = 12;   // seconds, longer than a job takes to be cancelled
+constexpr unsigned kShowingInterval = 150;  // milliseconds: what is drawn takes time from sending
 
 void addColumn(Gtk::TreeView& view, const char* title,
                const Gtk::TreeModelColumn<Glib::ustring>& column, int characters) {
@@ -90,6 +91,7 @@ SendingDialog::SendingDialog(Gtk::Window& parent, DialogJob& job, WindowWaiter& 
 
 SendingDialog::~SendingDialog() {
   farewell_.disconnect();
+  showing_.disconnect();
   waiter_.setParent(get_transient_for());
 }
 
@@ -138,12 +140,25 @@ bool SendingDialog::on_delete_event(GdkEventAny* /*event*/) { return true; }
 
 void SendingDialog::changed(std::optional<std::size_t> job) {
   if (!job) return ended();
-  showJob(*job);
+  changed_.insert(*job);
+  if (showing_.connected()) return;
+  showing_ = Glib::signal_timeout().connect(
+      [this] {
+        showChanged();
+        return false;
+      },
+      kShowingInterval);
+}
+
+void SendingDialog::showChanged() {
+  for (const std::size_t each : std::exchange(changed_, {})) showJob(each);
   showProgress();
 }
 
 void SendingDialog::ended() {
   farewell_.disconnect();
+  showing_.disconnect();
+  showChanged();
   if (batch_.passwordNeeded() && askLogin()) return start();
   cancel_->hide();
   again_->set_visible(batch_.count(State::sent) != batch_.jobs().size() && !batch_.ppdChanged());

@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "apps/cardprint-dialog/WindowWaiter.h"
 #include "apps/cardprint/DialogJob.h"
@@ -37,6 +38,7 @@ class SendingDialog : public Gtk::Dialog {
   void start();
   void changed(std::optional<std::size_t> job);
   void ended();
+  void showChanged();
   void showJob(std::size_t job);
   void showProgress();
   void read(const dialog::JobsRead& read);
@@ -58,6 +60,8 @@ class SendingDialog : public Gtk::Dialog {
   Gtk::Label text_;
   Gtk::Label printer_;
   Gtk::ProgressBar bar_;
+  std::set<std::size_t> changed_;  // what is not shown yet
+  sigc::connection showing_;
   sigc::connection farewell_;
   Gtk::Widget* cancel_;
   Gtk::Widget* again_;
