@@ -204,7 +204,7 @@ TEST_F(Pages, HelpWithThePanelThatShowsWhereThatOffersHelp) {
 
 TEST_F(Pages, LoadNoPanelBeforeItIsSeen) {
   page->appear();
-  EXPECT_THAT(driver.calls(), Not(Contains("load Laminate")));
+  EXPECT_THAT(driver.calls(), testing::Not(testing::Contains("load Laminate")));
   EXPECT_EQ(view.filled[1], "");
   page->select(1);
   EXPECT_THAT(driver.calls(), ElementsAre("hide Peel", "load Laminate", "show Laminate"));
