@@ -16,10 +16,14 @@ def has_state(node, state):
     return node.get_state_set().contains(state)
 
 
+# What GTK 4.8 calls the role of a drop-down's button and of what groups others, and 4.18.
+SINCE = {"toggle button": "push button", "grouping": "panel"}
+
+
 def role_name(node):
-    """The node's role as GTK 4.8 calls it; later the button of a drop-down is a toggle button."""
+    """The node's role as GTK 4.8 calls it."""
     name = user.role_name(node)
-    return "push button" if name == "toggle button" else name
+    return SINCE.get(name, name)
 
 
 def visible(node):
@@ -179,13 +183,23 @@ class Gtk4PrintDialog:
         return shown[0].get_name()
 
     def _own_pop_up(self, name):
-        return self.find("combo box", None, self.find("panel", name))
+        shown = next(each for each in visible(self.root) if each.get_name() == name)
+        # A label, unless both have their group's name.
+        group = shown if role_name(shown) == "panel" else shown.get_parent()
+        return self.find("combo box", None, group)
 
     def choose(self, name, item):
         """Opens a pop-up of the page and goes to the item of that text with keys."""
-        self._choose(self.pop_up(name), name, item)
-        user.wait_for(lambda: self.chosen(name) == item,
-                      lambda: f"{self.chosen(name)!r} is chosen instead of {item!r}")
+
+        def is_chosen():
+            self._choose(self.pop_up(name), name, item)
+            try:
+                user.wait_for(lambda: self.chosen(name) == item, "", limit=5)
+            except user.NotSeen:  # a slow window may open after the keys
+                return False
+            return True
+
+        user.wait_for(is_chosen, lambda: f"{self.chosen(name)!r} is chosen instead of {item!r}")
 
     def try_to_choose(self, name, item):
         """Chooses an item that may be refused."""
@@ -316,10 +330,11 @@ class Gtk4PrintDialog:
 
         def offered():
             items = [each for each in visible(outer) if each.get_role_name() == "menu item"]
-            return [each.get_name() for each in items
-                    if has_state(each, Atspi.StateType.SENSITIVE)]
+            names = [each.get_name() for each in items
+                     if has_state(each, Atspi.StateType.SENSITIVE)]
+            return names if item in names else None
 
-        names = user.wait_for(offered, lambda: f"no menu in {user.outline(outer)}")
+        names = user.wait_for(offered, lambda: f"no {item!r} in {user.outline(outer)}")
         self.keys(*["Down"] * names.index(item), "Return")
 
     def save_preset(self, name):
