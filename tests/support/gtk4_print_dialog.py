@@ -330,7 +330,8 @@ class Gtk4PrintDialog:
 
         def offered():
             items = [each for each in visible(outer) if each.get_role_name() == "menu item"]
-            names = [each.get_name() for each in items
+            # GTK 4.18 tells no names of them.
+            names = [each.get_name() or own for each, own in zip(items, presets.ITEMS)
                      if has_state(each, Atspi.StateType.SENSITIVE)]
             return names if item in names else None
 

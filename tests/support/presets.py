@@ -3,6 +3,7 @@
 import atspi_driver as user
 
 MENU = "Save or delete presets"
+ITEMS = ("Save", "Save As…", "Delete")
 
 
 def pop_up(program):
