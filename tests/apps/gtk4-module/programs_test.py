@@ -1,6 +1,7 @@
 """The page Card where unmodified programs meet GTK 4's print dialog: in a program of GNOME, on
 Wayland and in the portal through which programs in a sandbox print."""
 
+import subprocess
 import unittest
 
 import atspi_driver as user
@@ -12,6 +13,12 @@ from print_dialog_case import SANITIZED
 
 DOCUMENT = "/usr/share/cups/data/default-testpage.pdf"
 PORTAL = "org.freedesktop.impl.portal.desktop.gnome"
+
+
+def compositor_fills_screen_with_dialogs():
+    """Whether it does although the program has another window: else nothing tells where they are."""
+    told = subprocess.run(["weston", "--version"], capture_output=True, text=True, check=True)
+    return int(told.stdout.split()[1].partition(".")[0]) < 13
 
 
 class ProgramsTestCase(Gtk4DialogCase):
@@ -70,6 +77,7 @@ class ProgramsTestCase(Gtk4DialogCase):
         self.assert_job(self.job(2))
         self.assertEqual(self.warnings_at_the_end() - own_warnings, set())
 
+    @unittest.skipUnless(compositor_fills_screen_with_dialogs(), "clicks would miss the dialog")
     def test_two_areas_and_a_laminate_reach_the_job_on_wayland(self):
         display = self.enterContext(self.desktop.wayland(fills_screen=True))
         dialog = self.start_demo(WAYLAND_DISPLAY=display, GDK_BACKEND="wayland")
