@@ -7,10 +7,9 @@
 namespace cardpanels::gtkmodule {
 
 /// Where values of an option are typed that are none of its choices: a field beside a drop-down
-/// list, as in GTK since 4.10. When GTK shows such a value it empties the field first, takes the
-/// empty text for the option's value, frees the former one, and writes that into the field: the
-/// value is lost, unless the field was empty. There is no such field in GTK before, or without a
-/// widget.
+/// list, as in GTK 4.18. When GTK shows such a value it empties the field first, takes the empty
+/// text for the option's value, frees the former one, and writes that into the field: the value is
+/// lost, unless the field was empty. GTK 3 and 4.8 have no such field.
 class TypedValue {
  public:
   /// In `widget`, which shows the option; null for an option that none shows.
