@@ -9,9 +9,10 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <thread>
@@ -35,18 +36,19 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Clock = std::chrono::steady_clock;
 
-/// Counts how long the main loop has answered nobody, beyond what the machine lets a thread wait
-/// that does nothing else.
+/// How long this thread could have run so far, but other processes had the cores. As Linux counts
+/// it.
+Clock::duration waitedForCore() {
+  std::int64_t ran = 0;
+  std::int64_t waited = 0;
+  std::ifstream("/proc/thread-self/schedstat") >> ran >> waited;
+  return std::chrono::nanoseconds(waited);
+}
+
+/// Counts how long the main loop has answered nobody, beyond what it waited for a core.
 class Gaps {
  public:
-  Gaps()
-      : idle_([this] {
-          while (!isOver_) {
-            const auto before = Clock::now();
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-            idleLongest_ = std::max(idleLongest_, Clock::now() - before);
-          }
-        }) {
+  Gaps() {
     timer_ = Glib::signal_timeout().connect(
         [this] {
           count();
@@ -54,36 +56,24 @@ class Gaps {
         },
         5, Glib::PRIORITY_HIGH);
   }
-  ~Gaps() {
-    timer_.disconnect();
-    end();
-  }
+  ~Gaps() { timer_.disconnect(); }
   Gaps(const Gaps&) = delete;
   Gaps& operator=(const Gaps&) = delete;
 
   std::chrono::milliseconds longest() {
     count();
-    end();
-    return std::chrono::duration_cast<std::chrono::milliseconds>(longest_ - idleLongest_);
+    return std::chrono::duration_cast<std::chrono::milliseconds>(longest_);
   }
 
  private:
   void count() {
-    const auto now = Clock::now();
+    const auto now = Clock::now() - waitedForCore();
     longest_ = std::max(longest_, now - last_);
     last_ = now;
   }
 
-  void end() {
-    isOver_ = true;
-    if (idle_.joinable()) idle_.join();
-  }
-
-  Clock::time_point last_ = Clock::now();
+  Clock::time_point last_ = Clock::now() - waitedForCore();
   Clock::duration longest_{};
-  Clock::duration idleLongest_{};  // the thread's, until it has ended
-  std::atomic<bool> isOver_ = false;
-  std::thread idle_;
   sigc::connection timer_;
 };
 
