@@ -13,13 +13,18 @@ void setValue(GObject* option, const std::string& value) {
 
 }  // namespace
 
+TypedValue::~TypedValue() {
+  g_clear_weak_pointer(&field_);
+  g_clear_weak_pointer(&choices_);
+}
+
 #if GTK_CHECK_VERSION(4, 0, 0)
 
 namespace {
 
 /// Whether the field has the text of the choice that is selected.
 bool showsChoice(GtkWidget* field, GtkWidget* choices) {
-  gpointer const choice = gtk_drop_down_get_selected_item(GTK_DROP_DOWN(choices));
+  void* const choice = gtk_drop_down_get_selected_item(GTK_DROP_DOWN(choices));
   if (choice == nullptr) return false;
   char* text = nullptr;
   g_object_get(choice, "string", &text, nullptr);
@@ -36,11 +41,6 @@ TypedValue::TypedValue(GtkWidget* widget) {
     if (GTK_IS_ENTRY(each)) g_set_weak_pointer(&field_, each);
     if (GTK_IS_DROP_DOWN(each)) g_set_weak_pointer(&choices_, each);
   });
-}
-
-TypedValue::~TypedValue() {
-  g_clear_weak_pointer(&field_);
-  g_clear_weak_pointer(&choices_);
 }
 
 void TypedValue::forgetLost(GObject* option) {
@@ -61,8 +61,6 @@ void TypedValue::set(GObject* option, const std::string& value) {
 #else
 
 TypedValue::TypedValue(GtkWidget* /*widget*/) {}
-
-TypedValue::~TypedValue() = default;
 
 void TypedValue::forgetLost(GObject* /*option*/) {}
 

@@ -1,6 +1,6 @@
-#include "dialog/PanelWidth.h"
-
 #include <gtest/gtest.h>
+
+#include "dialog/PanelWidth.h"
 
 namespace cardpanels::dialog {
 namespace {

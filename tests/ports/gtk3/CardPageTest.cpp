@@ -374,7 +374,9 @@ TEST_F(CardPageTest, AWindowBecomesWideEnoughForEachPanelThatIsSeen) {
   window_->set_default_size(1, 1);
   page_->widenWindowWhenSeen();
   showWindow();
-  const auto isWideEnough = [this] { return page_->get_allocated_width() >= page_->naturalWidth(); };
+  const auto isWideEnough = [this] {
+    return page_->get_allocated_width() >= page_->naturalWidth();
+  };
   EXPECT_TRUE(test::handleEventsUntil(isWideEnough)) << page_->get_allocated_width();
   EXPECT_GT(page_->naturalWidth(), 60 * 6);
   page_->page().select(1);
