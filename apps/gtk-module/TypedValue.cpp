@@ -5,8 +5,6 @@
 namespace cardpanels::gtkmodule {
 namespace {
 
-constexpr const char* kWasAsked = "cardpanels-was-asked";
-
 void setValue(GObject* option, const std::string& value) {
   g_object_set(option, "value", value.c_str(), nullptr);
 }
@@ -21,6 +19,8 @@ TypedValue::~TypedValue() {
 #if GTK_CHECK_VERSION(4, 0, 0)
 
 namespace {
+
+constexpr const char* kWasAsked = "cardpanels-was-asked";
 
 /// Whether the field has the text of the choice that is selected.
 bool showsChoice(GtkWidget* field, GtkWidget* choices) {
