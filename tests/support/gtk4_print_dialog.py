@@ -119,7 +119,7 @@ class Gtk4PrintDialog:
         def is_selected():
             self.click(self.find("label", name))
             try:
-                self.wait_for_presses("Print", limit=15)
+                self.wait_for_presses("Print", limit=5)
             except user.NotSeen:
                 return False
             return True
