@@ -105,6 +105,16 @@ gboolean command(GIOChannel* channel, GIOCondition /*condition*/, gpointer /*dat
   return TRUE;
 }
 
+/// Waits until the window is drawn: a dialog that is asked for before may come to be behind it.
+void waitForDrawn(GtkWidget* window) {
+  bool drawn = false;
+  GdkFrameClock* const clock = gtk_widget_get_frame_clock(window);
+  const gulong handler = g_signal_connect_swapped(
+      clock, "after-paint", G_CALLBACK(+[](bool* isDrawn) { *isDrawn = true; }), &drawn);
+  while (!drawn) g_main_context_iteration(nullptr, TRUE);
+  g_signal_handler_disconnect(clock, handler);
+}
+
 /// Ends as programs do on their last menu item, whatever dialogs are open.
 gboolean terminated(gpointer /*data*/) { std::exit(0); }
 
@@ -119,6 +129,7 @@ int main(int /*argc*/, char** argv) {
   GtkWidget* const window = newWindow();
   gtk_window_set_title(GTK_WINDOW(window), "Print program");
   setVisible(window, true);
+  waitForDrawn(window);
   // Read and write: the pipe stays open while nobody writes.
   GIOChannel* const input = g_io_channel_new_file(argv[1], "r+", nullptr);
   g_io_add_watch(input, G_IO_IN, command, nullptr);
