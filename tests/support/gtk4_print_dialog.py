@@ -28,7 +28,6 @@ def role_name(node):
 
 def visible(node):
     """The node and all below it that are not hidden, in reading order."""
-    node.clear_cache()
     yield node
     for i in range(node.get_child_count()):
         child = node.get_child_at_index(i)
