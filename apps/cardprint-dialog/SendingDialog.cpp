@@ -5,6 +5,7 @@
 #include <gtkmm/button.h>
 #include <gtkmm/cellrenderertext.h>
 #include <gtkmm/scrolledwindow.h>
+#include <gtkmm/tooltip.h>
 
 #include <utility>
 
@@ -24,20 +25,26 @@ using State = dialog::BatchJob::State;
 constexpr int kSendingMargin = 12;
 constexpr int kSendingWidth = 600;
 constexpr int kSendingHeight = 400;
-constexpr int kFileWidth = 24;              // characters
+constexpr int kFileWidth = 24;              // digits
+constexpr int kJobWidth = 12;               // as many
+constexpr int kStateWidth = 30;             // at least
 constexpr int kAgain = 1;                   // a response
 constexpr unsigned kSendingFarewell = 12;   // seconds, longer than a job takes to be cancelled
 constexpr unsigned kShowingInterval = 150;  // milliseconds: what is drawn takes time from sending
 
+/// A column of that many digits, of which the last takes what is left. Its width is not that of its
+/// texts: to measure each row took longer than to send many of them.
 void addColumn(Gtk::TreeView& view, const char* title,
-               const Gtk::TreeModelColumn<Glib::ustring>& column, int characters) {
+               const Gtk::TreeModelColumn<Glib::ustring>& column, int digits) {
   auto* const renderer = Gtk::make_managed<Gtk::CellRendererText>();
-  if (characters > 0) {
-    renderer->property_ellipsize() = Pango::ELLIPSIZE_MIDDLE;
-    renderer->property_width_chars() = characters;
-  }
+  renderer->property_ellipsize() = Pango::ELLIPSIZE_MIDDLE;
   auto* const shown = Gtk::make_managed<Gtk::TreeViewColumn>(title, *renderer);
   shown->add_attribute(renderer->property_text(), column);
+  shown->set_sizing(Gtk::TREE_VIEW_COLUMN_FIXED);
+  int width = 0, height = 0;
+  view.create_pango_layout(std::string(static_cast<std::size_t>(digits), '0'))
+      ->get_pixel_size(width, height);
+  shown->set_fixed_width(width);
   shown->set_resizable();
   view.append_column(*shown);
 }
@@ -64,8 +71,18 @@ SendingDialog::SendingDialog(Gtk::Window& parent, DialogJob& job, WindowWaiter& 
   }
   view_.set_model(rows_);
   addColumn(view_, _("File"), file_, kFileWidth);
-  addColumn(view_, _("Job"), number_, 0);
-  addColumn(view_, _("State"), state_, 0);
+  addColumn(view_, _("Job"), number_, kJobWidth);
+  addColumn(view_, _("State"), state_, kStateWidth);
+  view_.set_fixed_height_mode();
+  view_.set_has_tooltip();
+  view_.signal_query_tooltip().connect(
+      [this](int x, int y, bool isKeyboard, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
+        Gtk::TreeModel::iterator row;
+        if (!view_.get_tooltip_context_iter(x, y, isKeyboard, row)) return false;
+        tooltip->set_text(row->get_value(state_));
+        view_.set_tooltip_row(tooltip, rows_->get_path(row));
+        return true;
+      });
   view_.get_accessible()->set_name(_("Jobs"));
   auto* const scroller = Gtk::make_managed<Gtk::ScrolledWindow>();
   scroller->set_shadow_type(Gtk::SHADOW_IN);

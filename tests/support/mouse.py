@@ -20,6 +20,12 @@ class Mouse:
         box = self._box()
         return box.width // 2, box.height // 2
 
+    def rest(self):
+        """Comes over the middle, and stays there."""
+        x, y = self.middle()
+        self._move((x - 2, y))
+        self._move((x, y))
+
     def drag(self, start, end):
         """Presses at the place `start`, moves on over the middle to `end`, and lets go."""
         middle = tuple((a + b) // 2 for a, b in zip(start, end))

@@ -10,6 +10,7 @@ import unittest
 import atspi_driver as user
 from keyboard import Keyboard
 from gi.repository import Gio, GLib
+from mouse import Mouse
 from print_server import PrintServer
 
 ROOT = pathlib.Path(os.environ["CARDPANELS_SOURCE_DIR"])
@@ -144,6 +145,12 @@ class WindowTestCase(unittest.TestCase):
         root = program.root
         windows = [root.get_child_at_index(i) for i in range(root.get_child_count())]
         return next(each for each in windows if each.get_name() == name)
+
+    def windows_on_screen(self):
+        """How many there are, of which accessibility does not tell those that are tips."""
+        command = ["xdotool", "search", "--onlyvisible", "--class", "cardprint"]
+        found = subprocess.run(command, env=self.desktop.env, capture_output=True, text=True)
+        return len(found.stdout.split())
 
     def jobs(self, program):
         """The list of jobs: a file, a job's number and a state each."""
@@ -421,6 +428,12 @@ class WindowTestCase(unittest.TestCase):
             ("ada.txt", "card-1", "^Printed$"),
             ("bea.txt", "", "bea.txt: No such file or directory$"),
             ("cora.txt", "card-2", "^Printed$"),
+        )
+        state = user.showing(program.find("table", "Jobs"), "table cell")[5]
+        without_tip = self.windows_on_screen()
+        Mouse(self.desktop, state).rest()
+        user.wait_for(
+            lambda: self.windows_on_screen() > without_tip, "what was cut is not told at the mouse"
         )
         self.files("bea.txt")
         self.press(program, "Try Again")
