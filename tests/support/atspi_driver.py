@@ -24,6 +24,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402 (the version comes first)
 
 LIMIT_SECONDS = 30
+TIMEOUTS = (5000, 15000)  # milliseconds of a question, while a program starts too; 800 is too few
 PASSED_ON = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
 # A session bus that starts accessibility when it is asked for. What else the machine has, such as
 # portals, would answer for a desktop that is not there.
@@ -309,6 +310,7 @@ class Desktop:
             # this program, where a widget has come to be its own ancestor there.
             os.environ["ATSPI_NO_CACHE"] = "1"
             Atspi.init()
+            Atspi.set_timeout(*TIMEOUTS)
         except BaseException:
             self.__exit__()
             raise

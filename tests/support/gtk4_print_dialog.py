@@ -9,6 +9,7 @@ import subprocess
 import atspi_driver as user
 import presets
 from atspi_driver import Atspi
+from gi.repository import GLib
 from mouse import Mouse
 
 
@@ -37,7 +38,10 @@ def visible(node):
 
 def place(node):
     """Where the node is in its window."""
-    return node.get_component_iface().get_extents(Atspi.CoordType.WINDOW)
+    component = node.get_component_iface()
+    if component is None:
+        raise GLib.Error("it has just gone")
+    return component.get_extents(Atspi.CoordType.WINDOW)
 
 
 class Gtk4PrintDialog:
