@@ -41,10 +41,8 @@ void addColumn(Gtk::TreeView& view, const char* title,
   auto* const shown = Gtk::make_managed<Gtk::TreeViewColumn>(title, *renderer);
   shown->add_attribute(renderer->property_text(), column);
   shown->set_sizing(Gtk::TREE_VIEW_COLUMN_FIXED);
-  int width = 0, height = 0;
-  view.create_pango_layout(std::string(static_cast<std::size_t>(digits), '0'))
-      ->get_pixel_size(width, height);
-  shown->set_fixed_width(width);
+  const auto text = view.create_pango_layout(std::string(static_cast<std::size_t>(digits), '0'));
+  shown->set_fixed_width(text->get_pixel_logical_extents().get_width());
   shown->set_resizable();
   view.append_column(*shown);
 }
