@@ -77,7 +77,12 @@ SendingDialog::SendingDialog(Gtk::Window& parent, DialogJob& job, WindowWaiter& 
       [this](int x, int y, bool isKeyboard, const Glib::RefPtr<Gtk::Tooltip>& tooltip) {
         Gtk::TreeModel::iterator row;
         if (!view_.get_tooltip_context_iter(x, y, isKeyboard, row)) return false;
-        tooltip->set_text(row->get_value(state_));
+        Glib::ustring text;
+        for (const auto* column : {&file_, &number_, &state_}) {
+          const Glib::ustring each = row->get_value(*column);
+          if (!each.empty()) text += (text.empty() ? "" : "\n") + each;
+        }
+        tooltip->set_text(text);
         view_.set_tooltip_row(tooltip, rows_->get_path(row));
         return true;
       });
