@@ -591,7 +591,7 @@ TEST_F(JobsOnOddServers, AServerThatTakesADocumentSlowlyGetsIt) {
                                    if (bytes.empty()) return;
                                    end += bytes;
                                    if (end.size() > 8) end.erase(0, end.size() - 8);
-                                   std::this_thread::sleep_for(milliseconds(250));
+                                   std::this_thread::sleep_for(milliseconds(300));
                                  }
                                  client.send(jobAnswer(17));
                                },
