@@ -13,6 +13,8 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <iomanip>
 #include <memory>
 #include <regex>
 #include <sstream>
@@ -282,6 +284,13 @@ int PrivatePrintServer::jobCount() const {
   const int count = cupsGetJobs2(http.get(), &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
   cupsFreeJobs(count, jobs);
   return count;
+}
+
+/// The server gives a file this name once it has come to its end.
+bool PrivatePrintServer::hasFile(int id) const {
+  std::ostringstream name;
+  name << 'd' << std::setw(5) << std::setfill('0') << id << "-001";
+  return std::filesystem::exists(folder_.path() / "spool" / name.str());
 }
 
 /// What is in the log of that name before `text`, which this waits for.

@@ -86,6 +86,9 @@ class PrivatePrintServer {
   /// The number of jobs that the server has been given.
   int jobCount() const;
 
+  /// Whether it has the first file of job `id` whole. Costs the server nothing.
+  bool hasFile(int id) const;
+
   /// What clients have asked since the last call; since the start at first.
   Traffic traffic();
 
