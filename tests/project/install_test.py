@@ -2,11 +2,13 @@
 
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import tempfile
 import unittest
 
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ["CARDPANELS_BUILD_DIR"])
 SANITIZERS = {name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}
 
@@ -48,6 +50,16 @@ class Installed(unittest.TestCase):
         link = next(self.folder.rglob("cardpanels.bundle/resources/locale"))
         self.assertTrue((link / "de" / "LC_MESSAGES" / "cardpanels.mo").is_file())
         self.assertFalse(link.readlink().is_absolute())
+
+    def test_programs_and_papers_tell_the_version_of_the_packages(self):
+        self.install(self.folder / "moved")
+        changelog = (ROOT / "debian" / "changelog").read_text(encoding="utf-8")
+        version = re.match(r"cardpanels \(([^~)]+)", changelog).group(1)
+        for name in ("cardprint", "pde-drive"):
+            self.assertEqual(self.run_program(name, "--version").stdout, f"{name} {version}\n")
+        metainfo = next((self.folder / "moved").rglob("*.metainfo.xml"))
+        releases = re.findall('<release version="([^"]*)"', metainfo.read_text(encoding="utf-8"))
+        self.assertEqual(releases[0], version)
 
 
 if __name__ == "__main__":
