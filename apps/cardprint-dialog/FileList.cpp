@@ -116,7 +116,7 @@ void FileList::chooseFiles() {
     all->add_pattern("*");
     chooser.add_filter(all);
   }
-  if (chooser.run() == Gtk::RESPONSE_OK) add(chooser.get_filenames());
+  if (chooser.run() == Gtk::RESPONSE_OK) addFiles(chooser.get_filenames());
 }
 
 /// By the name alone: the disk may take its time.
@@ -131,7 +131,7 @@ bool FileList::isTaken(const std::string& path) const {
          });
 }
 
-void FileList::add(const std::vector<std::string>& paths, const std::string& notHere) {
+void FileList::addFiles(const std::vector<std::string>& paths, const std::string& notHere) {
   std::string refused;
   for (const std::string& each : paths) {
     if (isTaken(each)) {
@@ -174,7 +174,7 @@ void FileList::addDropped(const std::vector<Glib::ustring>& uris) {
       addTo(notHere, each);
     }
   }
-  add(paths, notHere);
+  addFiles(paths, notHere);
 }
 
 /// Or the row where the keyboard is, where none is selected.

@@ -49,7 +49,7 @@ class FileList : public Gtk::Box {
   bool stopsAtFailure() const { return stop_.get_active(); }
 
  private:
-  void add(const std::vector<std::string>& paths, const std::string& notHere = {});
+  void addFiles(const std::vector<std::string>& paths, const std::string& notHere = {});
   bool isTaken(const std::string& path) const;
   void addDropped(const std::vector<Glib::ustring>& uris);
   void removeSelected();
