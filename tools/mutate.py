@@ -29,11 +29,11 @@ LINKED = re.compile(r"Linking CXX (?:executable|shared library|shared module) (\
 TESTED_BY = {
     "bin/cardprint": "^cardprint-",
     "bin/pde-drive": "^pde-drive-|^project-plug-in",
-    "lib/libcardprint-dialog.so": "^cardprint-(dialog|queue)",
+    "lib/libcardprint-dialog.so": "^cardprint-(dialog|files|picture|presets|queue)",
     "lib/libcardpanels-gtk3-module.so": "^gtk3-module",
     "lib/libcardpanels-gtk3-page.so": "^gtk3-module",
-    "lib/libcardpanels-gtk4-module.so": "^gtk4-module",
-    "lib/libcardpanels-gtk4-page.so": "^gtk4-module",
+    "lib/libcardpanels-gtk4-module.so": "^gtk4-(module|programs)",
+    "lib/libcardpanels-gtk4-page.so": "^gtk4-(module|programs)",
     "lib/cardpanels.bundle/cardpanels.so": (
         "^(panels|plugin|dialog|host-panels)-test|^cardprint-|^gtk3-module|^project-plug-in"
     ),
@@ -44,19 +44,20 @@ OWN = {
     "plugin": "^(panels|choices|plugin|area-strings|trace-allocation)-test",
     "host": "^host-",
     "dialog": "^dialog-(test|state)",
+    "ports/cairo": "^gtk[34]-test",
     "ports/gtk": "^gtk[34]-test",
     "ports/gtk3": "^gtk3-test",
     "ports/gtk4": "^gtk4-test",
     "ports/headless": "^headless-test",
     "apps/cardprint": "^cardprint-",
-    "apps/cardprint-dialog": "^cardprint-(window|dialog|queue)",
+    "apps/cardprint-dialog": "^cardprint-(?!test|command)",
     "apps/gtk-module": "^gtk[34]-module",
     "apps/gtk3-module": "^gtk3-module",
-    "apps/gtk4-module": "^gtk4-module",
+    "apps/gtk4-module": "^gtk4-(module|programs)",
     "apps/pde-drive": "^pde-drive-",
 }
 # Servers, windows and people take their time: asked last.
-SLOW = "^gtk[34]-module|^cardprint-(command|queue|dialog|window)|^host-queue|^dialog-state"
+SLOW = "^gtk[34]-(module|programs)|^cardprint-(?!test)|^host-queue|^dialog-state"
 
 NOT_CODE = re.compile(
     r"//[^\n]*|/\*.*?\*/"
