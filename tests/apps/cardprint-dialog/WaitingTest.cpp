@@ -303,11 +303,21 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
     auto& user = dynamic_cast<Gtk::Entry&>(*entries[0]);
     auto& password = dynamic_cast<Gtk::Entry&>(*entries[1]);
     EXPECT_FALSE(password.get_visibility());
+    EXPECT_EQ(password.get_input_purpose(), Gtk::INPUT_PURPOSE_PASSWORD);
+    EXPECT_EQ(window.get_focus(), &password) << "the user is known";
     EXPECT_EQ(user.get_text(), passwords.size() == 2 ? cupsUser() : "ada");
+    const auto labels = test::all<Gtk::Label>(window);
+    ASSERT_GE(labels.size(), 3U);
+    std::vector<std::string> texts;
+    for (int i = 0; i < 3; ++i) texts.push_back(dynamic_cast<Gtk::Label&>(*labels[i]).get_text());
+    EXPECT_NE(texts[0].find("card"), std::string::npos) << texts[0];
+    EXPECT_EQ((std::vector{texts[1], texts[2]}),
+              (std::vector<std::string>{"User name", "Password"}));
+    for (Gtk::Entry* each : {&user, &password}) EXPECT_EQ(each->list_mnemonic_labels().size(), 1U);
     user.set_text("ada");
     password.set_text(passwords.front());
     passwords.erase(passwords.begin());
-    window.response(Gtk::RESPONSE_OK);
+    password.activate();  // Enter
   });
   Gaps gaps;
   const CardJob job(printing(badge_), windows_);
