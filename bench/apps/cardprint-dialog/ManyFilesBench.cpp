@@ -90,7 +90,7 @@ class WindowManager {
     unsigned border = 0;
     unsigned depth = 0;
     XGetGeometry(display_, window, &root, &x, &y, &width, &height, &border, &depth);
-  XTestFakeMotionEvent(display_, -1, x + static_cast<int>(width) - kFromCorner,
+    XTestFakeMotionEvent(display_, -1, x + static_cast<int>(width) - kFromCorner,
                          y + static_cast<int>(height) - kFromCorner, CurrentTime);
     XTestFakeButtonEvent(display_, 1, True, CurrentTime);
     XTestFakeButtonEvent(display_, 1, False, CurrentTime);
@@ -157,8 +157,8 @@ struct Sending {
   double longestAnswer = 0;  // milliseconds
 };
 
-/// Clicks Print in the dialog, then presses Return until the window that sends is closed by it: that
-/// is Close, which comes and has the focus when all is sent.
+/// Clicks Print in the dialog, then presses Return until the window that sends is closed by it:
+/// that is Close, which comes and has the focus when all is sent.
 Sending sentByWindow(WindowManager& manager, const test::PrivatePrintServer& server, int lastJob,
                      const std::vector<std::string>& command) {
   bench::StartedProgram program(command);

@@ -308,11 +308,12 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
     EXPECT_EQ(user.get_text(), passwords.size() == 2 ? cupsUser() : "ada");
     const auto labels = test::all<Gtk::Label>(window);
     ASSERT_GE(labels.size(), 3U);
-    std::vector<std::string> texts;
-    for (int i = 0; i < 3; ++i) texts.push_back(dynamic_cast<Gtk::Label&>(*labels[i]).get_text());
-    EXPECT_NE(texts[0].find("card"), std::string::npos) << texts[0];
-    EXPECT_EQ((std::vector{texts[1], texts[2]}),
-              (std::vector<std::string>{"User name", "Password"}));
+    const auto text = [&labels](std::size_t i) -> std::string {
+      return dynamic_cast<Gtk::Label&>(*labels[i]).get_text();
+    };
+    EXPECT_NE(text(0).find("card"), std::string::npos) << text(0);
+    EXPECT_EQ(text(1), "User name");
+    EXPECT_EQ(text(2), "Password");
     for (Gtk::Entry* each : {&user, &password}) EXPECT_EQ(each->list_mnemonic_labels().size(), 1U);
     user.set_text("ada");
     password.set_text(passwords.front());
