@@ -5,11 +5,13 @@ Draws single changes of the product's sources at random, the same ones for the s
 a condition negated, a bound off by one, a statement dropped, a constant or text swapped. Each is
 built in a clone of HEAD (build/mutants), and the tests of what was built anew are run. Prints what
 no test noticed, and the share that was. What does not compile is drawn again. Results stay in
-build/mutants/seed-N.log, and a run that was stopped goes on after them. Parts of a draw can run side
-by side in clones of their own.
+build/mutants/seed-N.log, and a run that was stopped goes on after them; as long as the product is
+the same, another commit only asks again about what no test noticed. Parts of a draw can run side by
+side in clones of their own.
 """
 
 import argparse
+import hashlib
 import itertools
 import pathlib
 import random
@@ -24,6 +26,8 @@ CLONE = WORK / "tree"
 BUILD = CLONE / "build"
 ROOMS = ("platform", "plugin", "host", "dialog", "ports", "apps")
 LIMIT_SECONDS = 200
+SURVIVED = "SURVIVED"
+NO_CODE = "does not compile"
 LINKED = re.compile(r"Linking CXX (?:executable|shared library|shared module) (\S+)")
 # What tests a program or library that tests open or start: patterns of ctest's names.
 TESTED_BY = {
@@ -154,13 +158,16 @@ def mutants_of(path):
         yield from make(path, source, code)
 
 
+def git(*arguments, cwd=ROOT):
+    return subprocess.run(
+        ["git", *arguments], cwd=cwd, check=True, capture_output=True, text=True
+    ).stdout.strip()
+
+
 def drawn(seed, folders):
     """All changes in random turn, each kind as often as the others."""
-    tracked = subprocess.run(
-        ["git", "ls-files", *folders], cwd=CLONE, check=True, capture_output=True, text=True
-    ).stdout.split()
     by_kind = {}
-    for path in sorted(tracked):
+    for path in sorted(git("ls-files", *folders, cwd=CLONE).split()):
         if path.endswith((".cpp", ".h")):
             for mutant in mutants_of(path):
                 by_kind.setdefault(mutant.kind, []).append(mutant)
@@ -228,26 +235,23 @@ def names(pattern):
 
 
 def judged(mutant):
-    """A line of the log, None when the change does not compile."""
+    """A line of the log."""
     path = CLONE / mutant.path
     source = path.read_text(encoding="utf-8")
     path.write_text(source[: mutant.start] + mutant.text + source[mutant.end :], encoding="utf-8")
     try:
         output = built()
-        if output is None:
-            return None
-        test = noticed(mutant.path, output)
+        test = output and noticed(mutant.path, output)
     finally:
         path.write_text(source, encoding="utf-8")
         built()  # or the next change's tests would be this one's too
-    return f"{'noticed by ' + test if test else 'SURVIVED'}: {mutant.described(source)}"
+    found = NO_CODE if output is None else f"noticed by {test}" if test else SURVIVED
+    return f"{found}: {mutant.described(source)}"
 
 
 def prepare():
     """The clone of HEAD, built, with all tests passing."""
-    head = subprocess.run(
-        ["git", "rev-parse", "HEAD"], cwd=ROOT, check=True, capture_output=True, text=True
-    ).stdout.strip()
+    head = git("rev-parse", "HEAD")
     if not CLONE.exists():
         WORK.mkdir(parents=True, exist_ok=True)
         subprocess.run(["git", "clone", "-q", "--shared", ROOT, CLONE], check=True)
@@ -266,6 +270,18 @@ def prepare():
     return head
 
 
+def known(log, product, head):
+    """What an earlier run found out, by the change: of another commit with the same product, what
+    has not survived."""
+    before = log.read_text(encoding="utf-8").splitlines() if log.exists() else []
+    if before[:1] != [product]:
+        return {}
+    lines = before[2:]
+    if before[1] != head:
+        lines = [line for line in lines if not line.startswith(SURVIVED)]
+    return {line.split(": ", 1)[1]: line for line in lines}
+
+
 def main():
     parser = argparse.ArgumentParser(
         description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter
@@ -278,23 +294,26 @@ def main():
     part, parts = map(int, arguments.part.split("/"))
     head = prepare()
     log = WORK / f"seed-{arguments.seed}.log"
-    before = log.read_text().splitlines() if log.exists() else []
-    known = {line.split(": ", 1)[1]: line for line in before if head in before[0]}
+    product = git("rev-parse", *(f"HEAD:{room}" for room in ROOMS))
+    product = hashlib.sha1(product.encode()).hexdigest()
+    earlier = known(log, product, head)
     lines = []
-    with log.open("w") as file:
-        print(head, file=file)
+    with log.open("w", encoding="utf-8") as file:
+        print(product, head, *earlier.values(), sep="\n", file=file, flush=True)
         mutants = drawn(arguments.seed, arguments.folders or ROOMS)
         for mutant in itertools.islice(mutants, part - 1, None, parts):
             if len(lines) == arguments.count:
                 break
             described = mutant.described((CLONE / mutant.path).read_text(encoding="utf-8"))
-            line = known.get(described) or judged(mutant)
+            line = earlier.get(described)
             if line is None:
+                line = judged(mutant)
+                print(line, file=file, flush=True)
+            if line.startswith(NO_CODE):
                 continue
             lines.append(line)
-            print(line, file=file, flush=True)
             print(f"{len(lines)} {line}", flush=True)
-    survivors = [line for line in lines if line.startswith("SURVIVED")]
+    survivors = [line for line in lines if line.startswith(SURVIVED)]
     print(*survivors, sep="\n")
     print(f"{len(lines) - len(survivors)} of {len(lines)} changes were noticed")
 
