@@ -101,6 +101,25 @@ TEST(CardGeometry, IsWithoutASizeWhereThePPDTellsNone) {
   EXPECT_EQ(card.height, 0);
 }
 
+TEST(CardGeometry, IsWithoutASizeWhereOneLengthIsNone) {
+  for (const char* size : {"0 100", "200 0", "-1 100", "200 -1"}) {
+    const JobOptions job = jobOf("*PPD-Adobe: \"4.3\"\n" + option("PageSize", {{"Badge", ""}}) +
+                                 "*PaperDimension Badge: \"" + size + "\"\n");
+    EXPECT_EQ(cardGeometry(job).width, 0) << size;
+    EXPECT_EQ(cardGeometry(job).height, 0) << size;
+  }
+}
+
+TEST(CardGeometry, HasNoMarginsWhereTheImageableAreaIsNone) {
+  for (const char* area : {"185 10 5 87", "5 87 185 10", "5 10 5 87", "5 10 185 10"}) {
+    const JobOptions job =
+        jobOf("*PPD-Adobe: \"4.3\"\n" + option("PageSize", {{"Badge", ""}}) +
+              "*ImageableArea Badge: \"" + area + "\"\n*PaperDimension Badge: \"200 100\"\n");
+    expectSize(job, 200, 100);
+    EXPECT_EQ(cardGeometry(job).margins, Margins()) << area;
+  }
+}
+
 TEST(CardGeometry, TakesTheFirstSizeWithoutAMarkOrADefault) {
   const JobOptions job = jobOf(
       "*PPD-Adobe: \"4.3\"\n*OpenUI *PageSize: PickOne\n*PageSize Small: \"\"\n"
@@ -121,6 +140,17 @@ TEST(CardGeometry, ReadsTheResolutionOffTheMarkedChoice) {
   expectResolution(job, 300, 600);
   job.mark("Resolution", "Best");
   expectResolution(job, 1200, 600);
+}
+
+TEST(CardGeometry, PassesOverCodeThatSetsNoWholeResolution) {
+  for (const char* code :
+       {"HWResolution [1200 600]", "/HWResolution 1200 600", "/HWResolution [1200]",
+        "/HWResolution [a 600]", "/HWResolution [1200 0]", "/HWResolution [-1 600]",
+        "/HWResolution [1200 600", "/HWResolution"}) {
+    const JobOptions job =
+        jobWith("*DefaultResolution: 150dpi\n" + option("Quality", {{"Best", code}}));
+    expectResolution(job, 150, 150);
+  }
 }
 
 TEST(CardGeometry, TakesTheResolutionThatAQualityStandsFor) {

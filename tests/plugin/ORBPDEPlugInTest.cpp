@@ -1,11 +1,15 @@
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
+#include "host/Error.h"
 #include "host/PlugInLibrary.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/PanelDriver.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestPPD.h"
 
 namespace cardpanels {
@@ -31,6 +35,21 @@ TEST(PlugIn, TheTypeInLowerCaseYieldsAnEmptyArray) {
 | END self(<ORBPDEPlugIn: 0x1>) PDEPanelsForType:withHostInfo:=NSArray(())
 = ()
 )");
+}
+
+TEST(PlugIn, AnotherLibraryIsToldByItsPathAndWhatItLacks) {
+  Dl_info other{};
+  ASSERT_NE(dladdr(reinterpret_cast<const void*>(&dlopen), &other), 0);
+  const test::TemporaryFolder folder;
+  const std::filesystem::path library = folder.path() / "cardpanels.so";
+  std::filesystem::create_symlink(std::filesystem::canonical(other.dli_fname), library);
+  try {
+    host::loadPlugIn(folder.path().string());
+    FAIL() << "it was loaded";
+  } catch (const host::Error& error) {
+    EXPECT_EQ(error.what(),
+              library.string() + ": This is no panel plug-in: it has no cardpanelsCreatePlugIn.");
+  }
 }
 
 TEST(PlugIn, NoTypeYieldsAnEmptyArray) {
