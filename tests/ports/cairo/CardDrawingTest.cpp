@@ -1,0 +1,211 @@
+#include <cairo.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <ostream>
+
+#include "ports/cairo/CardDrawing.h"
+
+namespace cardpanels::cairo {
+namespace {
+
+using dialog::CardScene;
+using dialog::PictureBox;
+using dialog::PictureLayout;
+using dialog::PicturePoint;
+using Pixel = std::uint32_t;  // alpha, red, green, blue
+
+constexpr int kWidth = 600;
+constexpr int kHeight = 400;
+constexpr double kLine = 16;
+constexpr Pixel kNothing = 0;
+constexpr Pixel kWhite = 0xFFFFFFFF;
+constexpr Pixel kBlack = 0xFF000000;
+constexpr Pixel kRed = 0xFFFF0000;
+constexpr Pixel kGreen = 0xFF00FF00;
+constexpr Pixel kBlue = 0xFF0000FF;
+
+CardScene blankCard() {
+  CardScene scene;
+  scene.card.width = 240;
+  scene.card.height = 150;
+  scene.isShown = true;
+  return scene;
+}
+
+CardStyle plainStyle() {
+  CardStyle style;
+  style.colours = {
+      .card = {1, 1, 1}, .ink = {}, .onCard = {}, .area = {0, 0, 1}, .error = {1, 0, 0}};
+  style.fontFamily = "DejaVu Sans";
+  style.fontSize = 12;
+  return style;
+}
+
+using Surface = std::shared_ptr<cairo_surface_t>;
+
+Surface surface(int width, int height) {
+  return {cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height), cairo_surface_destroy};
+}
+
+/// A page whose left half is red and whose right half is green.
+Surface page(int width, int height, bool isTurned = false) {
+  Surface page = surface(width, height);
+  const std::shared_ptr<cairo_t> cr(cairo_create(page.get()), cairo_destroy);
+  cairo_set_source_rgb(cr.get(), isTurned ? 0 : 1, isTurned ? 1 : 0, 0);
+  cairo_paint(cr.get());
+  cairo_set_source_rgb(cr.get(), isTurned ? 1 : 0, isTurned ? 0 : 1, 0);
+  cairo_rectangle(cr.get(), width / 2.0, 0, width / 2.0, height);
+  cairo_fill(cr.get());
+  return page;
+}
+
+/// What was drawn of a card.
+class Picture {
+ public:
+  void draw(const CardScene& scene, const CardStyle& style) {
+    surface_ = surface(kWidth, kHeight);
+    layout_ = PictureLayout(scene.card, kWidth, kHeight, kLine);
+    const std::shared_ptr<cairo_t> cr(cairo_create(surface_.get()), cairo_destroy);
+    drawing_.draw(cr.get(), scene, layout_, style);
+    EXPECT_EQ(cairo_status(cr.get()), CAIRO_STATUS_SUCCESS);
+    cairo_surface_flush(surface_.get());
+  }
+
+  Pixel at(PicturePoint place) const {
+    const auto* const data = cairo_image_surface_get_data(surface_.get());
+    const auto row = static_cast<std::size_t>(place.y) *
+                     static_cast<std::size_t>(cairo_image_surface_get_stride(surface_.get()));
+    Pixel pixel = 0;
+    std::memcpy(&pixel, data + row + 4 * static_cast<std::size_t>(place.x), sizeof pixel);
+    return pixel;
+  }
+
+  /// The place at a share of the card's width and height.
+  PicturePoint on(double across, double down) const {
+    const PictureBox& card = layout_.card();
+    return {card.left + across * card.width, card.top + down * card.height};
+  }
+  Pixel atCard(double across, double down) const { return at(on(across, down)); }
+
+  /// How many pixels of the box have something on them.
+  int drawnIn(const PictureBox& box) const {
+    int count = 0;
+    for (double y = box.top; y < box.bottom(); ++y) {
+      for (double x = box.left; x < box.right(); ++x) count += at({x, y}) != kNothing ? 1 : 0;
+    }
+    return count;
+  }
+
+  const PictureLayout& layout() const { return layout_; }
+
+ private:
+  CardDrawing drawing_;
+  PictureLayout layout_;
+  Surface surface_;
+};
+
+int lightness(Pixel pixel) {
+  return static_cast<int>((pixel >> 16 & 0xFF) + (pixel >> 8 & 0xFF) + (pixel & 0xFF));
+}
+
+TEST(CardDrawing, ABlankCardHasTheCardsColourAndRoundCorners) {
+  Picture picture;
+  picture.draw(blankCard(), plainStyle());
+  EXPECT_EQ(picture.atCard(0.5, 0.5), kWhite);
+  EXPECT_EQ(picture.atCard(0.5, 0.02), kWhite);
+  EXPECT_NE(picture.atCard(0.002, 0.004), kWhite) << "the corner is cut off";
+  EXPECT_EQ(picture.atCard(1.03, 0.5), kNothing) << "nothing is beside it";
+}
+
+TEST(CardDrawing, APageFillsTheCardAndNoMore) {
+  for (const double scale : {1.0, 2.0}) {
+    const Surface document = page(480, 300);
+    cairo_surface_set_device_scale(document.get(), scale, scale);
+    CardStyle style = plainStyle();
+    style.page = document.get();
+    Picture picture;
+    picture.draw(blankCard(), style);
+    EXPECT_EQ(picture.atCard(0.02, 0.5), kRed) << scale;
+    EXPECT_EQ(picture.atCard(0.48, 0.98), kRed) << scale;
+    EXPECT_EQ(picture.atCard(0.52, 0.02), kGreen) << scale;
+    EXPECT_EQ(picture.atCard(0.98, 0.5), kGreen) << scale;
+    EXPECT_EQ(picture.atCard(1.03, 0.5), kNothing) << scale;
+    EXPECT_NE(picture.atCard(0.002, 0.004), kRed) << "a page has the card's corners";
+  }
+}
+
+TEST(CardDrawing, AnotherPageTakesThePlaceOfTheFirst) {
+  const Surface first = page(240, 150);
+  const Surface second = page(240, 150, true);
+  CardStyle style = plainStyle();
+  Picture picture;
+  style.page = first.get();
+  picture.draw(blankCard(), style);
+  EXPECT_EQ(picture.atCard(0.25, 0.5), kRed);
+  style.page = second.get();
+  picture.draw(blankCard(), style);
+  EXPECT_EQ(picture.atCard(0.25, 0.5), kGreen);
+  style.page = nullptr;
+  picture.draw(blankCard(), style);
+  EXPECT_EQ(picture.atCard(0.25, 0.5), kWhite);
+}
+
+TEST(CardDrawing, WhatThePrinterCannotReachIsShadedOnEachSide) {
+  CardScene scene = blankCard();
+  scene.card.margins = {.left = 24, .top = 15, .right = 48, .bottom = 30};
+  Picture picture;
+  picture.draw(scene, plainStyle());
+  EXPECT_EQ(picture.atCard(0.5, 0.5), kWhite);
+  EXPECT_EQ(picture.atCard(0.12, 0.5), kWhite);
+  EXPECT_EQ(picture.atCard(0.5, 0.12), kWhite);
+  const Pixel shade = picture.atCard(0.05, 0.5);
+  EXPECT_LT(lightness(shade), lightness(kWhite));
+  EXPECT_GT(lightness(shade), lightness(kBlack));
+  EXPECT_EQ(picture.atCard(0.5, 0.05), shade);
+  EXPECT_EQ(picture.atCard(0.85, 0.5), shade);
+  EXPECT_EQ(picture.atCard(0.5, 0.85), shade);
+}
+
+TEST(CardDrawing, ACardWithoutASizeIsNotDrawn) {
+  CardScene scene;
+  scene.fixed = {{0, 0, 60, 40}};
+  Picture picture;
+  picture.draw(scene, plainStyle());
+  EXPECT_EQ(picture.drawnIn({0, 0, kWidth, kHeight}), 0);
+}
+
+TEST(CardDrawing, TheCornerThatCountsAsNoughtIsMarked) {
+  CardScene scene = blankCard();
+  Picture picture;
+  picture.draw(scene, plainStyle());
+  const PictureBox& card = picture.layout().card();
+  const PictureBox above{card.left - 1.5 * kLine, card.top - 1.5 * kLine, kLine, kLine};
+  const PictureBox below{card.left - 1.5 * kLine, card.bottom() + 0.5 * kLine, kLine, kLine};
+  EXPECT_GT(picture.drawnIn(above), 0);
+  EXPECT_EQ(picture.drawnIn(below), 0);
+  scene.card.countsFromBottom = true;
+  picture.draw(scene, plainStyle());
+  EXPECT_EQ(picture.drawnIn(above), 0);
+  EXPECT_GT(picture.drawnIn(below), 0);
+}
+
+TEST(CardDrawing, AnAreaHasItsColourAndThatOfErrorsWhereItIsWrong) {
+  CardScene scene = blankCard();
+  scene.fixed = {{12, 100, 48, 30}};
+  scene.shapes = {{.key = "one", .place = {12, 15, 96, 60}, .texts = {}, .warnings = {}},
+                  {.key = "two", .place = {132, 15, 96, 60}, .texts = {}, .warnings = {}}};
+  scene.shapes[1].warnings.push_back({dialog::AreaWarning::Kind::covered, "two", "It is covered."});
+  Picture picture;
+  picture.draw(scene, plainStyle());
+  EXPECT_EQ(picture.at({picture.on(0.05, 0).x, picture.on(0, 0.3).y}), kBlue) << "its left edge";
+  EXPECT_EQ(picture.at({picture.on(0.55, 0).x, picture.on(0, 0.3).y}), kRed);
+  EXPECT_EQ(picture.at({picture.on(0.05, 0).x, picture.on(0, 0.75).y}), kBlue) << "the fixed one";
+  EXPECT_NE(picture.atCard(0.1, 0.2), kWhite) << "it is tinted within";
+  EXPECT_EQ(picture.atCard(0.5, 0.9), kWhite);
+}
+
+}  // namespace
+}  // namespace cardpanels::cairo
