@@ -1,3 +1,4 @@
+#include <cups/ppd.h>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -39,7 +40,7 @@ TEST(PlugIn, TheTypeInLowerCaseYieldsAnEmptyArray) {
 
 TEST(PlugIn, AnotherLibraryIsToldByItsPathAndWhatItLacks) {
   Dl_info other{};
-  ASSERT_NE(dladdr(reinterpret_cast<const void*>(&dlopen), &other), 0);
+  ASSERT_NE(dladdr(reinterpret_cast<const void*>(&ppdClose), &other), 0);
   const test::TemporaryFolder folder;
   const std::filesystem::path library = folder.path() / "cardpanels.so";
   std::filesystem::create_symlink(std::filesystem::canonical(other.dli_fname), library);

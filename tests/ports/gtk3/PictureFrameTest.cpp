@@ -1,3 +1,4 @@
+#include <gdk/gdkkeysyms.h>
 #include <gtest/gtest.h>
 #include <gtkmm/drawingarea.h>
 #include <gtkmm/grid.h>
@@ -10,6 +11,7 @@
 #include "host/JobOptions.h"
 #include "host/PPDFile.h"
 #include "host/PanelHost.h"
+#include "ports/gtk/PictureKeys.h"
 #include "ports/gtk3/CardPage.h"
 #include "ports/gtk3/GtkBundle.h"
 #include "ports/gtk3/WidgetView.h"
@@ -85,6 +87,23 @@ TEST_F(PictureFrames, LetWhatAssistiveTechnologyHoldsOutliveThem) {
   EXPECT_FALSE(atk_action_do_action(ATK_ACTION(area), 0));
   g_object_unref(states);
   g_object_unref(area);
+}
+
+TEST_F(PictureFrames, LeaveKeysToOthersWhereTheyMeanSomethingElse) {
+  dialog::CardPicture& picture = pictures().front()->picture();
+  ASSERT_TRUE(gtk::pressKey(picture, GDK_KEY_Insert, 0));
+  const auto place = [&picture] { return picture.scene().shapes.at(0).place; };
+  const dialog::AreaRectangle before = place();
+  EXPECT_FALSE(gtk::pressKey(picture, GDK_KEY_a, 0));
+  EXPECT_FALSE(gtk::pressKey(picture, GDK_KEY_Right, GDK_MOD1_MASK)) << "a mnemonic";
+  EXPECT_FALSE(gtk::pressKey(picture, GDK_KEY_Page_Up, GDK_CONTROL_MASK)) << "another panel";
+  EXPECT_FALSE(gtk::pressKey(picture, GDK_KEY_Page_Down, GDK_CONTROL_MASK));
+  EXPECT_EQ(place(), before);
+  EXPECT_TRUE(gtk::pressKey(picture, GDK_KEY_KP_Right, 0));
+  EXPECT_GT(place().x, before.x);
+  EXPECT_EQ(place().width, before.width);
+  EXPECT_TRUE(gtk::pressKey(picture, GDK_KEY_Left, GDK_SHIFT_MASK));
+  EXPECT_LT(place().width, before.width);
 }
 
 }  // namespace
