@@ -48,7 +48,7 @@ OWN = {
     "plugin": "^(panels|choices|plugin|area-strings|trace-allocation)-test",
     "host": "^host-",
     "dialog": "^dialog-(test|state)",
-    "ports/cairo": "^gtk[34]-test",
+    "ports/cairo": "^(cairo|gtk[34])-test",
     "ports/gtk": "^gtk[34]-test",
     "ports/gtk3": "^gtk3-test",
     "ports/gtk4": "^gtk4-test",
