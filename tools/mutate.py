@@ -32,14 +32,14 @@ LINKED = re.compile(r"Linking CXX (?:executable|shared library|shared module) (\
 # What tests a program or library that tests open or start: patterns of ctest's names.
 TESTED_BY = {
     "bin/cardprint": "^cardprint-",
-    "bin/pde-drive": "^pde-drive-|^project-plug-in",
+    "bin/pde-drive": "^pde-drive-",
     "lib/libcardprint-dialog.so": "^cardprint-(dialog|files|picture|presets|queue)",
     "lib/libcardpanels-gtk3-module.so": "^gtk3-module",
     "lib/libcardpanels-gtk3-page.so": "^gtk3-module",
     "lib/libcardpanels-gtk4-module.so": "^gtk4-(module|programs)",
     "lib/libcardpanels-gtk4-page.so": "^gtk4-(module|programs)",
     "lib/cardpanels.bundle/cardpanels.so": (
-        "^(panels|plugin|dialog|host-panels)-test|^cardprint-|^gtk3-module|^project-plug-in"
+        "^(panels|plugin|dialog|host-panels)-test|^cardprint-|^gtk3-module"
     ),
 }
 # The tests of a room's own, asked before those of the others.
