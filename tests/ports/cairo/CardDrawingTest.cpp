@@ -7,6 +7,7 @@
 #include <ostream>
 
 #include "ports/cairo/CardDrawing.h"
+#include "tests/support/ScopedLocale.h"
 
 namespace cardpanels::cairo {
 namespace {
@@ -99,6 +100,20 @@ class Picture {
     return count;
   }
 
+  /// How many lines stand side by side between two places in a row or in a column.
+  int linesBetween(PicturePoint from, PicturePoint to) const {
+    int count = 0;
+    bool isInLine = false;
+    for (double y = from.y; y <= to.y; ++y) {
+      for (double x = from.x; x <= to.x; ++x) {
+        const bool isDrawn = at({x, y}) != kNothing;
+        count += isDrawn && !isInLine ? 1 : 0;
+        isInLine = isDrawn;
+      }
+    }
+    return count;
+  }
+
   const PictureLayout& layout() const { return layout_; }
 
  private:
@@ -106,6 +121,27 @@ class Picture {
   PictureLayout layout_;
   Surface surface_;
 };
+
+/// How far rulers and the mark of the corner are from the card.
+constexpr double kGap = 0.15 * kLine;
+
+/// How many marks of the ruler above the card are longer than that, in lines of text.
+int marksAbove(const Picture& picture, double length) {
+  const PictureBox& card = picture.layout().card();
+  const double y = card.top - kGap - length * kLine;
+  return picture.linesBetween({card.left - 1, y}, {card.right() + 1, y});
+}
+
+int marksBeside(const Picture& picture, double length) {
+  const PictureBox& card = picture.layout().card();
+  const double x = card.left - kGap - length * kLine;
+  return picture.linesBetween({x, card.top - 1}, {x, card.bottom() + 1});
+}
+
+// Lengths between those of the marks.
+constexpr double kFine = 0.13;
+constexpr double kMiddle = 0.28;
+constexpr double kNumbered = 0.44;
 
 int lightness(Pixel pixel) {
   return static_cast<int>((pixel >> 16 & 0xFF) + (pixel >> 8 & 0xFF) + (pixel & 0xFF));
@@ -190,6 +226,98 @@ TEST(CardDrawing, TheCornerThatCountsAsNoughtIsMarked) {
   picture.draw(scene, plainStyle());
   EXPECT_EQ(picture.drawnIn(above), 0);
   EXPECT_GT(picture.drawnIn(below), 0);
+}
+
+TEST(CardDrawing, TheMarkOfTheCornerIsALineHighAndWide) {
+  for (const bool fromBottom : {false, true}) {
+    CardScene scene = blankCard();
+    scene.card.countsFromBottom = fromBottom;
+    Picture picture;
+    picture.draw(scene, plainStyle());
+    const PictureBox& card = picture.layout().card();
+    const double inwards = fromBottom ? -1 : 1;
+    const double corner = fromBottom ? card.bottom() : card.top;
+    const auto upright = [&](double lines) {
+      return picture.at({card.left - kGap + 0.5, corner + inwards * lines * kLine});
+    };
+    const auto level = [&](double lines) {
+      return picture.at({card.left + lines * kLine, corner - inwards * (kGap - 0.5)});
+    };
+    EXPECT_NE(upright(0.8), kNothing) << fromBottom;
+    EXPECT_EQ(upright(1.3), kNothing) << fromBottom;
+    EXPECT_NE(level(0.8), kNothing) << fromBottom;
+    EXPECT_EQ(level(1.3), kNothing) << fromBottom;
+  }
+}
+
+TEST(CardDrawing, RulersHaveAMarkEachMillimeterAndANumberEachTenth) {
+  const test::ScopedLocale metric(LC_MEASUREMENT, "de_DE.UTF-8");
+  Picture picture;
+  picture.draw(blankCard(), plainStyle());
+  EXPECT_EQ(marksAbove(picture, kFine), 85);
+  EXPECT_EQ(marksAbove(picture, kMiddle), 17);
+  EXPECT_EQ(marksAbove(picture, kNumbered), 9);
+  EXPECT_EQ(marksAbove(picture, 0.6), 0);
+  EXPECT_EQ(marksBeside(picture, kFine), 53);
+  EXPECT_EQ(marksBeside(picture, kMiddle), 11);
+  EXPECT_EQ(marksBeside(picture, kNumbered), 6);
+  EXPECT_EQ(marksBeside(picture, 0.6), 0);
+  const PictureBox& card = picture.layout().card();
+  const double millimeter = card.width / 240 * 72 / 25.4;
+  for (const int mark : {0, 5, 10, 15, 20, 80, 85}) {
+    const PictureBox number{card.left + mark * millimeter - 3, card.top - kGap - kLine - 3, 6, 6};
+    EXPECT_EQ(picture.drawnIn(number) > 0, mark != 0 && mark % 10 == 0) << mark;
+  }
+}
+
+TEST(CardDrawing, TheRulerBesideTheCardCountsFromTheCorner) {
+  const test::ScopedLocale metric(LC_MEASUREMENT, "de_DE.UTF-8");
+  CardScene scene = blankCard();
+  for (const bool fromBottom : {false, true}) {
+    scene.card.countsFromBottom = fromBottom;
+    Picture picture;
+    picture.draw(scene, plainStyle());
+    EXPECT_EQ(marksBeside(picture, kFine), 53);
+    const PictureBox& card = picture.layout().card();
+    const double x = card.left - kGap - kNumbered * kLine;
+    EXPECT_EQ(picture.linesBetween({x, card.top - 2}, {x, card.top + 2}), fromBottom ? 0 : 1);
+    EXPECT_EQ(picture.linesBetween({x, card.bottom() - 2}, {x, card.bottom() + 2}),
+              fromBottom ? 1 : 0);
+  }
+}
+
+TEST(CardDrawing, RulersLeaveOutWhatHasNoRoom) {
+  const test::ScopedLocale metric(LC_MEASUREMENT, "de_DE.UTF-8");
+  CardScene scene = blankCard();
+  scene.card.width *= 3;
+  scene.card.height *= 3;
+  Picture picture;
+  picture.draw(scene, plainStyle());
+  EXPECT_EQ(marksAbove(picture, kFine), 51);
+  EXPECT_EQ(marksAbove(picture, kNumbered), 13);
+  EXPECT_EQ(marksBeside(picture, kFine), 32);
+  EXPECT_EQ(marksBeside(picture, kNumbered), 8);
+}
+
+TEST(CardDrawing, RulersAreInInchesWherePeopleMeasureSo) {
+  const test::ScopedLocale american(LC_MEASUREMENT, "en_US.UTF-8");
+  Picture picture;
+  picture.draw(blankCard(), plainStyle());
+  EXPECT_EQ(marksAbove(picture, kFine), 27);
+  EXPECT_EQ(marksAbove(picture, kMiddle), 7);
+  EXPECT_EQ(marksAbove(picture, kNumbered), 4);
+}
+
+TEST(CardDrawing, RulersInInchesLeaveOutWhatHasNoRoom) {
+  const test::ScopedLocale american(LC_MEASUREMENT, "en_US.UTF-8");
+  CardScene scene = blankCard();
+  scene.card.width *= 8;
+  scene.card.height *= 8;
+  Picture picture;
+  picture.draw(scene, plainStyle());
+  EXPECT_EQ(marksAbove(picture, kFine), 54);
+  EXPECT_EQ(marksAbove(picture, kMiddle), 54);
+  EXPECT_EQ(marksAbove(picture, kNumbered), 14);
 }
 
 TEST(CardDrawing, AnAreaHasItsColourAndThatOfErrorsWhereItIsWrong) {
