@@ -42,6 +42,8 @@ INSTANTIATE_TEST_SUITE_P(Text, BadUTF8,
 
 TEST(Text, EveryLengthOfUTF8IsValid) { EXPECT_TRUE(isUTF8("aé日😀")); }
 
+TEST(Text, NothingHasNoCharacter) { EXPECT_EQ(utf8CharacterLength(""), 0U); }
+
 TEST(Text, StaysOnOneLine) {
   EXPECT_EQ(onOneLine("a\nb\r\tc\x1B[31m\x7F"), R"(a\nb\r\tc\x1b[31m\x7f)");
 }
