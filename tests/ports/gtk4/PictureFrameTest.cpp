@@ -2,6 +2,7 @@
 #include <gtkmm/drawingarea.h>
 #include <gtkmm/grid.h>
 #include <gtkmm/notebook.h>
+#include <gtkmm/settings.h>
 #include <gtkmm/window.h>
 
 #include <memory>
@@ -10,6 +11,7 @@
 #include "host/JobOptions.h"
 #include "host/PPDFile.h"
 #include "host/PanelHost.h"
+#include "ports/gtk/PictureStyle.h"
 #include "ports/gtk4/AccessibleName.h"
 #include "ports/gtk4/CardPage.h"
 #include "ports/gtk4/Children.h"
@@ -91,6 +93,21 @@ TEST_F(PictureFrames, LeaveTheFieldsWhereTheyStoodWhenThePageEnds) {
   page_.reset();
   EXPECT_EQ(test::all<Gtk::Notebook>(panel), before);
   for (Gtk::Widget* each : before) EXPECT_EQ(each->get_parent(), &panel);
+}
+
+TEST_F(PictureFrames, HaveColoursInAThemeThatNamesNone) {
+  auto theme = Gtk::Settings::get_default()->property_gtk_theme_name();
+  const Glib::ustring before = theme.get_value();
+  theme.set_value("Empty");
+  Gtk::Widget& picture = *pictures().front();
+  const cairo::CardColours colours = gtk::themeColours(picture.gobj(), false);
+  theme.set_value(before);
+  const cairo::Colour black;
+  EXPECT_EQ(colours.card, (cairo::Colour{1, 1, 1}));
+  EXPECT_EQ(colours.ink, black);
+  EXPECT_EQ(colours.onCard, black);
+  EXPECT_EQ(colours.area, cairo::readable({0, 0, 1}, black));
+  EXPECT_EQ(colours.error, cairo::readable({1, 0, 0}, black));
 }
 
 TEST_F(PictureFrames, HaveAWidgetForEachAreaWhereItIs) {
