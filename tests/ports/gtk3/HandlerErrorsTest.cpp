@@ -49,6 +49,14 @@ TEST_F(HandlerErrorsTest, WhatATaskOfTheMainLoopThrowsIsThrownAgain) {
   EXPECT_THROW(errors_.rethrow(), std::out_of_range);
 }
 
+TEST_F(HandlerErrorsTest, WhatIsThrownLaterIsToldOfButNotThrownAgain) {
+  gtk::postToMainLoop([] { throw std::out_of_range("first"); });
+  gtk::postToMainLoop([] { throw std::runtime_error("second"); });
+  test::handleEvents();
+  EXPECT_EQ(thrown_, 2);
+  EXPECT_THROW(errors_.rethrow(), std::out_of_range);
+}
+
 TEST_F(HandlerErrorsTest, WhatAnActionThrowsIsThrownAgain) {
   const test::TemporaryFolder folder;
   folder.write("resources/ui/Test.ui", test::kTestFile);
