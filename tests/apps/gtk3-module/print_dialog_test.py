@@ -3,6 +3,7 @@
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import unittest
 
@@ -117,6 +118,20 @@ class PanelsTestCase(PrintDialogTestCase):
         dialog.select_printer("card")
         dialog.open_card()
         dialog.choose("Front Ribbon", "Color and UV (YMCF)")
+
+    def test_a_module_without_its_libraries_tells_so_and_leaves_the_dialog_as_it_is(self):
+        alone = shutil.copy(MODULE, self.desktop.home)
+        dialog = self.start_demo(module=alone)
+        dialog.select_printer("plain")
+        dialog.select_printer("card")
+        dialog.open_tab("Advanced")
+        self.assertFalse(dialog.has_tab("Card"))
+        dialog.press("Print")
+        self.assert_job(self.job())
+        _, errors = self.program.end()
+        self.program = None
+        for library in ("libcardpanels-gtk3-page.so", "libcardpanels-host.so.0"):
+            self.assertRegex(errors, f"cardpanels: .*{library}: cannot open shared object file")
 
     def test_saved_options_are_shown_and_printed(self):
         saved = "cardLaminate=Back frontResin=DefinedAreas coating=Gloss"
