@@ -55,13 +55,15 @@ OWN = {
     "ports/headless": "^headless-test",
     "apps/cardprint": "^cardprint-",
     "apps/cardprint-dialog": "^cardprint-(?!test|command)",
-    "apps/gtk-module": "^gtk[34]-module",
+    "apps/gtk-module": "^gtk[34]-(module|page)",
     "apps/gtk3-module": "^gtk3-module",
-    "apps/gtk4-module": "^gtk4-(module|programs)",
+    "apps/gtk4-module": "^gtk4-(module|page|programs)",
     "apps/pde-drive": "^pde-drive-",
 }
 # Servers, windows and people take their time: asked last.
 SLOW = "^gtk[34]-(module|programs)|^cardprint-(?!test)|^host-queue|^dialog-state"
+# The slowest. What both GTKs have in common is asked in GTK 3's dialog, where the same is tested.
+OF_GTK4 = "^gtk4-(module|programs)"
 
 NOT_CODE = re.compile(
     r"//[^\n]*|/\*.*?\*/"
@@ -214,6 +216,8 @@ def noticed(path, output):
         return ""
     own = next(pattern for room, pattern in OWN.items() if path.startswith(room + "/"))
     left = names("|".join(sorted(concerned)))
+    if not path.startswith(("ports/gtk", "apps/gtk")):
+        left = [each for each in left if not re.match(OF_GTK4, each)]
     for is_next in (
         lambda each: re.search(own, each) and not re.search(SLOW, each),
         lambda each: not re.search(SLOW, each),
