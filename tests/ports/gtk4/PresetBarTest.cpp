@@ -3,11 +3,13 @@
 #include <gtkmm/dropdown.h>
 #include <gtkmm/image.h>
 #include <gtkmm/label.h>
+#include <gtkmm/menubutton.h>
 #include <gtkmm/window.h>
 
 #include <deque>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,6 +30,13 @@ using testing::IsEmpty;
 
 const std::vector<host::Preset> kSaved{
     {""}, {"staff", true}, {"visitors", false, {{"copies", "2"}}}};
+
+Gtk::Widget& labelled(Gtk::Widget& inside, const std::string& text) {
+  for (Gtk::Widget* each : test::all<Gtk::Label>(inside)) {
+    if (dynamic_cast<Gtk::Label&>(*each).get_text().raw() == text) return *each;
+  }
+  throw std::logic_error("no label " + text);
+}
 
 class PresetBarTest : public testing::Test {
  protected:
@@ -157,6 +166,24 @@ TEST_F(PresetBarTest, TheMenuDoesWhatThePresetAllows) {
   EXPECT_EQ(tasks_.back().name.instance, "visitors");
 }
 
+TEST_F(PresetBarTest, ThePartsStandInARowAndTheMenuAtItsEnd) {
+  auto& around = *Gtk::make_managed<Gtk::Box>();
+  window_.set_child(around);
+  window_.set_default_size(800, 100);
+  around.append(bar_);
+  bar_.set_hexpand();
+  bar_.display({.entries = {{"Standard"}}, .state = "Modified"});
+  window_.set_visible();
+  ASSERT_TRUE(test::handleEventsUntil([this] { return bar_.get_width() > 0; }));
+  const auto whole = test::placeOf(around);
+  const auto caption = test::placeOf(labelled(bar_, "Preset"));
+  const auto choice = test::placeOf(popUp());
+  EXPECT_EQ(caption.left - whole.left, 6);
+  EXPECT_EQ(across(caption, choice), 6);
+  EXPECT_EQ(across(choice, test::placeOf(labelled(bar_, "Modified"))), 6);
+  EXPECT_EQ(whole.right - test::placeOf(*all<Gtk::MenuButton>(bar_).front()).right, 6);
+}
+
 class NameDialogTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -195,6 +222,22 @@ TEST_F(NameDialogTest, ANameIsJudgedWhileItIsTyped) {
   EXPECT_TRUE(save().get_sensitive());
   type("guestss");
   EXPECT_FALSE(save().get_sensitive());
+}
+
+TEST_F(NameDialogTest, TheNameStandsBesideItsCaptionAndTheVerdictBelow) {
+  EXPECT_FALSE(dialog_.get_resizable());
+  type("two words");
+  test::handleEvents();
+  const auto caption = test::placeOf(labelled(dialog_, "Name"));
+  const auto field = test::placeOf(entry());
+  const auto verdict = test::placeOf(labelled(dialog_, "two words?"));
+  EXPECT_TRUE(areInOneRow(caption, field));
+  EXPECT_EQ(across(caption, field), 12);
+  EXPECT_EQ(down(field, verdict), 6);
+  EXPECT_EQ(verdict.left, caption.left);
+  EXPECT_EQ(verdict.right, field.right);
+  EXPECT_EQ(test::placeOf(dialog_).right - field.right, 12);
+  EXPECT_EQ(test::placeOf(save()).right, field.right);
 }
 
 TEST_F(NameDialogTest, EnterSavesAGoodNameOnly) {

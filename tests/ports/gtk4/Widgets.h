@@ -4,9 +4,12 @@
 #include <gtkmm/entry.h>
 #include <gtkmm/widget.h>
 
+#include <cmath>
+#include <stdexcept>
 #include <vector>
 
 #include "ports/gtk4/Children.h"
+#include "tests/support/Place.h"
 
 namespace cardpanels::test {
 
@@ -30,6 +33,18 @@ std::vector<Gtk::Widget*> all(Gtk::Widget& widget) {
   std::vector<Gtk::Widget*> found;
   collect<Types...>(widget, found);
   return found;
+}
+
+inline Place placeOf(Gtk::Widget& widget) {
+  graphene_rect_t bounds;
+  auto* const window = GTK_WIDGET(gtk_widget_get_root(widget.gobj()));
+  if (gtk_widget_compute_bounds(widget.gobj(), window, &bounds) == FALSE) {
+    throw std::logic_error("a widget in no window has no place");
+  }
+  const auto pixels = [](float length) { return static_cast<int>(std::lround(length)); };
+  const int left = pixels(bounds.origin.x);
+  const int top = pixels(bounds.origin.y);
+  return {left, top, left + pixels(bounds.size.width), top + pixels(bounds.size.height)};
 }
 
 }  // namespace cardpanels::test
