@@ -1,6 +1,7 @@
 #include <cairo.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -100,13 +101,13 @@ class Picture {
     return count;
   }
 
-  /// How many lines stand side by side between two places in a row or in a column.
-  int linesBetween(PicturePoint from, PicturePoint to) const {
+  /// How many lines stand side by side on `ground` between two places in a row or in a column.
+  int linesBetween(PicturePoint from, PicturePoint to, Pixel ground = kNothing) const {
     int count = 0;
     bool isInLine = false;
     for (double y = from.y; y <= to.y; ++y) {
       for (double x = from.x; x <= to.x; ++x) {
-        const bool isDrawn = at({x, y}) != kNothing;
+        const bool isDrawn = at({x, y}) != ground;
         count += isDrawn && !isInLine ? 1 : 0;
         isInLine = isDrawn;
       }
@@ -333,6 +334,141 @@ TEST(CardDrawing, AnAreaHasItsColourAndThatOfErrorsWhereItIsWrong) {
   EXPECT_EQ(picture.at({picture.on(0.05, 0).x, picture.on(0, 0.75).y}), kBlue) << "the fixed one";
   EXPECT_NE(picture.atCard(0.1, 0.2), kWhite) << "it is tinted within";
   EXPECT_EQ(picture.atCard(0.5, 0.9), kWhite);
+}
+
+/// One area in the middle of the card.
+CardScene oneArea() {
+  CardScene scene = blankCard();
+  scene.shapes = {{.key = "one", .place = {60, 45, 120, 60}, .texts = {}, .warnings = {}}};
+  return scene;
+}
+
+/// Where that is in the picture.
+PictureBox boxOfArea(const Picture& picture) {
+  const PictureBox box = picture.layout().boxOf({60, 45, 120, 60});
+  const double left = std::round(box.left);
+  const double top = std::round(box.top);
+  return {left, top, std::round(box.right()) - left, std::round(box.bottom()) - top};
+}
+
+TEST(CardDrawing, AnAreaToExcludeIsHatched) {
+  CardScene scene = oneArea();
+  scene.shapes[0].include = false;
+  for (const bool isWrong : {false, true}) {
+    if (isWrong) {
+      scene.shapes[0].warnings.push_back({dialog::AreaWarning::Kind::covered, "one", "Covered."});
+    }
+    Picture picture;
+    picture.draw(scene, plainStyle());
+    const PictureBox box = boxOfArea(picture);
+    const double y = box.top + 0.8 * box.height;
+    const int lines =
+        picture.linesBetween({box.left + 4, y}, {box.right() - 4, y}, kWhite);
+    EXPECT_NEAR(lines, box.width / (kLine / 2), 2) << isWrong;
+    const double above = box.top - 8;
+    EXPECT_EQ(picture.linesBetween({box.left, above}, {box.right() - 40, above}, kWhite), 0);
+    bool isRed = false;
+    for (double x = box.left + 4; x < box.right() - 4; ++x) {
+      const Pixel pixel = picture.at({x, y});
+      isRed = isRed || (pixel >> 16 & 0xFF) > (pixel & 0xFF);
+    }
+    EXPECT_EQ(isRed, isWrong);
+  }
+}
+
+TEST(CardDrawing, AnAreaHasItsNumberInTheMiddle) {
+  Picture picture;
+  const auto darkPixels = [&picture](const PictureBox& box) {
+    int count = 0;
+    for (double y = box.top; y < box.bottom(); ++y) {
+      for (double x = box.left; x < box.right(); ++x) {
+        count += lightness(picture.at({x, y})) < 200 ? 1 : 0;
+      }
+    }
+    return count;
+  };
+  CardScene scene = oneArea();
+  scene.shapes[0].number = 8;
+  picture.draw(scene, plainStyle());
+  const PictureBox box = boxOfArea(picture);
+  const double half = 0.6 * kLine;
+  const PictureBox middle{std::round(box.left + box.width / 2 - half),
+                          std::round(box.top + box.height / 2 - half), 2 * half, 2 * half};
+  const int dark = darkPixels(middle);
+  EXPECT_GT(dark, 10);
+  EXPECT_GT(lightness(picture.at({middle.left + 1, middle.top + 1})),
+            lightness(picture.at({middle.left - 4, middle.top - 4})))
+      << "it stands on the card's colour";
+  scene.shapes[0].number = 1;
+  picture.draw(scene, plainStyle());
+  EXPECT_NE(darkPixels(middle), dark);
+}
+
+TEST(CardDrawing, TheChosenAreaHasHandlesAroundIt) {
+  CardStyle style = plainStyle();
+  for (const bool isChosen : {false, true}) {
+    style.chosen = isChosen ? "one" : "two";
+    Picture picture;
+    picture.draw(oneArea(), style);
+    const PictureBox box = boxOfArea(picture);
+    const double middle = std::round(box.left + box.width / 2);
+    const double centre = std::round(box.top + box.height / 2);
+    for (const double x : {box.left, middle, box.right()}) {
+      for (const double y : {box.top, centre, box.bottom()}) {
+        if (x == middle && y == centre) continue;
+        EXPECT_EQ(picture.at({x, y}) == kWhite, isChosen) << x << ' ' << y;
+        EXPECT_EQ(lightness(picture.at({x - 3, y - 3})) < 400, isChosen) << x << ' ' << y;
+      }
+    }
+    EXPECT_GT(lightness(picture.at({middle - 3, centre - 3})), 700)
+        << "the ground of its number, without a handle";
+  }
+}
+
+TEST(CardDrawing, TheFocusIsADashedLineAroundWhatHasIt) {
+  CardStyle style = plainStyle();
+  const auto dashes = [&style](bool aroundArea) {
+    Picture picture;
+    picture.draw(oneArea(), style);
+    const PictureBox box = aroundArea ? boxOfArea(picture) : picture.layout().card();
+    const double x = aroundArea ? box.left - 5 : std::round(box.left) - 2;
+    return picture.linesBetween({x, box.top + 20}, {x, box.bottom() - 20},
+                                aroundArea ? kWhite : kNothing);
+  };
+  EXPECT_EQ(dashes(true), 0);
+  const int without = dashes(false);
+  style.hasFocus = true;
+  EXPECT_EQ(dashes(true), 0);
+  EXPECT_GT(dashes(false), without + 5);
+  style.chosen = "one";
+  EXPECT_GT(dashes(true), 5);
+  EXPECT_EQ(dashes(false), without);
+  style.hasFocus = false;
+  EXPECT_EQ(dashes(true), 0);
+}
+
+TEST(CardDrawing, AColourIsReadableNearerToTheInk) {
+  const Colour colour = readable({1, 0, 0.5}, {0, 1, 0.5});
+  EXPECT_NEAR(colour.red, 0.7, 1e-9);
+  EXPECT_NEAR(colour.green, 0.3, 1e-9);
+  EXPECT_NEAR(colour.blue, 0.5, 1e-9);
+}
+
+TEST(CardDrawing, AWrongAreaHasASignAtItsCorner) {
+  CardScene scene = oneArea();
+  scene.shapes[0].warnings.push_back({dialog::AreaWarning::Kind::covered, "one", "Covered."});
+  Picture picture;
+  picture.draw(scene, plainStyle());
+  const PictureBox box = boxOfArea(picture);
+  const double size = 1.3 * kLine;
+  const auto sign = [&](double across, double down) {
+    return picture.at({box.right() - size + across * size, box.top + down * size});
+  };
+  EXPECT_EQ(sign(0.5, 1), kRed) << "its foot";
+  EXPECT_EQ(sign(0.3, 0.85), kWhite);
+  EXPECT_EQ(sign(0.5, 0.5), kRed) << "the line of its exclamation mark";
+  EXPECT_EQ(sign(0.5, 0.82), kRed) << "and the dot";
+  EXPECT_NE(sign(0.5, 0.7), kRed);
 }
 
 }  // namespace
