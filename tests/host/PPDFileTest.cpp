@@ -98,6 +98,10 @@ TEST_F(OpenPPD, ADirectoryIsTold) { EXPECT_EQ(errorAt(folder.path().string()), "
 
 TEST_F(OpenPPD, ADeviceIsTold) { EXPECT_EQ(errorAt("/dev/null"), " This is not a regular file."); }
 
+TEST_F(OpenPPD, AFileThatCannotBeReadIsTold) {
+  EXPECT_EQ(errorAt("/proc/self/mem"), " Input/output error");
+}
+
 TEST_F(OpenPPD, AFileWithoutPermissionIsTold) {
   const std::string path = write(ppd());
   ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
