@@ -169,7 +169,9 @@ TEST_F(OpenPPD, AFileCutInsideAGroupIsTold) {
 TEST_F(OpenPPD, AFileCutInTheMiddleOfALineIsTold) {
   EXPECT_THAT(errorOf(ppd() + "*DefaultResolution: 30"),
               MatchesRegex("[0-9]+: The file ends inside this line."));
-  EXPECT_THAT(errorOf(ppd() + "*Def"), MatchesRegex("[0-9]+: The file ends inside this line."));
+  for (const char* begun : {"*D", "*Def"}) {
+    EXPECT_THAT(errorOf(ppd() + begun), MatchesRegex("[0-9]+: The file ends inside this line."));
+  }
   const std::string whole = ppd();
   EXPECT_THAT(errorOf(whole.substr(0, whole.size() - 3)),
               MatchesRegex("[0-9]+: The file ends inside this line."));
