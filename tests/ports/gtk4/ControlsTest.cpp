@@ -247,6 +247,19 @@ TEST_F(ControlsTest, AFieldShowsTextAndNothingForAbsence) {
   EXPECT_EQ(owner_->field->stringValue(), "");
 }
 
+TEST_F(ControlsTest, EachIsDescribedByItsKind) {
+  const auto kind = [](const platform::Object& control) {
+    const std::string text = control.description();
+    return text.substr(0, text.find(": 0x"));
+  };
+  EXPECT_EQ(kind(*owner_->label), "<TextField");
+  EXPECT_EQ(kind(*owner_->field), "<TextField");
+  EXPECT_EQ(kind(*owner_->popUp), "<PopUpButton");
+  EXPECT_EQ(kind(*owner_->popUp->menu()), "<Menu");
+  EXPECT_EQ(kind(*owner_->tabs), "<TabView");
+  EXPECT_EQ(kind(*view_), "<View");
+}
+
 TEST_F(ControlsTest, AFieldTakesTwentyCharacters) {
   entry().set_text("123456789012345678901");
   EXPECT_EQ(owner_->field->stringValue(), "12345678901234567890");
