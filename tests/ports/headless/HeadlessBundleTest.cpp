@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -101,6 +102,16 @@ TEST_F(Loading, TakesTheFilesStateOver) {
   EXPECT_TRUE(std::dynamic_pointer_cast<TabView>(owner->tabs)->isHidden());
 }
 
+TEST_F(Loading, CallsAFieldAsAssistiveTechnologyDoes) {
+  load(with("<property name=\"text\">1in</property>", R"(
+        <child internal-child="accessible">
+          <object class="AtkObject">
+            <property name="AtkObject::accessible-name">Left edge</property>
+          </object>
+        </child>)"));
+  EXPECT_EQ(dynamic_cast<TextField&>(*owner->field).caption(), "Left edge");
+}
+
 TEST_F(Loading, AimsTheActionsAtTheOwner) {
   load(kFile);
   std::dynamic_pointer_cast<PopUpButton>(owner->popUp)->userSelects(0);
@@ -136,7 +147,11 @@ TEST_F(Loading, NamesAnOutletOfTheWrongKind) {
 }
 
 TEST_F(Loading, NamesTheLineThatIsNoXML) {
-  EXPECT_EQ(load("<interface>\n<object class=\"GtkGrid\"\n</interface>\n").find(path + ":"), 0U);
+  for (const std::string before : {"", "\n", "\n\n\n"}) {
+    const std::string line = std::to_string(1 + before.size());
+    EXPECT_THAT(load("<interface>" + before + "<object class=GtkGrid/></interface>\n"),
+                testing::StartsWith(path + ":" + line + ": "));
+  }
 }
 
 TEST_F(Loading, NamesAFileWithoutObjects) {
