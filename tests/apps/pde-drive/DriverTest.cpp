@@ -53,9 +53,20 @@ TEST_F(Driver, NamesWhatIsWrongWithACommand) {
 
 TEST_F(Driver, TakesNoWordTooMany) {
   for (const char* each : {"panelName", "panelKind", "supportedPPDOptionKeys", "willShow",
-                           "shouldHide", "shouldShowHelp", "updateUI", "summaryInfo"}) {
+                           "shouldHide", "shouldPrint", "shouldShowHelp", "updateMarkedSelections",
+                           "updateUI", "initializeUI", "summaryInfo"}) {
     EXPECT_EQ(result("laminate " + std::string(each) + " more"), "takes 0 arguments, not 1");
   }
+  for (const char* each : {"restoreValuesAndReturnError", "saveValuesAndReturnError"}) {
+    EXPECT_EQ(result("laminate " + std::string(each) + " error more"),
+              "takes 0 to 1 arguments, not 2");
+  }
+  for (const char* each : {"PPDOptionKeyValueDidChange_ppdChoice", "pick", "type"}) {
+    EXPECT_EQ(result("laminate " + std::string(each) + " one"), "takes 2 arguments, not 1");
+    EXPECT_EQ(result("laminate " + std::string(each) + " one two three"),
+              "takes 2 arguments, not 3");
+  }
+  EXPECT_EQ(result("laminate state one two"), "takes 1 arguments, not 2");
 }
 
 TEST_F(Driver, NamesAnOptionOrChoiceThatThePPDLacks) {
