@@ -162,6 +162,15 @@ TEST_F(OpenPPD, AFileCutInsideAJCLOptionIsTold) {
               HasSubstr("*JCLOpenUI *JCLFlip is never closed"));
 }
 
+TEST_F(OpenPPD, AFileCutAfterAnyLineOfAnOptionIsTold) {
+  std::string lines = "*OpenUI *X/X: PickOne\n";
+  for (const char* each : {"*OrderDependency: 10 AnySetup *X\n", "*DefaultX: A\n",
+                           "*X A/A: \"\"\n"}) {
+    EXPECT_THAT(errorOf(ppd() + (lines += each)), HasSubstr("*OpenUI *X is never closed"));
+  }
+  EXPECT_EQ(errorOf(ppd() + lines + "*CloseUI: *X\n"), "opened");
+}
+
 TEST_F(OpenPPD, AFileCutInsideAGroupIsTold) {
   EXPECT_THAT(errorOf(ppd() + "*OpenGroup: Card/Card\n"), HasSubstr("Card/Card is never closed"));
 }
