@@ -264,9 +264,10 @@ def prepare():
     subprocess.run(["git", "fetch", "-q", "origin", head], cwd=CLONE, check=True)
     subprocess.run(["git", "reset", "-q", "--hard", head], cwd=CLONE, check=True)
     # Nobody waits for what runs, but for what compiles: a file for itself, by the faster compiler.
+    # What the sanitizers would find behind an array's end, the library's assertions do.
     configure = ["cmake", "--preset", "asan", "-B", BUILD, "-DCARDPANELS_SANITIZE=OFF"]
     configure += ["-DCARDPANELS_TESTS=ON", "-DCMAKE_UNITY_BUILD=OFF"]
-    configure += ["-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g0"]
+    configure += ["-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g0 -D_GLIBCXX_ASSERTIONS"]
     subprocess.run(configure, cwd=CLONE, check=True, stdout=subprocess.DEVNULL)
     if built() is None:
         sys.exit("mutate.py: HEAD does not build")
