@@ -9,7 +9,6 @@
 #include <deque>
 #include <functional>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,18 +24,12 @@ namespace cardpanels::gtk4 {
 namespace {
 
 using dialog::PresetRow;
+using test::labelled;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::vector<host::Preset> kSaved{
     {""}, {"staff", true}, {"visitors", false, {{"copies", "2"}}}};
-
-Gtk::Widget& labelled(Gtk::Widget& inside, const std::string& text) {
-  for (Gtk::Widget* each : test::all<Gtk::Label>(inside)) {
-    if (dynamic_cast<Gtk::Label&>(*each).get_text().raw() == text) return *each;
-  }
-  throw std::logic_error("no label " + text);
-}
 
 class PresetBarTest : public testing::Test {
  protected:

@@ -2,10 +2,12 @@
 
 #include <gtkmm/dropdown.h>
 #include <gtkmm/entry.h>
+#include <gtkmm/label.h>
 #include <gtkmm/widget.h>
 
 #include <cmath>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include "ports/gtk4/Children.h"
@@ -33,6 +35,15 @@ std::vector<Gtk::Widget*> all(Gtk::Widget& widget) {
   std::vector<Gtk::Widget*> found;
   collect<Types...>(widget, found);
   return found;
+}
+
+/// The label with that text inside `widget`.
+inline Gtk::Label& labelled(Gtk::Widget& widget, const std::string& text) {
+  for (Gtk::Widget* each : all<Gtk::Label>(widget)) {
+    auto& label = dynamic_cast<Gtk::Label&>(*each);
+    if (label.get_text().raw() == text) return label;
+  }
+  throw std::logic_error("nothing is labelled " + text);
 }
 
 inline Place placeOf(Gtk::Widget& widget) {

@@ -1,0 +1,77 @@
+#include "ports/gtk3/SummaryGrid.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <gtkmm/label.h>
+#include <gtkmm/window.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/ports/gtk3/VirtualDisplay.h"
+#include "tests/ports/gtk3/Widgets.h"
+
+namespace cardpanels::gtk3 {
+namespace {
+
+using test::across;
+using test::down;
+using test::Place;
+using testing::ElementsAre;
+
+class SummaryGridTest : public testing::Test {
+ protected:
+  void show(const dialog::Summary& summary) {
+    grid_.display(summary);
+    window_.add(grid_);
+    window_.show_all();
+    ASSERT_TRUE(test::handleEventsUntil([this] { return grid_.get_mapped(); }));
+  }
+
+  std::vector<std::string> texts() {
+    std::vector<std::string> all;
+    for (Gtk::Widget* each : test::all<Gtk::Label>(grid_)) {
+      all.push_back(dynamic_cast<Gtk::Label&>(*each).get_text());
+    }
+    return all;
+  }
+
+  Place placeOf(const std::string& text) {
+    return test::placeOf(test::labelled(grid_, text));
+  }
+
+  Gtk::Window window_;
+  SummaryGrid grid_;
+};
+
+TEST_F(SummaryGridTest, AnEntryMayHaveATitleAValueOrARemarkAlone) {
+  show({{"Laminate",
+          {{.title = "Title"}, {.value = "Value"}, {.remark = "Remark"}, {"Both", "Too", false, "More"}}}});
+  EXPECT_THAT(texts(), ElementsAre("Laminate", "Title", "", "", "Value", "Remark", "Both", "Too",
+                                   "More"));
+}
+
+TEST_F(SummaryGridTest, AGroupWithoutEntriesIsLeftOut) {
+  show({{"Laminate", {}}, {"Ribbon", {{"Front Ribbon", "YMCK"}}}});
+  EXPECT_THAT(texts(), ElementsAre("Ribbon", "Front Ribbon", "YMCK"));
+}
+
+TEST_F(SummaryGridTest, EntriesStandBelowTheirHeadingInColumns) {
+  show({{"Laminate", {{"Thermal Laminate", "Back", false, "A remark"}, {"Size", "Small"}}},
+        {"Ribbon", {{"Front Ribbon", "YMCK"}}}});
+  const Place heading = placeOf("Laminate");
+  const Place title = placeOf("Thermal Laminate");
+  const Place remark = placeOf("A remark");
+  EXPECT_EQ(title.left - heading.left, 12);
+  EXPECT_EQ(down(heading, title), 6);
+  EXPECT_EQ(across(title, placeOf("Back")), 12);
+  EXPECT_EQ(down(title, remark), 6);
+  EXPECT_EQ(remark.left, title.left);
+  EXPECT_EQ(down(remark, placeOf("Size")), 6);
+  EXPECT_EQ(placeOf("Small").left, placeOf("Back").left);
+  EXPECT_EQ(down(placeOf("Size"), placeOf("Ribbon")), 12 + 6);
+  EXPECT_EQ(placeOf("Ribbon").left, heading.left);
+}
+
+}  // namespace
+}  // namespace cardpanels::gtk3
