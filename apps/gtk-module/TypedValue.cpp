@@ -38,8 +38,8 @@ bool showsChoice(GtkWidget* field, GtkWidget* choices) {
 TypedValue::TypedValue(GtkWidget* widget) {
   if (widget == nullptr) return;
   forEachWidget(widget, [this](GtkWidget* each) {
-    if (GTK_IS_ENTRY(each)) g_set_weak_pointer(&field_, each);
-    if (GTK_IS_DROP_DOWN(each)) g_set_weak_pointer(&choices_, each);
+    if (isOneOf(each, {GTK_TYPE_ENTRY})) g_set_weak_pointer(&field_, each);
+    if (isOneOf(each, {GTK_TYPE_DROP_DOWN})) g_set_weak_pointer(&choices_, each);
   });
 }
 

@@ -56,12 +56,11 @@ bool isConfirmed(GtkPrintSettings* settings, const char* name, GObject* option) 
   return value != nullptr && value == valueOf(option);
 }
 
-/// The widget that GTK's description of the dialog calls `name`.
-GtkWidget* childNamed(GtkWidget* dialog, const char* name) {
+/// The widget of that type that GTK's description of the dialog calls `name`; null for none.
+GtkWidget* childNamed(GtkPrintUnixDialog* dialog, const char* name, GType type) {
   GtkWidget* found = nullptr;
-  forEachWidget(dialog, [&](GtkWidget* each) {
-    const char* const own = buildableName(each);
-    if (own != nullptr && std::strcmp(own, name) == 0) found = each;
+  forEachWidget(GTK_WIDGET(dialog), [&](GtkWidget* each) {
+    if (g_strcmp0(buildableName(each), name) == 0 && isOneOf(each, {type})) found = each;
   });
   return found;
 }
@@ -82,15 +81,14 @@ void hideWithLabels(GtkWidget* widget) {
 }
 
 bool isLayout(GtkWidget* widget) {
-  return GTK_IS_BOX(widget) || GTK_IS_GRID(widget) || GTK_IS_VIEWPORT(widget) ||
-         GTK_IS_SCROLLED_WINDOW(widget);
+  return isOneOf(widget,
+                 {GTK_TYPE_BOX, GTK_TYPE_GRID, GTK_TYPE_VIEWPORT, GTK_TYPE_SCROLLED_WINDOW});
 }
 
 /// Whether something is to be seen in `widget` but headings.
 bool showsSomething(GtkWidget* widget) {
-  if (gtk_widget_get_visible(widget) == FALSE || GTK_IS_LABEL(widget) || GTK_IS_SCROLLBAR(widget)) {
-    return false;
-  }
+  if (gtk_widget_get_visible(widget) == FALSE) return false;
+  if (isOneOf(widget, {GTK_TYPE_LABEL, GTK_TYPE_SCROLLBAR})) return false;
   if (!isLayout(widget)) return true;
   bool shows = false;
   forEachChild(widget, [&shows](GtkWidget* child) { shows = shows || showsSomething(child); });
@@ -143,9 +141,9 @@ class UnixPrintDialog::Control {
 
 UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
     : dialog_(dialog),
-      conflictSign_(childNamed(GTK_WIDGET(dialog), "conflicts_widget")),
-      paperSizes_(childNamed(GTK_WIDGET(dialog), "paper_size_combo")),
-      copies_(childNamed(GTK_WIDGET(dialog), "copies_spin")),
+      conflictSign_(childNamed(dialog, "conflicts_widget", GTK_TYPE_WIDGET)),
+      paperSizes_(childNamed(dialog, "paper_size_combo", paperListType())),
+      copies_(childNamed(dialog, "copies_spin", GTK_TYPE_SPIN_BUTTON)),
       guard_(dialog) {
   for (GtkWidget* each : {conflictSign_, paperSizes_, copies_}) {
     if (each != nullptr) g_object_ref(each);
@@ -155,7 +153,7 @@ UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
                              G_CALLBACK(+[](UnixPrintDialog* shown) { shown->denyConflict(); }),
                              this);
   }
-  for (const auto& [widget, signal] : {std::pair(paperSizes_, selectionSignal(paperSizes_)),
+  for (const auto& [widget, signal] : {std::pair(paperSizes_, kPaperSignal),
                                        std::pair(copies_, "value-changed")}) {
     if (widget == nullptr) continue;
     g_signal_connect_swapped(widget, signal,
@@ -229,12 +227,12 @@ void UnixPrintDialog::setPageSize(const std::string& size) {
 }
 
 std::string UnixPrintDialog::copies() const {
-  if (copies_ == nullptr || !GTK_IS_SPIN_BUTTON(copies_)) return "1";
+  if (copies_ == nullptr) return "1";
   return std::to_string(gtk_spin_button_get_value_as_int(GTK_SPIN_BUTTON(copies_)));
 }
 
 void UnixPrintDialog::setCopies(const std::string& copies) {
-  if (copies_ == nullptr || !GTK_IS_SPIN_BUTTON(copies_)) return;
+  if (copies_ == nullptr) return;
   gtk_spin_button_set_value(GTK_SPIN_BUTTON(copies_), g_ascii_strtod(copies.c_str(), nullptr));
 }
 
