@@ -149,7 +149,8 @@ UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
     if (each != nullptr) g_object_ref(each);
   }
   if (conflictSign_ != nullptr) {
-    g_signal_connect_swapped(conflictSign_, "notify::visible",
+    // Not "notify::visible": GTK 3 lets a sign stay visible while it goes, and tells that each time.
+    g_signal_connect_swapped(conflictSign_, "show",
                              G_CALLBACK(+[](UnixPrintDialog* shown) { shown->denyConflict(); }),
                              this);
   }
@@ -203,7 +204,6 @@ void UnixPrintDialog::changeLater() {
 }
 
 void UnixPrintDialog::denyConflict() {
-  if (gtk_widget_get_visible(conflictSign_) == FALSE) return;
   if (conflictDenied_ && conflictDenied_()) gtk_widget_set_visible(conflictSign_, FALSE);
 }
 

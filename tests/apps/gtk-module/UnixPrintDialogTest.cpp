@@ -1,0 +1,227 @@
+// The dialog of the GTK that this is compiled for, with its printer to a file: it needs no server.
+#include "apps/gtk-module/UnixPrintDialog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "apps/gtk-module/Widgets.h"
+#if GTK_CHECK_VERSION(4, 0, 0)
+#include "tests/ports/gtk4/VirtualDisplay.h"
+#else
+#include "tests/ports/gtk3/VirtualDisplay.h"
+#endif
+
+namespace cardpanels::gtkmodule {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// What all dialogs have in common, without a page.
+class PagelessDialog : public UnixPrintDialog {
+ public:
+  using UnixPrintDialog::UnixPrintDialog;
+  int told = 0;
+
+  void showText(const std::string& /*text*/) override {}
+  dialog::Page& showPanels(host::PanelHost& /*panels*/) override {
+    throw std::logic_error("there is no page");
+  }
+  void removePage() override {}
+
+ private:
+  void tellStatus() override { ++told; }
+};
+
+class UnixPrintDialogTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    g_object_set(gtk_settings_get_default(), "gtk-print-backends", "file", nullptr);
+    dialog_ = gtk_print_unix_dialog_new("Print", nullptr);
+    auto* const dialog = GTK_PRINT_UNIX_DIALOG(dialog_);
+    gtk_print_unix_dialog_set_manual_capabilities(
+        dialog,
+        static_cast<GtkPrintCapabilities>(GTK_PRINT_CAPABILITY_GENERATE_PDF |
+                                          GTK_PRINT_CAPABILITY_COPIES |
+                                          GTK_PRINT_CAPABILITY_PREVIEW));
+    gtk_print_unix_dialog_set_embed_page_setup(dialog, TRUE);
+    GtkPrintSettings* const settings = gtk_print_settings_new();
+    gtk_print_settings_set_printer(settings, "Print to File");
+    gtk_print_unix_dialog_set_settings(dialog, settings);
+    g_object_unref(settings);
+    gtk_widget_set_visible(dialog_, TRUE);
+    ASSERT_TRUE(test::handleEventsUntil(
+        [dialog] { return gtk_print_unix_dialog_get_selected_printer(dialog) != nullptr; }));
+  }
+
+  void TearDown() override {
+#if GTK_CHECK_VERSION(4, 0, 0)
+    gtk_window_destroy(GTK_WINDOW(dialog_));
+#else
+    gtk_widget_destroy(dialog_);
+#endif
+    test::handleEvents();
+  }
+
+  PagelessDialog ours() { return PagelessDialog(GTK_PRINT_UNIX_DIALOG(dialog_)); }
+
+  GtkWidget* named(const char* name) {
+    GtkWidget* found = nullptr;
+    forEachWidget(dialog_, [&](GtkWidget* each) {
+      if (g_strcmp0(buildableName(each), name) == 0) found = each;
+    });
+    return found;
+  }
+
+  GtkWidget* button(int response) {
+    return gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog_), response);
+  }
+  bool canPrint() { return gtk_widget_get_sensitive(button(GTK_RESPONSE_OK)) != FALSE; }
+  bool canPreview() { return gtk_widget_get_sensitive(button(GTK_RESPONSE_APPLY)) != FALSE; }
+
+  /// What comes and goes in GTK takes a quarter of a second.
+  static void letItMove() {
+    usleep(400'000);
+    test::handleEvents();
+  }
+
+  GtkWidget* dialog_ = nullptr;
+};
+
+TEST_F(UnixPrintDialogTest, CopiesAreThoseOfTheDialog) {
+  PagelessDialog dialog = ours();
+  EXPECT_EQ(dialog.copies(), "1");
+  dialog.setCopies("3");
+  EXPECT_EQ(dialog.copies(), "3");
+  EXPECT_EQ(gtk_spin_button_get_value_as_int(GTK_SPIN_BUTTON(named("copies_spin"))), 3);
+}
+
+TEST_F(UnixPrintDialogTest, ThePageSizeIsChosenByItsKeyword) {
+  PagelessDialog dialog = ours();
+  for (const char* size : {"A5", "A4", "Letter"}) {
+    dialog.setPageSize(size);
+    test::handleEvents();
+    EXPECT_EQ(dialog.pageSize(), size);
+  }
+  dialog.setPageSize("CR80");
+  test::handleEvents();
+  EXPECT_EQ(dialog.pageSize(), "Letter");
+}
+
+TEST_F(UnixPrintDialogTest, ChangesAreToldOnceLater) {
+  PagelessDialog dialog = ours();
+  dialog.setCopies("2");
+  test::handleEvents();
+  int changes = 0;
+  dialog.setChanged([&changes] { ++changes; });
+  dialog.setCopies("3");
+  dialog.setCopies("4");
+  dialog.setPageSize("A5");
+  EXPECT_EQ(changes, 0);
+  test::handleEvents();
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(UnixPrintDialogTest, WhatIsGivenToTheDialogIsAnOptionOfIt) {
+  PagelessDialog dialog = ours();
+  EXPECT_THAT(dialog.options(), IsEmpty());
+  int changes = 0;
+  dialog.setChanged([&changes] { ++changes; });
+  dialog.addOptions({{"frontRibbon", "YMCK"}, {"cardLaminate", "Back"}});
+  dialog.addOptions({{"frontRibbon", "None"}});
+  EXPECT_THAT(dialog.options(),
+              ElementsAre(host::Option{"frontRibbon", "YMCK"}, host::Option{"cardLaminate", "Back"}));
+  dialog.set({"cardLaminate", "Front"});
+  dialog.set({"cardThickness", "30"});
+  EXPECT_THAT(dialog.options(),
+              ElementsAre(host::Option{"frontRibbon", "YMCK"}, host::Option{"cardLaminate", "Front"}));
+  test::handleEvents();
+  EXPECT_EQ(changes, 1);
+  dialog.set({"frontRibbon", "gtk-ignore-value"});
+  EXPECT_THAT(dialog.options(), ElementsAre(host::Option{"cardLaminate", "Front"}));
+}
+
+TEST_F(UnixPrintDialogTest, NothingIsPrintedWhileSomethingIsWrong) {
+  PagelessDialog dialog = ours();
+  ASSERT_TRUE(canPrint());
+  ASSERT_TRUE(canPreview());
+  dialog.showStatus({.wrong = "A field is no measurement.", .pressing = {}, .printer = {}});
+  EXPECT_EQ(dialog.told, 1);
+  EXPECT_FALSE(canPrint());
+  EXPECT_FALSE(canPreview());
+  // GTK, for a printer that has come.
+  gtk_widget_set_sensitive(button(GTK_RESPONSE_OK), TRUE);
+  gtk_widget_set_sensitive(button(GTK_RESPONSE_APPLY), TRUE);
+  EXPECT_FALSE(canPrint());
+  EXPECT_FALSE(canPreview());
+  dialog.showStatus({});
+  EXPECT_TRUE(canPrint());
+  EXPECT_TRUE(canPreview());
+}
+
+TEST_F(UnixPrintDialogTest, WhatGTKKeepsBackStaysKeptBack) {
+  PagelessDialog dialog = ours();
+  gtk_widget_set_sensitive(button(GTK_RESPONSE_APPLY), FALSE);
+  dialog.showStatus({.wrong = "A field is no measurement.", .pressing = {}, .printer = {}});
+  dialog.showStatus({});
+  EXPECT_TRUE(canPrint());
+  EXPECT_FALSE(canPreview());
+}
+
+TEST_F(UnixPrintDialogTest, AConflictThatIsNoneIsNotShown) {
+  PagelessDialog dialog = ours();
+  GtkWidget* const sign = named("conflicts_widget");
+  const auto isShown = [sign] { return gtk_widget_get_visible(sign) != FALSE; };
+  const auto isGone = [isShown] { return !isShown(); };
+  gtk_widget_set_visible(sign, TRUE);
+  EXPECT_TRUE(isShown());
+  gtk_widget_set_visible(sign, FALSE);
+  ASSERT_TRUE(test::handleEventsUntil(isGone));
+  bool isDenied = true;
+  dialog.setConflictDenied([&isDenied] { return isDenied; });
+  gtk_widget_set_visible(sign, TRUE);
+  EXPECT_TRUE(test::handleEventsUntil(isGone));
+  isDenied = false;
+  gtk_widget_set_visible(sign, TRUE);
+  letItMove();
+  EXPECT_TRUE(isShown());
+}
+
+TEST_F(UnixPrintDialogTest, AConflictThatIsResolvedGoesSlowlyAndHoldsNothing) {
+  PagelessDialog dialog = ours();
+  bool isDenied = false;
+  dialog.setConflictDenied([&isDenied] { return isDenied; });
+  GtkWidget* const sign = named("conflicts_widget");
+  gtk_widget_set_visible(sign, TRUE);
+  letItMove();
+  isDenied = true;
+  gtk_widget_set_visible(sign, FALSE);
+  EXPECT_TRUE(
+      test::handleEventsUntil([sign] { return gtk_widget_get_visible(sign) == FALSE; }));
+}
+
+#if !GTK_CHECK_VERSION(4, 0, 0)
+
+TEST_F(UnixPrintDialogTest, ADialogWithOtherNamesForItsPartsIsLeftAlone) {
+  for (const char* name : {"conflicts_widget", "paper_size_combo", "copies_spin"}) {
+    gtk_buildable_set_name(GTK_BUILDABLE(named(name)), "renamed");
+  }
+  PagelessDialog dialog = ours();
+  const std::string size = dialog.pageSize();
+  dialog.setPageSize("A5");
+  dialog.setCopies("3");
+  test::handleEvents();
+  EXPECT_EQ(dialog.copies(), "1");
+  EXPECT_EQ(dialog.pageSize(), size);
+}
+
+#endif
+
+}  // namespace
+}  // namespace cardpanels::gtkmodule
