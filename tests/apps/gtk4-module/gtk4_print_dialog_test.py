@@ -195,7 +195,7 @@ class DialogsTestCase(Gtk4DialogCase):
         dialog.wait_for_presses("Preview", False)
         dialog.open_tab("General")
         dialog.wait_for_text("“Front Resin Area 1, X” is no measurement: “abc”")
-        dialog.open_tab("Card")
+        dialog.press("Show")
         dialog.type_area("Front Resin Area 1", "1in", "1in", "1in", "1in")
         dialog.wait_for_presses("Print")
         dialog.wait_for_presses("Preview")

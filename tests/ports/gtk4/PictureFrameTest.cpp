@@ -95,12 +95,15 @@ TEST_F(PictureFrames, LeaveTheFieldsWhereTheyStoodWhenThePageEnds) {
   for (Gtk::Widget* each : before) EXPECT_EQ(each->get_parent(), &panel);
 }
 
-TEST_F(PictureFrames, HaveColoursInAThemeThatNamesNone) {
+TEST_F(PictureFrames, HaveTheColoursOfTheThemeOrOfPaper) {
   auto theme = Gtk::Settings::get_default()->property_gtk_theme_name();
   const Glib::ustring before = theme.get_value();
   theme.set_value("Empty");
   Gtk::Widget& picture = *pictures().front();
   const cairo::CardColours colours = gtk::themeColours(picture.gobj(), false);
+  theme.set_value("Default-dark");
+  const cairo::CardColours ofTheme = gtk::themeColours(picture.gobj(), false);
+  const cairo::CardColours ofPage = gtk::themeColours(picture.gobj(), true);
   theme.set_value(before);
   const cairo::Colour black;
   EXPECT_EQ(colours.card, (cairo::Colour{1, 1, 1}));
@@ -108,6 +111,10 @@ TEST_F(PictureFrames, HaveColoursInAThemeThatNamesNone) {
   EXPECT_EQ(colours.onCard, black);
   EXPECT_EQ(colours.area, cairo::readable({0, 0, 1}, black));
   EXPECT_EQ(colours.error, cairo::readable({1, 0, 0}, black));
+  EXPECT_NE(ofTheme.ink, black);
+  EXPECT_EQ(ofTheme.onCard, ofTheme.ink);
+  EXPECT_EQ(ofPage.card, (cairo::Colour{1, 1, 1})) << "a page is as white as paper";
+  EXPECT_EQ(ofPage.onCard, black);
 }
 
 TEST_F(PictureFrames, HaveAWidgetForEachAreaWhereItIs) {
