@@ -149,13 +149,14 @@ UnixPrintDialog::UnixPrintDialog(GtkPrintUnixDialog* dialog)
     if (each != nullptr) g_object_ref(each);
   }
   if (conflictSign_ != nullptr) {
-    // Not "notify::visible": GTK 3 lets a sign stay visible while it goes, and tells that each time.
+    // Not "notify::visible": GTK 3 lets a sign stay visible while it goes, and tells that each
+    // time.
     g_signal_connect_swapped(conflictSign_, "show",
                              G_CALLBACK(+[](UnixPrintDialog* shown) { shown->denyConflict(); }),
                              this);
   }
-  for (const auto& [widget, signal] : {std::pair(paperSizes_, kPaperSignal),
-                                       std::pair(copies_, "value-changed")}) {
+  for (const auto& [widget, signal] :
+       {std::pair(paperSizes_, kPaperSignal), std::pair(copies_, "value-changed")}) {
     if (widget == nullptr) continue;
     g_signal_connect_swapped(widget, signal,
                              G_CALLBACK(+[](UnixPrintDialog* changed) { changed->changeLater(); }),

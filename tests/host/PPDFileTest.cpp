@@ -164,8 +164,8 @@ TEST_F(OpenPPD, AFileCutInsideAJCLOptionIsTold) {
 
 TEST_F(OpenPPD, AFileCutAfterAnyLineOfAnOptionIsTold) {
   std::string lines = "*OpenUI *X/X: PickOne\n";
-  for (const char* each : {"*OrderDependency: 10 AnySetup *X\n", "*DefaultX: A\n",
-                           "*X A/A: \"\"\n"}) {
+  for (const char* each :
+       {"*OrderDependency: 10 AnySetup *X\n", "*DefaultX: A\n", "*X A/A: \"\"\n"}) {
     EXPECT_THAT(errorOf(ppd() + (lines += each)), HasSubstr("*OpenUI *X is never closed"));
   }
   EXPECT_EQ(errorOf(ppd() + lines + "*CloseUI: *X\n"), "opened");

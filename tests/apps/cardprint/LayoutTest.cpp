@@ -1,11 +1,11 @@
-#include "apps/cardprint/Layout.h"
-
 #include <gtest/gtest.h>
 
 #include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "apps/cardprint/Layout.h"
 
 namespace cardpanels::cardprint {
 namespace {

@@ -1,15 +1,13 @@
 // The dialog of the GTK that this is compiled for, with its printer to a file: it needs no server.
-#include "apps/gtk-module/UnixPrintDialog.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "apps/gtk-module/UnixPrintDialog.h"
 #include "apps/gtk-module/Widgets.h"
 #if GTK_CHECK_VERSION(4, 0, 0)
 #include "tests/ports/gtk4/VirtualDisplay.h"
@@ -46,10 +44,9 @@ class UnixPrintDialogTest : public testing::Test {
     dialog_ = gtk_print_unix_dialog_new("Print", nullptr);
     auto* const dialog = GTK_PRINT_UNIX_DIALOG(dialog_);
     gtk_print_unix_dialog_set_manual_capabilities(
-        dialog,
-        static_cast<GtkPrintCapabilities>(GTK_PRINT_CAPABILITY_GENERATE_PDF |
-                                          GTK_PRINT_CAPABILITY_COPIES |
-                                          GTK_PRINT_CAPABILITY_PREVIEW));
+        dialog, static_cast<GtkPrintCapabilities>(GTK_PRINT_CAPABILITY_GENERATE_PDF |
+                                                  GTK_PRINT_CAPABILITY_COPIES |
+                                                  GTK_PRINT_CAPABILITY_PREVIEW));
     gtk_print_unix_dialog_set_embed_page_setup(dialog, TRUE);
     GtkPrintSettings* const settings = gtk_print_settings_new();
     gtk_print_settings_set_printer(settings, "Print to File");
@@ -69,7 +66,7 @@ class UnixPrintDialogTest : public testing::Test {
     test::handleEvents();
   }
 
-  PagelessDialog ours() { return PagelessDialog(GTK_PRINT_UNIX_DIALOG(dialog_)); }
+  GtkPrintUnixDialog* native() { return GTK_PRINT_UNIX_DIALOG(dialog_); }
 
   GtkWidget* named(const char* name) {
     GtkWidget* found = nullptr;
@@ -95,7 +92,7 @@ class UnixPrintDialogTest : public testing::Test {
 };
 
 TEST_F(UnixPrintDialogTest, CopiesAreThoseOfTheDialog) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   EXPECT_EQ(dialog.copies(), "1");
   dialog.setCopies("3");
   EXPECT_EQ(dialog.copies(), "3");
@@ -103,7 +100,7 @@ TEST_F(UnixPrintDialogTest, CopiesAreThoseOfTheDialog) {
 }
 
 TEST_F(UnixPrintDialogTest, ThePageSizeIsChosenByItsKeyword) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   for (const char* size : {"A5", "A4", "Letter"}) {
     dialog.setPageSize(size);
     test::handleEvents();
@@ -115,7 +112,7 @@ TEST_F(UnixPrintDialogTest, ThePageSizeIsChosenByItsKeyword) {
 }
 
 TEST_F(UnixPrintDialogTest, ChangesAreToldOnceLater) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   dialog.setCopies("2");
   test::handleEvents();
   int changes = 0;
@@ -129,18 +126,18 @@ TEST_F(UnixPrintDialogTest, ChangesAreToldOnceLater) {
 }
 
 TEST_F(UnixPrintDialogTest, WhatIsGivenToTheDialogIsAnOptionOfIt) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   EXPECT_THAT(dialog.options(), IsEmpty());
   int changes = 0;
   dialog.setChanged([&changes] { ++changes; });
   dialog.addOptions({{"frontRibbon", "YMCK"}, {"cardLaminate", "Back"}});
   dialog.addOptions({{"frontRibbon", "None"}});
-  EXPECT_THAT(dialog.options(),
-              ElementsAre(host::Option{"frontRibbon", "YMCK"}, host::Option{"cardLaminate", "Back"}));
+  EXPECT_THAT(dialog.options(), ElementsAre(host::Option{"frontRibbon", "YMCK"},
+                                            host::Option{"cardLaminate", "Back"}));
   dialog.set({"cardLaminate", "Front"});
   dialog.set({"cardThickness", "30"});
-  EXPECT_THAT(dialog.options(),
-              ElementsAre(host::Option{"frontRibbon", "YMCK"}, host::Option{"cardLaminate", "Front"}));
+  EXPECT_THAT(dialog.options(), ElementsAre(host::Option{"frontRibbon", "YMCK"},
+                                            host::Option{"cardLaminate", "Front"}));
   test::handleEvents();
   EXPECT_EQ(changes, 1);
   dialog.set({"frontRibbon", "gtk-ignore-value"});
@@ -148,7 +145,7 @@ TEST_F(UnixPrintDialogTest, WhatIsGivenToTheDialogIsAnOptionOfIt) {
 }
 
 TEST_F(UnixPrintDialogTest, NothingIsPrintedWhileSomethingIsWrong) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   ASSERT_TRUE(canPrint());
   ASSERT_TRUE(canPreview());
   dialog.showStatus({.wrong = "A field is no measurement.", .pressing = {}, .printer = {}});
@@ -166,7 +163,7 @@ TEST_F(UnixPrintDialogTest, NothingIsPrintedWhileSomethingIsWrong) {
 }
 
 TEST_F(UnixPrintDialogTest, WhatGTKKeepsBackStaysKeptBack) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   gtk_widget_set_sensitive(button(GTK_RESPONSE_APPLY), FALSE);
   dialog.showStatus({.wrong = "A field is no measurement.", .pressing = {}, .printer = {}});
   dialog.showStatus({});
@@ -175,7 +172,7 @@ TEST_F(UnixPrintDialogTest, WhatGTKKeepsBackStaysKeptBack) {
 }
 
 TEST_F(UnixPrintDialogTest, AConflictThatIsNoneIsNotShown) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   GtkWidget* const sign = named("conflicts_widget");
   const auto isShown = [sign] { return gtk_widget_get_visible(sign) != FALSE; };
   const auto isGone = [isShown] { return !isShown(); };
@@ -194,7 +191,7 @@ TEST_F(UnixPrintDialogTest, AConflictThatIsNoneIsNotShown) {
 }
 
 TEST_F(UnixPrintDialogTest, AConflictThatIsResolvedGoesSlowlyAndHoldsNothing) {
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   bool isDenied = false;
   dialog.setConflictDenied([&isDenied] { return isDenied; });
   GtkWidget* const sign = named("conflicts_widget");
@@ -202,8 +199,7 @@ TEST_F(UnixPrintDialogTest, AConflictThatIsResolvedGoesSlowlyAndHoldsNothing) {
   letItMove();
   isDenied = true;
   gtk_widget_set_visible(sign, FALSE);
-  EXPECT_TRUE(
-      test::handleEventsUntil([sign] { return gtk_widget_get_visible(sign) == FALSE; }));
+  EXPECT_TRUE(test::handleEventsUntil([sign] { return gtk_widget_get_visible(sign) == FALSE; }));
 }
 
 #if !GTK_CHECK_VERSION(4, 0, 0)
@@ -212,7 +208,7 @@ TEST_F(UnixPrintDialogTest, ADialogWithOtherNamesForItsPartsIsLeftAlone) {
   for (const char* name : {"conflicts_widget", "paper_size_combo", "copies_spin"}) {
     gtk_buildable_set_name(GTK_BUILDABLE(named(name)), "renamed");
   }
-  PagelessDialog dialog = ours();
+  PagelessDialog dialog(native());
   const std::string size = dialog.pageSize();
   dialog.setPageSize("A5");
   dialog.setCopies("3");

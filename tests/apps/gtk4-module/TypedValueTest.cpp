@@ -1,5 +1,3 @@
-#include "apps/gtk-module/TypedValue.h"
-
 #include <gtest/gtest.h>
 #include <gtkmm/box.h>
 #include <gtkmm/dropdown.h>
@@ -10,6 +8,8 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "apps/gtk-module/TypedValue.h"
 
 namespace cardpanels::gtkmodule {
 namespace {

@@ -1,11 +1,11 @@
-#include "apps/gtk-module/WatchedDialogs.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "apps/gtk-module/WatchedDialogs.h"
 
 namespace cardpanels::gtkmodule {
 namespace {
@@ -34,8 +34,7 @@ TEST_F(LogOfTheProgram, HasTheErrorsOfWhatThePageDoesOnALine) {
   shielded([] { throw host::Error("card.ppd:3: one\ntwo"); });
   shielded([] { throw std::runtime_error("three"); });
   shielded([] {});
-  EXPECT_THAT(lines_,
-              ElementsAre("cardpanels: card.ppd:3: one\\ntwo", "cardpanels: three"));
+  EXPECT_THAT(lines_, ElementsAre("cardpanels: card.ppd:3: one\\ntwo", "cardpanels: three"));
 }
 
 /// What becomes of an exception in a handler of the program's.

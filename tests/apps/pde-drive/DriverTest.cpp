@@ -52,9 +52,9 @@ TEST_F(Driver, NamesWhatIsWrongWithACommand) {
 }
 
 TEST_F(Driver, TakesNoWordTooMany) {
-  for (const char* each : {"panelName", "panelKind", "supportedPPDOptionKeys", "willShow",
-                           "shouldHide", "shouldPrint", "shouldShowHelp", "updateMarkedSelections",
-                           "updateUI", "initializeUI", "summaryInfo"}) {
+  for (const char* each :
+       {"panelName", "panelKind", "supportedPPDOptionKeys", "willShow", "shouldHide", "shouldPrint",
+        "shouldShowHelp", "updateMarkedSelections", "updateUI", "initializeUI", "summaryInfo"}) {
     EXPECT_EQ(result("laminate " + std::string(each) + " more"), "takes 0 arguments, not 1");
   }
   for (const char* each : {"restoreValuesAndReturnError", "saveValuesAndReturnError"}) {

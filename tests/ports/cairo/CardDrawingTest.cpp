@@ -362,8 +362,7 @@ TEST(CardDrawing, AnAreaToExcludeIsHatched) {
     picture.draw(scene, plainStyle());
     const PictureBox box = boxOfArea(picture);
     const double y = box.top + 0.8 * box.height;
-    const int lines =
-        picture.linesBetween({box.left + 4, y}, {box.right() - 4, y}, kWhite);
+    const int lines = picture.linesBetween({box.left + 4, y}, {box.right() - 4, y}, kWhite);
     EXPECT_NEAR(lines, box.width / (kLine / 2), 2) << isWrong;
     const double above = box.top - 8;
     EXPECT_EQ(picture.linesBetween({box.left, above}, {box.right() - 40, above}, kWhite), 0);

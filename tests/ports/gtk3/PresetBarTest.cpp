@@ -1,5 +1,3 @@
-#include "ports/gtk3/PresetBar.h"
-
 #include <gtest/gtest.h>
 #include <gtkmm/button.h>
 #include <gtkmm/combobox.h>
@@ -11,6 +9,7 @@
 #include <string>
 
 #include "ports/gtk3/NameDialog.h"
+#include "ports/gtk3/PresetBar.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
 

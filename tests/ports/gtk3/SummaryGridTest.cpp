@@ -1,5 +1,3 @@
-#include "ports/gtk3/SummaryGrid.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <gtkmm/label.h>
@@ -8,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "ports/gtk3/SummaryGrid.h"
 #include "tests/ports/gtk3/VirtualDisplay.h"
 #include "tests/ports/gtk3/Widgets.h"
 
@@ -36,9 +35,7 @@ class SummaryGridTest : public testing::Test {
     return all;
   }
 
-  Place placeOf(const std::string& text) {
-    return test::placeOf(test::labelled(grid_, text));
-  }
+  Place placeOf(const std::string& text) { return test::placeOf(test::labelled(grid_, text)); }
 
   Gtk::Window window_;
   SummaryGrid grid_;
@@ -46,9 +43,12 @@ class SummaryGridTest : public testing::Test {
 
 TEST_F(SummaryGridTest, AnEntryMayHaveATitleAValueOrARemarkAlone) {
   show({{"Laminate",
-          {{.title = "Title"}, {.value = "Value"}, {.remark = "Remark"}, {"Both", "Too", false, "More"}}}});
-  EXPECT_THAT(texts(), ElementsAre("Laminate", "Title", "", "", "Value", "Remark", "Both", "Too",
-                                   "More"));
+         {{.title = "Title"},
+          {.value = "Value"},
+          {.remark = "Remark"},
+          {"Both", "Too", false, "More"}}}});
+  EXPECT_THAT(texts(),
+              ElementsAre("Laminate", "Title", "", "", "Value", "Remark", "Both", "Too", "More"));
 }
 
 TEST_F(SummaryGridTest, AGroupWithoutEntriesIsLeftOut) {

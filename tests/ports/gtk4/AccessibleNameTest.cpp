@@ -1,9 +1,9 @@
-#include "ports/gtk4/AccessibleName.h"
-
 #include <gtest/gtest.h>
 #include <gtkmm/box.h>
 #include <gtkmm/dropdown.h>
 #include <gtkmm/togglebutton.h>
+
+#include "ports/gtk4/AccessibleName.h"
 
 namespace cardpanels::gtk4 {
 namespace {

@@ -1,5 +1,3 @@
-#include "ports/gtk4/PageKeys.h"
-
 #include <gdk/gdkkeysyms.h>
 #include <gtest/gtest.h>
 #include <gtkmm/box.h>
@@ -9,6 +7,7 @@
 
 #include <string>
 
+#include "ports/gtk4/PageKeys.h"
 #include "tests/ports/gtk4/VirtualDisplay.h"
 
 namespace cardpanels::gtk4 {
