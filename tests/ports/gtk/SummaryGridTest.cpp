@@ -1,18 +1,31 @@
+// The grid of the port to the GTK that this is compiled for.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <gtk/gtk.h>
 #include <gtkmm/label.h>
 #include <gtkmm/window.h>
 
 #include <string>
 #include <vector>
 
+#if GTK_CHECK_VERSION(4, 0, 0)
 #include "ports/gtk4/SummaryGrid.h"
 #include "tests/ports/gtk4/VirtualDisplay.h"
 #include "tests/ports/gtk4/Widgets.h"
+#else
+#include "ports/gtk3/SummaryGrid.h"
+#include "tests/ports/gtk3/VirtualDisplay.h"
+#include "tests/ports/gtk3/Widgets.h"
+#endif
 
-namespace cardpanels::gtk4 {
+namespace cardpanels::gtk {
 namespace {
 
+#if GTK_CHECK_VERSION(4, 0, 0)
+namespace port = gtk4;
+#else
+namespace port = gtk3;
+#endif
 using test::across;
 using test::down;
 using test::Place;
@@ -22,8 +35,13 @@ class SummaryGridTest : public testing::Test {
  protected:
   void show(const dialog::Summary& summary) {
     grid_.display(summary);
+#if GTK_CHECK_VERSION(4, 0, 0)
     window_.set_child(grid_);
     window_.set_visible();
+#else
+    window_.add(grid_);
+    window_.show_all();
+#endif
     ASSERT_TRUE(test::handleEventsUntil([this] { return grid_.get_mapped(); }));
   }
 
@@ -38,7 +56,7 @@ class SummaryGridTest : public testing::Test {
   Place placeOf(const std::string& text) { return test::placeOf(test::labelled(grid_, text)); }
 
   Gtk::Window window_;
-  SummaryGrid grid_;
+  port::SummaryGrid grid_;
 };
 
 TEST_F(SummaryGridTest, AnEntryMayHaveATitleAValueOrARemarkAlone) {
@@ -74,4 +92,4 @@ TEST_F(SummaryGridTest, EntriesStandBelowTheirHeadingInColumns) {
 }
 
 }  // namespace
-}  // namespace cardpanels::gtk4
+}  // namespace cardpanels::gtk
