@@ -61,15 +61,20 @@ class Keyboard:
             self._told = user.role_name(node), node.get_name()
 
     def _id(self):
+        """The window on the screen, which may come, or get its size, after accessibility tells."""
+        name = self._window.get_name()
+        return user.wait_for(self._id_now, lambda: f"{name!r} is not on the screen", limit=10)
+
+    def _id_now(self):
         place = self._window.get_component_iface().get_extents(user.Atspi.CoordType.SCREEN)
-        pid = str(self._window.get_process_id())
-        for each in self._run("search", "--onlyvisible", "--pid", pid).split():
-            geometry = self._run("getwindowgeometry", "--shell", each)
+        command = ["search", "--onlyvisible", "--pid", str(self._window.get_process_id())]
+        for each in self._run(*command, check=False).split():
+            geometry = self._run("getwindowgeometry", "--shell", each, check=False)
             if f"WIDTH={place.width}\n" in geometry and f"HEIGHT={place.height}\n" in geometry:
                 return each
-        raise user.NotSeen(f"{self._window.get_name()!r} is not on the screen")
+        return None
 
-    def _run(self, *command):
+    def _run(self, *command, check=True):
         command = ["xdotool", *command]
-        done = subprocess.run(command, env=self._env, check=True, capture_output=True, text=True)
+        done = subprocess.run(command, env=self._env, check=check, capture_output=True, text=True)
         return done.stdout

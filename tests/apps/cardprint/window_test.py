@@ -245,18 +245,22 @@ class WindowTestCase(unittest.TestCase):
         program = self.start("-d", "card")
         self.press(program, "Choose File…")
         program.find("push button", "Add")
-        keyboard = Keyboard(self.desktop, self.window(program, "Add Files"))
+        chooser = self.window(program, "Add Files")
+        keyboard = Keyboard(self.desktop, chooser)
         keyboard.press("ctrl+l")
+        place = user.find(chooser, "text")
         keyboard.type(path)
+        user.wait_for(lambda: user.text_of(place) == path, lambda: user.text_of(place))
 
         def is_added():
-            """The chooser takes no Return while it reads the folder."""
+            """The chooser adds nothing while it reads the folder; Return would print once it went."""
             listed = user.showing(program.find("table", "Files"), "table cell")
-            if not listed:
-                keyboard.press("Return")
+            add = None if listed else user.find_now(chooser, "push button", "Add")
+            if add is not None:
+                add.get_action_iface().do_action(0)
             return listed
 
-        user.wait_for(is_added, "the file is not in the list")
+        user.wait_for(is_added, lambda: f"the file is not in the list:\n{user.outline(chooser)}")
         self.press(program, "Print")
         status, out, err = program.finish()
         self.assertEqual((status, out.splitlines()[-1]), (0, "request id is card-1 (1 file(s))"), err)
