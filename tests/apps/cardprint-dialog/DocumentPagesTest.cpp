@@ -21,8 +21,9 @@ struct Page {
   std::string rectangle;
 };
 
-/// A PDF of these pages. Readers find what the table of contents lacks.
-std::string pdf(const std::vector<Page>& pages) {
+/// A PDF of these pages. Readers find what the table of contents lacks. `more` goes into its
+/// trailer.
+std::string pdf(const std::vector<Page>& pages, const std::string& more = "") {
   std::string kids;
   std::string objects;
   int number = 3;
@@ -38,7 +39,7 @@ std::string pdf(const std::vector<Page>& pages) {
   }
   return "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n2 0 obj<</Type/Pages/Kids[" + kids +
          "]/Count " + std::to_string(pages.size()) + ">>endobj\n" + objects +
-         "trailer<</Root 1 0 R>>\n%%EOF\n";
+         "trailer<</Root 1 0 R" + more + ">>\n%%EOF\n";
 }
 
 /// An image with a red rectangle in its bottom left corner, 4/10 wide and 2/10 high.
@@ -130,6 +131,11 @@ TEST_F(DocumentPages, ThatCannotBeReadAreBlankWithAWordWhy) {
   EXPECT_EQ(front("Some text.").why,
             "The document cannot be shown: it is neither PDF nor an image");
   EXPECT_EQ(front("%PDF-1.4\nnothing").why, "The document cannot be shown: it is damaged");
+  const std::string key = "(" + std::string(32, 'x') + ")";
+  const std::string locked =
+      "/ID[(1)(1)]/Encrypt<</Filter/Standard/V 1/R 2/P -4/O" + key + "/U" + key + ">>";
+  EXPECT_EQ(front(pdf({{200, 100, "0 0 9 9"}}, locked)).why,
+            "The document cannot be shown: it needs a password");
   EXPECT_EQ(front("Some text.").surface, nullptr);
 }
 

@@ -6,6 +6,7 @@
 #include <gtkmm/window.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #if GTK_CHECK_VERSION(4, 0, 0)
@@ -53,6 +54,13 @@ class SummaryGridTest : public testing::Test {
     return all;
   }
 
+  /// Where the text starts inside its label; in GTK 3, inside the window.
+  std::pair<int, int> textOf(const std::string& text) {
+    std::pair<int, int> offsets;
+    test::labelled(grid_, text).get_layout_offsets(offsets.first, offsets.second);
+    return offsets;
+  }
+
   Place placeOf(const std::string& text) { return test::placeOf(test::labelled(grid_, text)); }
 
   Gtk::Window window_;
@@ -89,6 +97,13 @@ TEST_F(SummaryGridTest, EntriesStandBelowTheirHeadingInColumns) {
   EXPECT_EQ(placeOf("Small").left, placeOf("Back").left);
   EXPECT_EQ(down(placeOf("Size"), placeOf("Ribbon")), 12 + 6);
   EXPECT_EQ(placeOf("Ribbon").left, heading.left);
+}
+
+TEST_F(SummaryGridTest, TextsStartAtTheTopLeftOfTheirCells) {
+  show({{"Laminate", {{"Thermal Laminate", "Back"}, {"Size", "Small\nOr large"}}}});
+  EXPECT_EQ(textOf("Size").first, textOf("Thermal Laminate").first);
+  EXPECT_EQ(textOf("Back").first, textOf("Small\nOr large").first);
+  EXPECT_EQ(textOf("Size").second, textOf("Small\nOr large").second);
 }
 
 }  // namespace
