@@ -150,6 +150,14 @@ TEST_F(CardPictures, EscapeGivesADragUp) {
   EXPECT_THAT(shown(), ElementsAre("12.00mm", "5mm", "25mm", "8mm"));
 }
 
+TEST_F(CardPictures, EscapeChoosesNothingThenIsTheWindows) {
+  fields->type(kInclude1, {"12mm", "5mm", "25mm", "8mm"});
+  picture->choose(kInclude1);
+  EXPECT_TRUE(picture->press(PictureKey::release));
+  EXPECT_EQ(picture->chosen(), "");
+  EXPECT_FALSE(picture->press(PictureKey::release));
+}
+
 TEST_F(CardPictures, ArrowsChooseAnAreaAndMoveIt) {
   fields->type(kInclude1, {"12mm", "5mm", "25mm", "8mm"});
   EXPECT_TRUE(picture->press(PictureKey::right));
