@@ -5,9 +5,12 @@
 #include <gtkmm/notebook.h>
 #include <gtkmm/window.h>
 
+#include <cmath>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
+#include "dialog/PictureText.h"
 #include "host/JobOptions.h"
 #include "host/PPDFile.h"
 #include "host/PanelHost.h"
@@ -51,6 +54,28 @@ class PictureFrames : public testing::Test {
   std::unique_ptr<CardPage> page_;
 };
 
+/// An area of the picture as assistive technology holds it.
+class Area {
+ public:
+  Area(AtkObject* group, int index) : object_(atk_object_ref_accessible_child(group, index)) {
+    if (object_ == nullptr) throw std::logic_error("the picture has no such area");
+  }
+  Area(const Area&) = delete;
+  Area& operator=(const Area&) = delete;
+  ~Area() { g_object_unref(object_); }
+
+  AtkObject* get() const { return object_; }
+  bool has(AtkStateType state) const {
+    AtkStateSet* const states = atk_object_ref_state_set(object_);
+    const bool does = atk_state_set_contains_state(states, state) != FALSE;
+    g_object_unref(states);
+    return does;
+  }
+
+ private:
+  AtkObject* object_;
+};
+
 TEST_F(PictureFrames, ShowThePictureWhereThereIsSomethingToShow) {
   EXPECT_EQ(pictures().size(), 1U);
   panels_.change("frontResin", "WholeCard");
@@ -78,15 +103,82 @@ TEST_F(PictureFrames, LetWhatAssistiveTechnologyHoldsOutliveThem) {
   auto* const picture = pictures().front();
   picture->picture().press(dialog::PictureKey::create);
   AtkObject* const group = gtk_widget_get_accessible(GTK_WIDGET(picture->gobj()));
-  AtkObject* const area = atk_object_ref_accessible_child(group, 0);
-  ASSERT_NE(area, nullptr);
-  EXPECT_EQ(atk_object_get_parent(area), group);
+  const Area area(group, 0);
+  EXPECT_EQ(atk_object_get_parent(area.get()), group);
   page_.reset();
-  AtkStateSet* const states = atk_object_ref_state_set(area);
-  EXPECT_TRUE(atk_state_set_contains_state(states, ATK_STATE_DEFUNCT));
-  EXPECT_FALSE(atk_action_do_action(ATK_ACTION(area), 0));
-  g_object_unref(states);
-  g_object_unref(area);
+  EXPECT_TRUE(area.has(ATK_STATE_DEFUNCT));
+  EXPECT_FALSE(atk_action_do_action(ATK_ACTION(area.get()), 0));
+}
+
+TEST_F(PictureFrames, TellAssistiveTechnologyOfEachArea) {
+  auto* const view = pictures().front();
+  view->picture().press(dialog::PictureKey::create);
+  view->picture().press(dialog::PictureKey::create);
+  AtkObject* const group = gtk_widget_get_accessible(GTK_WIDGET(view->gobj()));
+  EXPECT_EQ(atk_object_get_n_accessible_children(group), 2);
+  for (const int outside : {-1, 2}) {
+    EXPECT_EQ(atk_object_ref_accessible_child(group, outside), nullptr) << outside;
+  }
+  for (const int index : {0, 1}) {
+    const Area area(group, index);
+    EXPECT_EQ(atk_object_get_index_in_parent(area.get()), index);
+    EXPECT_EQ(atk_object_get_role(area.get()), ATK_ROLE_ICON);
+    const dialog::CardShape& shape = view->picture().scene().shapes.at(std::size_t(index));
+    EXPECT_EQ(atk_object_get_name(area.get()),
+              dialog::shapeInWords(view->picture().scene(), shape));
+    EXPECT_EQ(area.has(ATK_STATE_SELECTED), index == 1) << "the one that was made last";
+    for (const auto state : {ATK_STATE_SHOWING, ATK_STATE_FOCUSABLE, ATK_STATE_ENABLED}) {
+      EXPECT_TRUE(area.has(state)) << state;
+    }
+    EXPECT_FALSE(area.has(ATK_STATE_DEFUNCT));
+  }
+}
+
+TEST_F(PictureFrames, TellWhereOnTheScreenAnAreaIs) {
+  auto* const view = pictures().front();
+  view->picture().press(dialog::PictureKey::create);
+  AtkObject* const group = gtk_widget_get_accessible(GTK_WIDGET(view->gobj()));
+  const Area area(group, 0);
+  const dialog::PictureBox box =
+      view->picture().layout().boxOf(view->picture().scene().shapes.at(0).place);
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  atk_component_get_extents(ATK_COMPONENT(group), &left, &top, &width, &height, ATK_XY_SCREEN);
+  int x = -1;
+  int y = -1;
+  atk_component_get_extents(ATK_COMPONENT(area.get()), &x, &y, &width, &height, ATK_XY_SCREEN);
+  EXPECT_EQ(x - left, static_cast<int>(box.left));
+  EXPECT_EQ(y - top, static_cast<int>(box.top));
+  EXPECT_EQ(width, static_cast<int>(std::ceil(box.width)));
+  EXPECT_EQ(height, static_cast<int>(std::ceil(box.height)));
+}
+
+TEST_F(PictureFrames, LetAssistiveTechnologyEditAndClearAnArea) {
+  auto* const view = pictures().front();
+  view->picture().press(dialog::PictureKey::create);
+  view->picture().press(dialog::PictureKey::create);
+  AtkObject* const group = gtk_widget_get_accessible(GTK_WIDGET(view->gobj()));
+  const Area area(group, 0);
+  auto* const action = ATK_ACTION(area.get());
+  ASSERT_EQ(atk_action_get_n_actions(action), 2);
+  EXPECT_STREQ(atk_action_get_name(action, 0), "edit");
+  EXPECT_STREQ(atk_action_get_localized_name(action, 0), "Go to its fields");
+  EXPECT_STREQ(atk_action_get_name(action, 1), "clear");
+  EXPECT_STREQ(atk_action_get_localized_name(action, 1), "Clear the area");
+  for (const int outside : {-1, 2}) {
+    EXPECT_EQ(atk_action_get_name(action, outside), nullptr);
+    EXPECT_EQ(atk_action_get_localized_name(action, outside), nullptr);
+    EXPECT_FALSE(atk_action_do_action(action, outside));
+  }
+  EXPECT_TRUE(atk_component_grab_focus(ATK_COMPONENT(area.get())));
+  EXPECT_TRUE(area.has(ATK_STATE_SELECTED));
+  EXPECT_TRUE(atk_action_do_action(action, 1));
+  EXPECT_EQ(atk_object_get_n_accessible_children(group), 1);
+  EXPECT_TRUE(area.has(ATK_STATE_DEFUNCT));
+  EXPECT_EQ(atk_object_get_index_in_parent(area.get()), -1);
+  EXPECT_FALSE(atk_component_grab_focus(ATK_COMPONENT(area.get())));
 }
 
 TEST_F(PictureFrames, LeaveKeysToOthersWhereTheyMeanSomethingElse) {
