@@ -5,6 +5,7 @@
 
 #include "dialog/DialogSession.h"
 #include "host/CardKeys.h"
+#include "ports/headless/Controls.h"
 #include "ports/headless/HeadlessBundle.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/FakePageView.h"
@@ -172,6 +173,27 @@ TEST_F(Sessions, AnotherPrinterEndsTheReading) {
   session.selectPrinter("");
   EXPECT_TRUE(reading.expired());
   EXPECT_EQ(dialog.text, "");
+}
+
+TEST_F(Sessions, AnotherPrinterGetsNothingOfWhatWasTyped) {
+  dialog.values = {{"frontResin", "DefinedAreas"}, {"frontResinInclude1", "Default"}};
+  session.selectPrinter("card");
+  done({.ppd = host::openPPD(test::duplexPPD())});
+  const auto& panels = dialog.panels->panels();
+  const auto resin = std::find_if(panels.begin(), panels.end(), [this](const auto& panel) {
+    const auto& keys = dialog.panels->keys(panel);
+    return std::find(keys.begin(), keys.end(), "frontResinInclude1") != keys.end();
+  });
+  ASSERT_NE(resin, panels.end());
+  dialog.page->select(std::size_t(resin - panels.begin()));
+  dialog.page->appear();
+  auto& owner = dynamic_cast<platform::NibOwner&>(**resin);
+  for (const char* column : {"X", "Y", "Width", "Height"}) {
+    const auto field = owner.outletNamed(std::string("frontResinIncludeField1_") + column);
+    dynamic_cast<headless::TextField&>(*field->view(owner)).userTypes("1in");
+  }
+  session.selectPrinter("");
+  EXPECT_EQ(dialog.value("frontResinInclude1"), "Default");
 }
 
 TEST_F(Sessions, AQueueThatCannotBeReadIsTold) {

@@ -171,6 +171,7 @@ TEST(CardGeometry, ReadsTheDefaultResolution) {
 TEST(CardGeometry, SaysThatAResolutionIsOnlyAGuess) {
   for (const char* lines : {"", "*DefaultResolution: fine\n", "*DefaultResolution: 0dpi\n",
                             "*DefaultResolution: 300\n", "*DefaultResolution: 300x\n",
+                            "*DefaultResolution: 300xdpi\n", "*DefaultResolution: x300dpi\n",
                             "*DefaultResolution: -300dpi\n", "*DefaultResolution: 300dpi2\n"}) {
     const CardGeometry card = cardGeometry(jobWith(lines));
     EXPECT_FALSE(card.hasResolution) << lines;
