@@ -108,6 +108,19 @@ TEST(Choices, OnlyWhatWasChosenIsNamedAsInTheWay) {
             "“Peel-Off Front” cannot be “Full” while “Ultraviolet” is “On”.");
 }
 
+// Here the conflict with an earlier choice takes the place of another one, so that there are no
+// more.
+TEST(Choices, WhatIsChangedForOneGoesWithTheOthers) {
+  JobOptions job = jobOf(conflictPPD(
+      "*cupsUIResolver a: \"*ribbon Gold *peelOff None\"\n"
+      "*cupsUIConstraints a: \"*uv On *ribbon Mono\"\n" +
+      exclusive("peelOff Full", "ribbon Gold") + exclusive("ribbon Mono", "Collate True")));
+  job.mark("ribbon", "Mono");
+  job.mark("Collate", "True");
+  EXPECT_EQ(refusalOf(job, {{"peelOff", "Full"}, {"uv", "On"}}),
+            "“Peel-Off Front” cannot be “Full” while “Ribbon” is “Gold”.");
+}
+
 TEST(Choices, AValueOfAnotherOptionIsNotLostForThem) {
   JobOptions job = jobOf(conflictPPD("*UIConstraints: *peelOff Full *Customarea True\n"));
   job.mark("area", "1in 1in 2in 2in");

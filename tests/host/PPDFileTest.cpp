@@ -308,6 +308,14 @@ TEST_F(OpenPPD, APageSizeThatStandsInAGroupTooIsToldWithBothLines) {
               MatchesRegex("[0-9]+: The option PageSize stands in line 16 already."));
 }
 
+// libcups makes the option of page sizes that stand outside one.
+TEST_F(OpenPPD, APageSizeThatIsOpenedOnceAndThereTwiceIsTold) {
+  EXPECT_EQ(errorOf("*PPD-Adobe: \"4.3\"\n*PageSize A/A: \"\"\n*OpenGroup: Card/Card\n"
+                    "*OpenUI *PageSize/S: PickOne\n*PageSize B/B: \"\"\n*CloseUI: *PageSize\n"
+                    "*CloseGroup: Card\n"),
+            "4: The option PageSize stands there twice.");
+}
+
 TEST_F(OpenPPD, AnOptionThatIsOpenedAgainInItsGroupOpens) {
   const std::string option = "*OpenUI *X/X: PickOne\n*X A/A: \"\"\n*CloseUI: *X\n";
   EXPECT_EQ(errorOf(ppd() + option + option), "opened");
