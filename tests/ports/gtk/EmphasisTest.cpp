@@ -1,11 +1,27 @@
+// The emphasis of the port to the GTK that this is compiled for.
 #include <gtest/gtest.h>
 #include <gtkmm/box.h>
 
+#if GTK_CHECK_VERSION(4, 0, 0)
 #include "ports/gtk4/Emphasis.h"
 #include "ports/gtk4/WindowWidth.h"
+#else
+#include "ports/gtk3/Emphasis.h"
+#include "ports/gtk3/WindowWidth.h"
+#endif
 
-namespace cardpanels::gtk4 {
+namespace cardpanels::gtk {
 namespace {
+
+#if GTK_CHECK_VERSION(4, 0, 0)
+namespace port = gtk4;
+
+int widthOf(Gtk::Widget& widget) { return port::naturalWidth(widget); }
+#else
+namespace port = gtk3;
+
+int widthOf(Gtk::Widget& widget) { return port::widthWithHidden(widget); }
+#endif
 
 bool isBold(Gtk::Label& label) {
   PangoAttrList* const attributes = gtk_label_get_attributes(label.gobj());
@@ -23,7 +39,14 @@ class EmphasisTest : public testing::Test {
   void SetUp() override {
     laminate_.set_name("title-cardLaminate");
     ribbon_.set_name("title-frontRibbon");
-    for (auto* each : {&laminate_, &ribbon_, &text_}) box_.append(*each);
+    for (auto* each : {&laminate_, &ribbon_, &text_}) {
+#if GTK_CHECK_VERSION(4, 0, 0)
+      box_.append(*each);
+#else
+      box_.add(*each);
+      each->show();
+#endif
+    }
   }
 
   Gtk::Label laminate_{"_Laminate", true};
@@ -33,28 +56,28 @@ class EmphasisTest : public testing::Test {
 };
 
 TEST_F(EmphasisTest, IsOnTheCaptionsOfTheseOptionsOnly) {
-  emphasizeCaptions(box_, {"cardLaminate"});
+  port::emphasizeCaptions(box_, {"cardLaminate"});
   EXPECT_TRUE(isBold(laminate_));
   EXPECT_FALSE(isBold(ribbon_));
   EXPECT_FALSE(isBold(text_));
 }
 
 TEST_F(EmphasisTest, GoesAgain) {
-  emphasizeAllCaptions(box_);
+  port::emphasizeAllCaptions(box_);
   EXPECT_TRUE(isBold(ribbon_));
   EXPECT_FALSE(isBold(text_));
-  emphasizeCaptions(box_, {"cardLaminate"});
+  port::emphasizeCaptions(box_, {"cardLaminate"});
   EXPECT_TRUE(isBold(laminate_));
   EXPECT_FALSE(isBold(ribbon_));
 }
 
 TEST_F(EmphasisTest, TakesItsRoomAlongWhenItGoes) {
-  const int plain = naturalWidth(box_);
-  emphasizeAllCaptions(box_);
-  EXPECT_GT(naturalWidth(box_), plain);
-  emphasizeCaptions(box_, {});
-  EXPECT_EQ(naturalWidth(box_), plain);
+  const int plain = widthOf(box_);
+  port::emphasizeAllCaptions(box_);
+  EXPECT_GT(widthOf(box_), plain);
+  port::emphasizeCaptions(box_, {});
+  EXPECT_EQ(widthOf(box_), plain);
 }
 
 }  // namespace
-}  // namespace cardpanels::gtk4
+}  // namespace cardpanels::gtk
