@@ -424,6 +424,20 @@ TEST(CardDrawing, TheChosenAreaHasHandlesAroundIt) {
   }
 }
 
+TEST(CardDrawing, TheChosenAreaHasABroaderEdge) {
+  CardStyle style = plainStyle();
+  for (const bool isChosen : {false, true}) {
+    style.chosen = isChosen ? "one" : "two";
+    Picture picture;
+    picture.draw(oneArea(), style);
+    const PictureBox box = boxOfArea(picture);
+    const double y = std::round(box.top + box.height / 4);
+    EXPECT_EQ(picture.at({box.left - 1, y}), kBlue);
+    EXPECT_EQ(picture.at({box.left - 2, y}), isChosen ? kBlue : kWhite);
+    EXPECT_EQ(picture.at({box.left - 3, y}), kWhite);
+  }
+}
+
 TEST(CardDrawing, TheFocusIsADashedLineAroundWhatHasIt) {
   CardStyle style = plainStyle();
   const auto dashes = [&style](bool aroundArea) {
