@@ -189,7 +189,7 @@ TEST_F(Sessions, AnotherPrinterGetsNothingOfWhatWasTyped) {
   dialog.page->appear();
   auto& owner = dynamic_cast<platform::NibOwner&>(**resin);
   for (const char* column : {"X", "Y", "Width", "Height"}) {
-    const auto field = owner.outletNamed(std::string("frontResinIncludeField1_") + column);
+    const auto* const field = owner.outletNamed(std::string("frontResinIncludeField1_") + column);
     dynamic_cast<headless::TextField&>(*field->view(owner)).userTypes("1in");
   }
   session.selectPrinter("");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <gtk/gtkunixprint.h>
 #include <unistd.h>
 
 #include "apps/gtk-module/Widgets.h"
