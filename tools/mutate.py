@@ -195,7 +195,12 @@ def passes(*selection):
         done = subprocess.run(
             ["ctest", *options, "-j4", *selection],
             cwd=BUILD,
-            env={"HOME": home, "PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "LANG": "C.UTF-8"},
+            env={
+                "HOME": home,
+                "PATH": "/usr/sbin:/usr/bin:/sbin:/bin",
+                "LANG": "C.UTF-8",
+                "GTEST_FAIL_FAST": "1",
+            },
             stdin=subprocess.DEVNULL,
             capture_output=True,
             text=True,

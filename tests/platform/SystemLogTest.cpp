@@ -51,9 +51,9 @@ extern "C" void syslog(int pri, const char* fmt, ...) {
             std::string("SYSLOG_IDENTIFIER=") + program_invocation_short_name};
 }
 
-extern "C" int access(const char* path, int mode) noexcept {
-  if (std::string_view(path) != "/run/systemd/journal/socket") {
-    return faccessat(AT_FDCWD, path, mode, 0);
+extern "C" int access(const char* name, int type) noexcept {
+  if (std::string_view(name) != "/run/systemd/journal/socket") {
+    return faccessat(AT_FDCWD, name, type, 0);
   }
   return hasJournal ? 0 : -1;
 }
