@@ -142,6 +142,8 @@ TEST_F(AreaWarnings, AnAreaWhollyOffTheCardIsTold) {
   EXPECT_EQ(columnsOf({"5mm", "55mm", "8mm", "8mm"}), Columns{Column::y});
   EXPECT_EQ(columnsOf({"5in", "5in", "8mm", "8mm"}), (Columns{Column::x, Column::y}));
   EXPECT_EQ(sentencesOf({"85.55mm", "5mm", "8mm", "8mm"}), told);
+  EXPECT_EQ(sentencesOf({"90mm", "5mm", "0.3mm", "8mm"}), told) << "a line down";
+  EXPECT_EQ(sentencesOf({"90mm", "5mm", "8mm", "0.3mm"}), told) << "a line across";
 }
 
 TEST_F(AreaWarnings, ATenthOfAMillimeterIsTolerated) {

@@ -12,6 +12,11 @@
 namespace cardpanels::host {
 namespace {
 
+std::ptrdiff_t filesIn(const test::TemporaryFolder& folder) {
+  return std::distance(std::filesystem::directory_iterator(folder.path()),
+                       std::filesystem::directory_iterator());
+}
+
 TEST(SharedFile, OneThatIsNotThereIsEmptyAndAFolderIsTold) {
   const test::TemporaryFolder folder;
   EXPECT_EQ(readFile(folder.path() / "none"), "");
@@ -28,6 +33,7 @@ TEST(SharedFile, WhatSomebodyWritesWhoDoesNotWaitIsReadAgain) {
   });
   EXPECT_EQ(readFile(path), "old\ntheirs\nours\n");
   EXPECT_EQ(calls, 2);
+  EXPECT_EQ(filesIn(folder), 1) << "what was to take its place is gone";
 }
 
 TEST(SharedFile, WhenTheChangeFailsItStaysAsItWas) {
@@ -36,9 +42,7 @@ TEST(SharedFile, WhenTheChangeFailsItStaysAsItWas) {
   const auto fail = [](const std::string&) -> std::string { throw std::runtime_error("no"); };
   EXPECT_THROW(changeFile(path, fail), std::runtime_error);
   EXPECT_EQ(readFile(path), "old\n");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()),
-                          std::filesystem::directory_iterator()),
-            1);
+  EXPECT_EQ(filesIn(folder), 1);
 }
 
 }  // namespace

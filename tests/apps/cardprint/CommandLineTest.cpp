@@ -195,6 +195,12 @@ TEST(Cardprint, HelpNamesEveryOption) {
   }
 }
 
+TEST(Cardprint, HelpHasAnEmptyLineBetweenParagraphs) {
+  const auto finished = cardprint("--help");
+  EXPECT_THAT(finished.output, HasSubstr("prints a picture later:\n\n  eval"));
+  EXPECT_THAT(finished.output, HasSubstr("picture.png\"\n\nWith --each"));
+}
+
 TEST(Cardprint, TellsItsVersion) {
   EXPECT_THAT(cardprint("--version").output, testing::MatchesRegex("cardprint [0-9.]+\n"));
 }

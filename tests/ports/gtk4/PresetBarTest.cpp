@@ -174,7 +174,9 @@ TEST_F(PresetBarTest, ThePartsStandInARowAndTheMenuAtItsEnd) {
   EXPECT_EQ(caption.left - whole.left, 6);
   EXPECT_EQ(across(caption, choice), 6);
   EXPECT_EQ(across(choice, test::placeOf(labelled(bar_, "Modified"))), 6);
-  EXPECT_EQ(whole.right - test::placeOf(*all<Gtk::MenuButton>(bar_).front()).right, 6);
+  Gtk::MenuButton& menu = *all<Gtk::MenuButton>(bar_).front();
+  EXPECT_EQ(whole.right - test::placeOf(menu).right, 6);
+  EXPECT_EQ(menu.get_icon_name(), "open-menu-symbolic");
 }
 
 class NameDialogTest : public testing::Test {
