@@ -46,6 +46,7 @@ class CardPictures : public testing::Test {
             .later = [](const std::function<void()>& task) { task(); },
             .changed =
                 [this] {
+                  ++changes;
                   if (picture) picture->refresh();
                 }});
     picture = std::make_unique<CardPicture>(job, areaSides()[0], *fields);
@@ -83,6 +84,7 @@ class CardPictures : public testing::Test {
   std::unique_ptr<TypedAreas> fields;
   std::unique_ptr<CardPicture> picture;
   int stores = 0;
+  int changes = 0;
 };
 
 TEST_F(CardPictures, ADragInTheOpenMakesTheNextEmptyAreaAndStoresItOnce) {
@@ -114,6 +116,14 @@ TEST_F(CardPictures, FollowWhatIsTypedBeforeItIsStored) {
   field("frontResinIncludeField1_X").userTypes("13m");
   EXPECT_THAT(picture->scene().shapes, IsEmpty());
   EXPECT_EQ(stores, 0);
+}
+
+TEST_F(CardPictures, AreReadAgainWhenAllIsStored) {
+  fields->type(kInclude1, {"12mm", "5mm", "25mm", "8mm"});
+  changes = 0;
+  fields->storeEdits();
+  EXPECT_EQ(stores, 1);
+  EXPECT_EQ(changes, 1);
 }
 
 TEST_F(CardPictures, ADragInsideMovesAndWritesTheUnitOfTheRow) {

@@ -312,6 +312,7 @@ TEST_F(Waiting, APasswordIsAskedForInAWindow) {
       return dynamic_cast<Gtk::Label&>(*labels[i]).get_text();
     };
     EXPECT_NE(text(0).find("card"), std::string::npos) << text(0);
+    EXPECT_TRUE(dynamic_cast<Gtk::Label&>(*labels[0]).get_line_wrap()) << "a name may be long";
     EXPECT_EQ(text(1), "User name");
     EXPECT_EQ(text(2), "Password");
     for (Gtk::Entry* each : {&user, &password}) EXPECT_EQ(each->list_mnemonic_labels().size(), 1U);

@@ -99,6 +99,24 @@ TEST_F(SummaryGridTest, EntriesStandBelowTheirHeadingInColumns) {
   EXPECT_EQ(placeOf("Ribbon").left, heading.left);
 }
 
+TEST_F(SummaryGridTest, AssistiveTechnologyIsToldWhatIsAHeading) {
+  show({{"Laminate", {{"Thermal Laminate", "Back"}}}});
+#if GTK_CHECK_VERSION(4, 0, 0)
+  const auto roleOf = [this](const std::string& text) {
+    return test::labelled(grid_, text).property_accessible_role().get_value();
+  };
+  const auto heading = Gtk::Accessible::Role::HEADING;
+#else
+  const auto roleOf = [this](const std::string& text) {
+    return test::labelled(grid_, text).get_accessible()->get_role();
+  };
+  const auto heading = Atk::ROLE_HEADING;
+#endif
+  EXPECT_EQ(roleOf("Laminate"), heading);
+  EXPECT_NE(roleOf("Thermal Laminate"), heading);
+  EXPECT_NE(roleOf("Back"), heading);
+}
+
 TEST_F(SummaryGridTest, TextsStartAtTheTopLeftOfTheirCells) {
   show({{"Laminate", {{"Thermal Laminate", "Back"}, {"Size", "Small\nOr large"}}}});
   EXPECT_EQ(textOf("Size").first, textOf("Thermal Laminate").first);
