@@ -119,14 +119,14 @@ TEST_F(PresetBarTest, WhatTheChosenOneIsCalledShowsWithItsLock) {
     const auto* const lock = all<Gtk::Image>(*popUp().get_first_child()).front();
     // The first is what a drop-down list shows when nothing is chosen.
     return std::pair(all<Gtk::Label>(*popUp().get_first_child()).back()->get_text().raw(),
-                     lock->get_visible() ? lock->get_icon_name().raw() : "");
+                     lock->get_visible() ? lock->get_icon_name().raw() : "no lock");
   };
-  EXPECT_EQ(shown(), std::pair(std::string("Standard"), std::string()));
+  EXPECT_EQ(shown(), std::pair(std::string("Standard"), std::string("no lock")));
   popUp().set_selected(1);
   EXPECT_EQ(shown(), std::pair(std::string("staff (for everybody)"),
                                std::string("changes-prevent-symbolic")));
   popUp().set_selected(2);
-  EXPECT_EQ(shown(), std::pair(std::string("visitors"), std::string()));
+  EXPECT_EQ(shown(), std::pair(std::string("visitors"), std::string("no lock")));
 }
 
 TEST_F(PresetBarTest, OnlyTheUserChooses) {
