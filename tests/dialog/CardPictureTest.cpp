@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <map>
+
 #include "dialog/CardPicture.h"
 #include "dialog/PictureText.h"
 #include "dialog/TypedAreas.h"
@@ -19,6 +22,8 @@ using testing::IsEmpty;
 
 constexpr double kPointsOfMillimeter = 72 / 25.4;
 constexpr const char* kInclude1 = "frontResinInclude1";
+constexpr const char* kFields = "frontResinIncludeField1_";  // of the first
+constexpr std::array kColumns{"X", "Y", "Width", "Height"};
 constexpr const char* kExclude1 = "frontResinExclude1";
 
 /// The real panel Ribbon and Resin on the sample printer, with the toolkit in memory, and the
@@ -38,9 +43,10 @@ class CardPictures : public testing::Test {
             .store =
                 [this] {
                   ++stores;
-                  panels->storeTyped(panel);
+                  if (refused.empty()) return panels->storeTyped(panel);
+                  for (const char* each : kColumns) field(kFields + std::string(each)).setText("");
                 },
-            .refusals = [this] { return panels->refusals(); },
+            .refusals = [this] { return refused.empty() ? panels->refusals() : refused; },
             .stored =
                 [this](const std::string& key) { return areaTexts(job.marked(key).value_or("")); },
             .later = [](const std::function<void()>& task) { task(); },
@@ -83,6 +89,7 @@ class CardPictures : public testing::Test {
   host::PanelDriver::Panel panel;
   std::unique_ptr<TypedAreas> fields;
   std::unique_ptr<CardPicture> picture;
+  std::map<std::string, std::string> refused;  // in place of what the host refuses
   int stores = 0;
   int changes = 0;
 };
@@ -124,6 +131,20 @@ TEST_F(CardPictures, AreReadAgainWhenAllIsStored) {
   fields->storeEdits();
   EXPECT_EQ(stores, 1);
   EXPECT_EQ(changes, 1);
+}
+
+TEST_F(CardPictures, ARefusedAreaStaysTypedUntilTheStoredOneIsTakenBack) {
+  const AreaTexts typed{"12mm", "5mm", "25mm", "8mm"};
+  fields->type(kInclude1, typed);
+  refused = {{kInclude1, "There is no room."}};
+  fields->storeEdits();
+  EXPECT_EQ(shown(), typed);
+  EXPECT_EQ(fields->refusal(), "There is no room.");
+  job.mark(kInclude1, "1in 2in 3in 4in");
+  refused.clear();
+  fields->takeStoredBack();
+  EXPECT_THAT(shown(), ElementsAre("1in", "2in", "3in", "4in"));
+  EXPECT_EQ(fields->refusal(), "");
 }
 
 TEST_F(CardPictures, ADragInsideMovesAndWritesTheUnitOfTheRow) {

@@ -71,6 +71,23 @@ TEST(OneParameter, ABareNumberIsTakenForTheOnlyParameter) {
             "“Own Value” must be a whole number from 1 to 9, not “12”.");
 }
 
+TEST(OneParameter, TellsWhatAValueMustBe) {
+  const auto told = [](const std::string& type, const std::string& minimum,
+                       const std::string& maximum, const std::string& value) {
+    JobOptions job = jobOf(test::testPPD({}, parameterOption(type, minimum, maximum)));
+    return job.request("Own", "Custom." + value).message;
+  };
+  EXPECT_EQ(told("real", "0.5", "2", "3"), "“Own Value” must be a number from 0.5 to 2, not “3”.");
+  EXPECT_EQ(
+      told("points", "72", "144", "3in"),
+      "“Own Value” must be a length from 72 to 144 points (units: pt, in, ft, cm, mm, m), not "
+      "“3in”.");
+  EXPECT_EQ(told("passcode", "4", "6", "123"), "“Own Value” must have 4 to 6 digits.");
+  EXPECT_EQ(told("password", "4", "6", "abc"), "“Own Value” must have 4 to 6 characters.");
+  EXPECT_EQ(told("string", "2", "4", "abcde"),
+            "“Own Value” must have 2 to 4 bytes of text on one line, not “abcde”.");
+}
+
 TEST(OneParameter, AListedChoiceWinsOverTheSameCustomText) {
   JobOptions job = jobOf(test::testPPD({}, parameterOption("string", "0", "20")));
   EXPECT_TRUE(job.request("Own", "NONE").granted);

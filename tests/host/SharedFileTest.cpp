@@ -1,6 +1,10 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <iterator>
 #include <stdexcept>
@@ -34,6 +38,21 @@ TEST(SharedFile, WhatSomebodyWritesWhoDoesNotWaitIsReadAgain) {
   EXPECT_EQ(readFile(path), "old\ntheirs\nours\n");
   EXPECT_EQ(calls, 2);
   EXPECT_EQ(filesIn(folder), 1) << "what was to take its place is gone";
+}
+
+TEST(SharedFile, OneThatSomebodyKeepsLockedIsGivenUpAndLeft) {
+  const test::TemporaryFolder folder;
+  const std::string path = folder.write("file", "old\n");
+  const int theirs = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  ASSERT_EQ(flock(theirs, LOCK_EX), 0);
+  try {
+    changeFile(path, [](const std::string& content) { return content + "ours\n"; });
+    ADD_FAILURE() << "it was changed";
+  } catch (const std::system_error& error) {
+    EXPECT_EQ(error.code().value(), EBUSY);
+  }
+  close(theirs);
+  EXPECT_EQ(readFile(path), "old\n");
 }
 
 TEST(SharedFile, WhenTheChangeFailsItStaysAsItWas) {
