@@ -36,7 +36,7 @@ TEST(PictureLayout, KeepsACardOfAPixelWhereThereIsNoRoom) {
 
 TEST(PictureLayout, LaysNothingOutWithoutASize) {
   const PictureLayout layout(host::CardGeometry{}, 400, 200, kLine);
-  EXPECT_EQ(layout.card(), PictureBox());
+  EXPECT_EQ(layout.card(), (PictureBox{0, 0, 0, 0}));
   EXPECT_EQ(layout.scale(), 1);
   EXPECT_EQ(PictureLayout::heightFor({}, 400, kLine), 0);
   EXPECT_EQ(PictureLayout::widthFor({}, 200, kLine), 0);
