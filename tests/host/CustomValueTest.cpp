@@ -88,6 +88,16 @@ TEST(OneParameter, TellsWhatAValueMustBe) {
             "“Own Value” must have 2 to 4 bytes of text on one line, not “abcde”.");
 }
 
+TEST(OneParameter, AnOptionWithoutOneTakesNoValueOfOnesOwn) {
+  const PPDFile ppd = opened(test::testPPD({test::laminateOption()}));
+  try {
+    checkedCustomValue(ppd.get(), *ppdFindOption(ppd.get(), "cardLaminate"), "Custom.1in");
+    ADD_FAILURE() << "it took one";
+  } catch (const Error& error) {
+    EXPECT_STREQ(error.what(), "“Card Laminate” takes no value of one's own.");
+  }
+}
+
 TEST(OneParameter, AListedChoiceWinsOverTheSameCustomText) {
   JobOptions job = jobOf(test::testPPD({}, parameterOption("string", "0", "20")));
   EXPECT_TRUE(job.request("Own", "NONE").granted);
