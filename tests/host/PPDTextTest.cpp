@@ -35,7 +35,7 @@ TEST(PPDText, HalfAByteIsNone) {
 }
 
 TEST(PPDText, AValueInQuotesMaySpanLines) {
-  const auto all = statementsOf("*A: \"one\ntwo\"\n*% a remark\n*B: three\n*C/Text\n");
+  const auto all = statementsOf("*A: \"one\ntwo\"\n*% a remark: 6\" wide\n*B: three\n*C/Text\n");
   ASSERT_EQ(all.size(), 4U);
   EXPECT_EQ(all[1].keyword, "A");
   EXPECT_EQ(all[1].value, "\"one\ntwo\"");
