@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "host/CustomValue.h"
+#include "host/Error.h"
 #include "tests/host/TestJob.h"
 
 namespace cardpanels::host {
